@@ -1,0 +1,64 @@
+#include "platform/program_folder.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace tarveth::platform {
+
+namespace {
+
+std::string WithSeparator(std::string folder) {
+    if (folder.empty() || folder.back() != PathSeparator())
+        folder += PathSeparator();
+    return folder;
+}
+
+// Only trying tells: permission bits say nothing of a read-only disk.
+bool CanCreateFileIn(const std::string& folder) {
+    const std::string probe = WithSeparator(folder) + ".tarveth-probe-" + std::to_string(getpid());
+    const int file = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (file < 0)
+        return false;
+    close(file);
+    unlink(probe.c_str());
+    return true;
+}
+
+// Empty when the environment names no absolute folder; a relative one is to be ignored.
+std::string UserDataFolder() {
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && data[0] == '/')
+        return WithSeparator(data) + "tarveth/";
+    const char* home = std::getenv("HOME");
+    if (home != nullptr && home[0] == '/')
+        return WithSeparator(home) + ".local/share/tarveth/";
+    return {};
+}
+
+} // namespace
+
+char PathSeparator() {
+    return '/';
+}
+
+std::string ProgramFolder() {
+    std::error_code error;
+    const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
+    return WithSeparator(error ? "." : executable.parent_path().string());
+}
+
+std::string WritableFolder(const std::string& programFolder) {
+    if (CanCreateFileIn(programFolder))
+        return WithSeparator(programFolder);
+    const std::string userFolder = UserDataFolder();
+    std::error_code error;
+    if (!userFolder.empty())
+        std::filesystem::create_directories(userFolder, error);
+    return !userFolder.empty() && CanCreateFileIn(userFolder) ? userFolder : WithSeparator(programFolder);
+}
+
+} // namespace tarveth::platform

@@ -1,0 +1,19 @@
+// Where the program lives, and where it may write. Folder names end in the system's separator, so that a
+// file's path is the folder followed by the name.
+#pragma once
+
+#include <string>
+
+namespace tarveth::platform {
+
+// The separator of the system's paths.
+char PathSeparator();
+
+// The folder of the running executable, with a trailing separator.
+std::string ProgramFolder();
+
+// programFolder itself if a file can be created in it; else the user's own data folder of this program,
+// created if need be; programFolder again if neither can be written. With a trailing separator.
+std::string WritableFolder(const std::string& programFolder);
+
+} // namespace tarveth::platform

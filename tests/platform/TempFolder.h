@@ -1,0 +1,56 @@
+// A folder of its own for one test, gone with the test; and files as plain bytes.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace tarveth {
+
+class TempFolder {
+public:
+    TempFolder() {
+        std::random_device random;
+        do
+            path_ = std::filesystem::temp_directory_path() / ("tarveth-test-" + std::to_string(random()));
+        while (!std::filesystem::create_directory(path_));
+    }
+    ~TempFolder() {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+
+    // With its trailing separator, as the program's own folder.
+    std::string Name() const { return (path_ / "").string(); }
+
+    // The full path of a file in here.
+    std::string File(const std::string& name) const { return (path_ / name).string(); }
+
+    std::size_t FileCount() const {
+        const std::filesystem::directory_iterator files(path_);
+        return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+inline void PutBytes(const std::string& file, std::string_view bytes) {
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+inline std::string GetBytes(const std::string& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+} // namespace tarveth
