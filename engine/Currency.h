@@ -22,7 +22,8 @@ public:
     constexpr std::int64_t Raw() const { return raw_; }
     constexpr double ToDouble() const { return static_cast<double>(raw_) / kScale; }
 
-    // The whole number next to the value; a half goes to the even one. Out of 16 bits throws std::out_of_range.
+    // The whole number next to the value; a half goes to the even one. Out of 16 bits throws
+    // std::out_of_range.
     std::int16_t ToInt16() const;
 
     constexpr Currency operator-() const { return FromRaw(-raw_); }

@@ -1,0 +1,50 @@
+#include "display/boardmouse.h"
+
+#include "engine/boardinput.h"
+
+#include <algorithm>
+
+namespace tarveth {
+
+BoardMouse::BoardMouse(const Settings& settings, BoardDisplay& board, ZoneDisplay& zones, modMAIN& main)
+    : settings_(settings), board_(board), zones_(zones), main_(main) {}
+
+Square BoardMouse::SquareUnder(double x, double y) const {
+    return SquareAt(x, y, board_.picDisplay.ScaleWidth(), board_.picDisplay.ScaleHeight());
+}
+
+void BoardMouse::MouseDown(MouseButton button, double x, double y) {
+    if (button == MouseButton::Right && settings_.ZOCRight != 0)
+        zones_.ShowZoneAt(SquareUnder(x, y));
+}
+
+void BoardMouse::MouseUp(MouseButton button, double x, double y) {
+    zones_.ClearZone();
+    if (button == MouseButton::Left)
+        main_.DepositSquare(SquareUnder(x, y));
+}
+
+void BoardMouse::MoveCursor(int columns, int rows) {
+    if (Cursor.Visible) {
+        Cursor.At.column = std::clamp(Cursor.At.column + columns, 1, kBoardSize);
+        Cursor.At.row = std::clamp(Cursor.At.row + rows, 1, kBoardSize);
+    }
+    Cursor.Visible = true;
+}
+
+void BoardMouse::PressCursor() {
+    if (Cursor.Visible)
+        MouseUp(MouseButton::Left, (Cursor.At.column - 0.5) * board_.picDisplay.ScaleWidth() / kBoardSize,
+                (Cursor.At.row - 0.5) * board_.picDisplay.ScaleHeight() / kBoardSize);
+}
+
+void BoardMouse::ShowCursorZone() {
+    if (Cursor.Visible)
+        zones_.ShowZoneAt(Cursor.At);
+}
+
+void BoardMouse::ReleaseCursorZone() {
+    zones_.ClearZone();
+}
+
+} // namespace tarveth

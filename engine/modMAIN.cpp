@@ -1,0 +1,170 @@
+#include "engine/modMAIN.h"
+
+#include <array>
+#include <utility>
+
+namespace tarveth {
+
+namespace {
+
+// by GameState; an empty prompt leaves the label as it is
+constexpr std::array<std::string_view, 9> kPrompts{
+    "", "Pick piece", "Place piece", "Return piece", "Allow Return", "", "Get Board", "", "Game Over"};
+
+constexpr std::uint32_t kPureBlue = 0xFF0000; // red in the low byte
+constexpr std::uint32_t kPureRed = 0x0000FF;
+
+// Set while a pass runs, however it is left.
+class PassMark {
+public:
+    explicit PassMark(bool& inPass) : inPass_(inPass) { inPass_ = true; }
+    ~PassMark() { inPass_ = false; }
+    PassMark(const PassMark&) = delete;
+    PassMark& operator=(const PassMark&) = delete;
+
+private:
+    bool& inPass_;
+};
+
+} // namespace
+
+modMAIN::modMAIN(Game& game, NetGame& net, const Settings& settings, const Ports& ports)
+    : game_(game), net_(net), settings_(settings), ports_(ports) {}
+
+void modMAIN::NewGame() {
+    ports_.window.ShowMessage("");
+    ports_.record.BeginNewRecord();
+    game_.lstHistory.clear();
+    ports_.window.ShowHistory();
+    CreatePieces(game_);
+    ports_.window.ShowCaption("Tarveth");
+    net_.ClearQueues();
+    PlacePieces(game_, settings_.BoardVariant);
+    ports_.board.RedrawBoard();
+    EndTurn();
+    if (net_.GameInProgress())
+        ports_.network.SendBoard();
+    ports_.window.ShowMessage(
+        "To begin play: click on the piece you'd like to move, then click on the location "
+        "where you'd like to place the selected piece. To deselect a selected piece, click "
+        "it again.");
+}
+
+void modMAIN::SetGameState(std::int16_t value) {
+    game_.GameState = value;
+    if (value < kPickPiece || value > kGameOver)
+        return;
+    const std::string_view prompt = kPrompts[static_cast<std::size_t>(value)];
+    if (!prompt.empty())
+        ports_.window.ShowPrompt(prompt);
+    ports_.window.ShowMarker(value == kPlacePiece);
+}
+
+void modMAIN::SetTurn(std::int16_t side) {
+    game_.Turn = side;
+    ports_.window.ShowPlayer(SideName(side), side == Blue ? kPureBlue : kPureRed);
+    SetGameState(kPickPiece);
+}
+
+void modMAIN::EndTurn() {
+    if (game_.Turn != NoSide)
+        ports_.board.RedrawBoard();
+    SetTurn(game_.Turn == Blue ? Red : Blue);
+}
+
+void modMAIN::ShowStatus(std::string_view text) {
+    ports_.window.ShowMessage(text);
+    ports_.person.Beep();
+}
+
+bool modMAIN::HasWork() const {
+    return game_.ClickX > 0 || game_.GameState == kAllowReturn || game_.GameState == kTurnOver ||
+           game_.GameState == kBoardArrived || !net_.RemoteX.empty();
+}
+
+bool modMAIN::Pass() {
+    const PassMark mark(inPass_);
+    HandleBoardTransfer();
+    if (game_.ClickX == 0)
+        HandleIdle();
+    else
+        HandleSquare();
+    net_.RemoteMove = false;
+    TakeRemoteSquare();
+    if (game_.GameState != kReset && game_.GameState != kGetBoard && game_.GameState != kGameOver &&
+        CheckVictory())
+        SetGameState(kGameOver);
+    return game_.GameState != kReset;
+}
+
+void modMAIN::RunPasses() {
+    if (inPass_)
+        return;
+    bool running = Pass();
+    while (running && (HasWork() || !waitingCommands_.empty())) {
+        for (const auto& command : std::exchange(waitingCommands_, {}))
+            command();
+        running = Pass();
+    }
+}
+
+void modMAIN::RunCommand(std::function<void()> command) {
+    if (!inPass_) {
+        command();
+        return;
+    }
+    waitingCommands_.push_back(std::move(command));
+    ports_.board.FinishAnimation();
+}
+
+void modMAIN::HandleBoardTransfer() {
+    if (game_.GameState == kGetBoard) {
+        game_.ClearClick();
+        ports_.window.ShowMessage("Getting updated board information.");
+    } else if (game_.GameState == kBoardArrived) {
+        ports_.board.RedrawBoard();
+        SetGameState(kPickPiece);
+        ports_.window.ShowMessage("Play may commence.");
+    }
+}
+
+void modMAIN::HandleIdle() {
+    if (game_.GameState == kAllowReturn)
+        CheckReturnDue();
+    else if (game_.GameState == kTurnOver)
+        EndTurn();
+}
+
+void modMAIN::HandleSquare() {
+    switch (game_.GameState) {
+    case kPickPiece:
+        EchoClick();
+        PickPiece();
+        break;
+    case kPlacePiece:
+        EchoClick();
+        PlacePiece();
+        break;
+    case kReturnPiece:
+        if (MayPlaceReturn())
+            ReturnPiece();
+        else
+            ShowStatus("Waiting for placement of returned piece.");
+        break;
+    default: // the other states take no squares
+        break;
+    }
+    game_.ClearClick();
+}
+
+void modMAIN::EchoClick() {
+    if (net_.GameInProgress() && !net_.RemoteMove)
+        ports_.network.SendGameMessage("M(" + std::to_string(game_.ClickX) + ", " +
+                                       std::to_string(game_.ClickY) + ")");
+}
+
+bool modMAIN::MayPlaceReturn() const {
+    return !net_.GameInProgress() || net_.IsLocalSide(game_.Turn);
+}
+
+} // namespace tarveth

@@ -1,0 +1,87 @@
+// Stands in for every window: writes down what the game asked for.
+#pragma once
+
+#include "engine/ports.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tarveth::test {
+
+class RecordingPort : public MainWindowPort,
+                      public BoardPort,
+                      public PersonPort,
+                      public RecordPort,
+                      public NetworkPort {
+public:
+    std::string message; // lblMessage
+    std::string prompt;  // lblMoveStatus
+    std::string player;  // lblCurPlayer
+    std::uint32_t playerColour = 0;
+    std::string caption;
+    bool marker = false;
+    int beeps = 0;
+    int redraws = 0;
+    int animations = 0;
+    int finishedAnimations = 0;
+    int newRecords = 0;
+    int boardsSent = 0;
+    int returnQuestions = 0;
+    int returnChoice = 1; // what ChooseReturn answers: 1 Pawn, 2 Officer
+    std::vector<bool> gameEndSounds;
+    std::vector<bool> victoriesAnnounced; // true for Blue
+    std::vector<std::string> sent;        // in-game messages
+    std::vector<std::string> notices;
+    std::vector<std::string> boxes;         // message boxes
+    std::vector<std::string> calls; // the order of what NewGame asks
+
+    void ShowMessage(std::string_view text) override {
+        message = text;
+        calls.push_back("message " + message);
+    }
+    void ShowPrompt(std::string_view text) override { prompt = text; }
+    void ShowPlayer(std::string_view text, std::uint32_t colour) override {
+        player = text;
+        playerColour = colour;
+        calls.push_back("player " + player);
+    }
+    void ShowCaption(std::string_view text) override {
+        caption = text;
+        calls.push_back("caption " + caption);
+    }
+    void ShowMarker(bool visible) override { marker = visible; }
+    void ShowHistory() override { calls.emplace_back("history"); }
+    void RedrawBoard() override {
+        ++redraws;
+        calls.emplace_back("redraw");
+    }
+    void AnimateMove(int, Square) override {
+        ++animations;
+        if (onAnimate)
+            onAnimate();
+    }
+    void FinishAnimation() override { ++finishedAnimations; }
+    void ShowMessageBox(std::string_view text) override { boxes.emplace_back(text); }
+    void Beep() override { ++beeps; }
+    void GameEndSound(bool localPlayerWon) override { gameEndSounds.push_back(localPlayerWon); }
+    int ChooseReturn(std::int16_t) override {
+        ++returnQuestions;
+        return returnChoice;
+    }
+    void BeginNewRecord() override {
+        ++newRecords;
+        calls.emplace_back("record");
+    }
+    void SendGameMessage(std::string_view inner) override { sent.emplace_back(inner); }
+    void SendBoard() override {
+        ++boardsSent;
+        calls.emplace_back("board");
+    }
+    void AnnounceVictory(bool blueWon) override { victoriesAnnounced.push_back(blueWon); }
+    void ShowNotice(std::string_view text) override { notices.emplace_back(text); }
+
+    std::function<void()> onAnimate; // runs in the middle of a move's animation
+};
+
+} // namespace tarveth::test
