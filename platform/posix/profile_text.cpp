@@ -1,0 +1,138 @@
+#include "platform/posix/profile_text.h"
+
+#include <algorithm>
+
+namespace tarveth::platform {
+
+namespace {
+
+// Control-Z ended a text file once, and some editors still leave one.
+constexpr std::string_view kBlanks = " \t\v\f\x1a";
+constexpr std::string_view kLineEnds = "\r\n";
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
+
+std::string_view Trimmed(std::string_view text) {
+    const std::size_t begin = text.find_first_not_of(kBlanks);
+    if (begin == std::string_view::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
+char Lower(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool SameName(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+bool FitsALine(std::string_view text) {
+    return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos;
+}
+
+} // namespace
+
+std::string_view BareValue(std::string_view value) {
+    value = Trimmed(value);
+    const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'');
+    return quoted && value.front() == value.back() ? value.substr(1, value.size() - 2) : value;
+}
+
+struct ProfileText::Line {
+    enum class Kind { Blank, Section, Key, Other };
+
+    Kind kind = Kind::Blank;
+    std::string_view name;  // of the section or key, trimmed
+    std::string_view value; // of the key, not yet bare
+    std::size_t begin = 0;
+    std::size_t end = 0;  // behind the content
+    std::size_t next = 0; // behind the line end
+};
+
+// Where a key stands, or where it would go. Positions are offsets into the text.
+struct ProfileText::Place {
+    bool hasSection = false;
+    std::size_t sectionEnd = 0; // behind the section's last line that is not blank
+    std::optional<Line> key;
+};
+
+ProfileText::Line ProfileText::LineAt(std::size_t begin) const {
+    const std::string_view text = text_;
+    Line line;
+    line.begin = begin == 0 && text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : begin;
+    line.end = std::min(text.find_first_of(kLineEnds, line.begin), text.size());
+    line.next = line.end + (text.substr(line.end, 2) == kLineEnds ? 2 : line.end < text.size() ? 1 : 0);
+
+    const std::string_view whole = text.substr(line.begin, line.end - line.begin);
+    const std::string_view content = Trimmed(whole.substr(0, whole.find('\0')));
+    const std::size_t bracket = content.rfind(']');
+    const std::size_t equals = content.find('=');
+    if (content.empty()) {
+        line.kind = whole.find('\0') == std::string_view::npos ? Line::Kind::Blank : Line::Kind::Other;
+    } else if (content.front() == '[' && bracket != std::string_view::npos) {
+        line.kind = Line::Kind::Section;
+        line.name = Trimmed(content.substr(1, bracket - 1));
+    } else if (content.front() == '[' || content.front() == ';' || equals == std::string_view::npos) {
+        line.kind = Line::Kind::Other;
+    } else {
+        line.kind = Line::Kind::Key;
+        line.name = Trimmed(content.substr(0, equals));
+        line.value = content.substr(equals + 1);
+    }
+    return line;
+}
+
+ProfileText::Place ProfileText::Look(std::string_view section, std::string_view key) const {
+    Place place;
+    for (Line line = LineAt(0); line.begin < text_.size(); line = LineAt(line.next)) {
+        if (line.kind == Line::Kind::Section && place.hasSection)
+            break;
+        if (line.kind == Line::Kind::Section)
+            place.hasSection = SameName(line.name, section);
+        if (place.hasSection && line.kind != Line::Kind::Blank)
+            place.sectionEnd = line.next;
+        if (place.hasSection && line.kind == Line::Kind::Key && SameName(line.name, key)) {
+            place.key = line;
+            break;
+        }
+    }
+    return place;
+}
+
+std::optional<std::string_view> ProfileText::Find(std::string_view section, std::string_view key) const {
+    const Place place = Look(Trimmed(section), Trimmed(key));
+    if (!place.key)
+        return std::nullopt;
+    return BareValue(place.key->value);
+}
+
+void ProfileText::InsertLine(std::size_t at, std::string line) {
+    const bool startsLine = at == 0 || (at == kByteOrderMark.size() && text_.starts_with(kByteOrderMark)) ||
+                            kLineEnds.find(text_[at - 1]) != std::string_view::npos;
+    line.append(kLineEnds);
+    text_.insert(at, line);
+    if (!startsLine)
+        text_.insert(at, kLineEnds);
+}
+
+bool ProfileText::Put(std::string_view section, std::string_view key, std::string_view value) {
+    section = Trimmed(section);
+    key = Trimmed(key);
+    if (section.empty() || key.empty() || key.find('=') != key.npos || key.front() == ';' ||
+        key.front() == '[' || !FitsALine(section) || !FitsALine(key) || !FitsALine(value))
+        return false;
+
+    const Place place = Look(section, key);
+    // An existing line keeps the spelling that the user gave the key.
+    std::string line = std::string(place.key ? place.key->name : key) + "=" + std::string(value);
+    if (place.key)
+        text_.replace(place.key->begin, place.key->end - place.key->begin, line);
+    else if (place.hasSection)
+        InsertLine(place.sectionEnd, std::move(line));
+    else
+        InsertLine(text_.size(), std::string("[").append(section).append("]\r\n").append(line));
+    return true;
+}
+
+} // namespace tarveth::platform
