@@ -1,0 +1,13 @@
+// The number that a text begins with.
+#pragma once
+
+#include <string_view>
+
+namespace tarveth {
+
+// Leading blanks, a sign, digits with a point among them, and a power of ten behind E are taken, whatever the
+// user's country writes; all that follows is passed over. 0 when the text begins with no number, infinity
+// when the number is greater than any.
+double Val(std::string_view text);
+
+} // namespace tarveth

@@ -1,0 +1,175 @@
+// tarveth.ini as a whole: what a close of the main window leaves on the disk.
+#include "storage/settings.h"
+#include "storage/window_positions.h"
+
+#include "tests/platform/ForkedChild.h"
+#include "tests/platform/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace tarveth {
+namespace {
+
+// Line ends are written as \n here and are CR LF in the file.
+std::string Lines(std::string_view text) {
+    std::string bytes;
+    for (const char letter : text)
+        bytes += letter == '\n' ? std::string("\r\n") : std::string(1, letter);
+    return bytes;
+}
+
+class SettingsFile : public testing::Test {
+protected:
+    // What the main window does when it is asked to close.
+    bool Close() {
+        SaveClientOptions(settings, ini, folder.Name());
+        SaveSettings(settings, ini, folder.Name());
+        SaveMainPosition(position, ini, folder.Name());
+        return ini.IniFlush();
+    }
+
+    TempFolder folder;
+    std::string file = folder.File("tarveth.ini");
+    modINI ini{[](const std::string& text, const std::string&) { ADD_FAILURE() << text; }};
+    Settings settings;
+    WindowPosition position = {1200, -15, 9000.5F, 7200};
+};
+
+constexpr const char* kFirstClose = R"([ClientOptions]
+TranscriptFontName=MS Sans Serif
+TranscriptFontSize=8
+TranscriptMyColor=32768
+TranscriptOppColor=0
+TranscriptSysColor=8388736
+TranscriptColor=0
+UserListFontName=MS Sans Serif
+UserListFontSize=8
+ChatTextFontName=MS Sans Serif
+ChatTextFontSize=8
+[Options]
+GameBoard=1
+ZOCRight=-1
+GridLabels=0
+AnimateMoves=-1
+History=0
+AutoSaveLog=0
+Nickname=Bubba
+[Sounds]
+UseNewUserSound=0
+NewUserSound=
+NewUserSoundDelay=1
+SoundVictor=
+SoundLoser=
+[Pictures]
+PictureScheme=[none]
+1Blue=[none]
+2Blue=[none]
+3Blue=[none]
+1Red=[none]
+2Red=[none]
+3Red=[none]
+[BoardBlack]
+R=0
+G=0
+B=0
+[BoardWhite]
+R=255
+G=255
+B=255
+[Position]
+X= 1200
+Y=-15
+W= 9000.5
+H= 7200
+)";
+
+TEST_F(SettingsFile, TheFirstCloseCreatesItWithAllSections) {
+    EXPECT_TRUE(Close());
+    EXPECT_EQ(GetBytes(file), Lines(kFirstClose));
+    EXPECT_EQ(folder.FileCount(), 1u);
+}
+
+TEST_F(SettingsFile, AnUnchangedCloseLeavesItAsItIs) {
+    EXPECT_TRUE(Close());
+    EXPECT_TRUE(Close());
+    EXPECT_EQ(GetBytes(file), Lines(kFirstClose));
+}
+
+TEST_F(SettingsFile, GivesBackEverySettingThatWasSaved) {
+    settings = {.BoardVariant = 2,
+                .ZOCRight = 0,
+                .GridLabels = -1,
+                .AnimateMoves = 0,
+                .History = 1,
+                .AutoSaveLog = -1,
+                .Nickname = "Ann",
+                .UseNewUserSound = -1,
+                .NewUserSound = "<beep>",
+                .NewUserSoundDelay = 60,
+                .SoundVictor = "C:\\MEDIA\\TADA.WAV",
+                .SoundLoser = "sad trombone.wav",
+                .PictureScheme = "pics/stone.tps",
+                .BluePics = {"", "b1.bmp", "b2.bmp", "b3.bmp"},
+                .RedPics = {"", "r1.bmp", "r2.bmp", "r3.bmp"},
+                .BoardBlack = {1, 2, 3},
+                .BoardWhite = {4, 5, 6},
+                .TranscriptFontName = "Courier New",
+                .TranscriptFontSize = 10,
+                .TranscriptMyColor = 1,
+                .TranscriptOppColor = 2,
+                .TranscriptSysColor = 16777215,
+                .TranscriptColor = -4,
+                .UserListFontName = "Arial",
+                .UserListFontSize = 11,
+                .ChatTextFontName = "Times",
+                .ChatTextFontSize = 12};
+    EXPECT_TRUE(Close());
+
+    Settings read;
+    EXPECT_TRUE(LoadSettings(read, ini, folder.Name()).empty());
+    EXPECT_TRUE(LoadClientOptions(read, ini, folder.Name()).empty());
+    EXPECT_EQ(read, settings);
+    for (const SettingName& name : AllSettingNames()) {
+        ini.IniRegister(name.section, file);
+        EXPECT_NE(ini.IniGetString(name.key, "?"), "?") << name.section << " " << name.key;
+    }
+    EXPECT_EQ(AllSettingNames().size(), 35u);
+}
+
+TEST_F(SettingsFile, EditedByHandKeepsAllThatIsNotASetting) {
+    PutBytes(file,
+             "; my own file\n\n[OPTIONS]\r\n  nickname = Ann ; me\r\nFavourite=9\r\n\tgameboard=2\r\n\r\n"
+             "[Notes]\ntext = keep  me\n\n[Position]\r\nx=5\r\nY=6\r\nW=7\r\nH=8");
+    LoadSettings(settings, ini, folder.Name());
+    EXPECT_EQ(settings.Nickname, "Ann ; me");
+    settings.Nickname = "Ann";
+    EXPECT_TRUE(Close());
+    const std::string first = kFirstClose;
+    const std::size_t sounds = first.find("[Sounds]");
+    EXPECT_EQ(GetBytes(file),
+              "; my own file\n\n[OPTIONS]\r\nnickname=Ann\r\nFavourite=9\r\ngameboard=2\r\n" +
+                  Lines("ZOCRight=-1\nGridLabels=0\nAnimateMoves=-1\nHistory=0\nAutoSaveLog=0\n\n") +
+                  "[Notes]\ntext = keep  me\n\n[Position]\r\nx= 1200\r\nY=-15\r\nW= 9000.5\r\nH= 7200\r\n" +
+                  Lines(first.substr(0, first.find("[Options]"))) +
+                  Lines(first.substr(sounds, first.find("[Position]") - sounds)));
+}
+
+TEST_F(SettingsFile, ThatCannotBeWrittenStaysWhole) {
+    const std::string old = "[Options]\r\nNickname=Ann\r\n; " + std::string(8000, 'x') + "\r\n";
+    PutBytes(file, old);
+    EXPECT_TRUE(TrueInChild([&] { return LimitFileSize(2048) && !Close(); }));
+    EXPECT_EQ(GetBytes(file), old);
+    EXPECT_EQ(folder.FileCount(), 1u);
+}
+
+TEST_F(SettingsFile, AValueWithALineBreakCannotSmuggleInAnother) {
+    settings.Nickname = "Ann\r\nGameBoard=2\r\n[Evil]\r\nk=v";
+    EXPECT_TRUE(Close());
+    Settings read;
+    LoadSettings(read, ini, folder.Name());
+    EXPECT_EQ(read, Settings());
+    EXPECT_EQ(GetBytes(file).find("Evil"), std::string::npos);
+}
+
+} // namespace
+} // namespace tarveth
