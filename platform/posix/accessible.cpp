@@ -4,10 +4,19 @@
 
 namespace tarveth::platform {
 
+namespace {
+
+// A control that can scroll is wrapped in a frame; what the keyboard is in, and so is read out, is inside.
+GtkWidget* Spoken(GtkWidget* widget) {
+    return GTK_IS_SCROLLED_WINDOW(widget) ? gtk_bin_get_child(GTK_BIN(widget)) : widget;
+}
+
+} // namespace
+
 void SetAccessible(void* nativeWidget, const std::string& name, const std::string& description) {
-    auto* widget = static_cast<GtkWidget*>(nativeWidget);
-    AtkObject* control = gtk_widget_get_accessible(widget);
+    AtkObject* control = gtk_widget_get_accessible(Spoken(static_cast<GtkWidget*>(nativeWidget)));
     atk_object_set_accessible_id(control, name.c_str());
+    // A label's name is its text for as long as it is given no other.
     if (atk_object_get_role(control) == ATK_ROLE_LABEL) {
         atk_object_set_description(control, description.c_str());
     } else {

@@ -1,0 +1,42 @@
+// A desktop of our own for window tests and start-up benches: display server, window manager, message bus and
+// accessibility, with a home folder of its own. Nothing of it is seen by, or taken from, the desktop it is
+// started on.
+#pragma once
+
+#include "tests/window/Process.h"
+
+#include <memory>
+#include <string>
+
+namespace tarveth::harness {
+
+struct DesktopOptions {
+    bool windowManager = true;
+    bool accessibility = true; // with a message bus; without, programs are told that there is none
+};
+
+class Desktop {
+public:
+    // Returns when everything runs. Sets DISPLAY, HOME and their like for this process, and so for the
+    // programs it starts. Throws std::runtime_error or std::system_error when a part cannot be started.
+    explicit Desktop(const DesktopOptions& options = {});
+    // Ends all parts and removes the home folder.
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    [[nodiscard]] const std::filesystem::path& Home() const { return home_; }
+
+private:
+    void SetEnvironment() const;
+    void StartServer();
+    void StartBus();
+    void StartWindowManager();
+
+    std::filesystem::path home_;
+    std::unique_ptr<Process> server_;
+    std::unique_ptr<Process> bus_;
+    std::unique_ptr<Process> windowManager_;
+};
+
+} // namespace tarveth::harness

@@ -1,0 +1,158 @@
+#include "tests/window/Process.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tarveth::harness {
+
+namespace {
+
+std::vector<std::string> MergedEnvironment(const std::map<std::string, std::string>& additions) {
+    std::vector<std::string> merged;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        const std::string text = *entry;
+        if (!additions.contains(text.substr(0, text.find('=')))) {
+            merged.push_back(text);
+        }
+    }
+    for (const auto& [name, value] : additions) {
+        merged.push_back(name + "=" + value);
+    }
+    return merged;
+}
+
+std::vector<char*> Pointers(std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (std::string& text : texts) {
+        pointers.push_back(text.data());
+    }
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+// Runs in the child between fork and exec, where only system calls are safe.
+[[noreturn]] void Become(const ProcessOptions& options, pid_t parent, int output, char* const* arguments,
+                         char* const* environment) {
+    setpgid(0, 0);
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    if (getppid() != parent) {
+        _exit(126);
+    }
+    if (output >= 0) {
+        dup2(output, STDOUT_FILENO);
+        dup2(output, STDERR_FILENO);
+    }
+    if (options.inheritedDescriptor >= 0) {
+        fcntl(options.inheritedDescriptor, F_SETFD, 0);
+    }
+    if (!options.workingFolder.empty() && chdir(options.workingFolder.c_str()) != 0) {
+        _exit(126);
+    }
+    execvpe(arguments[0], arguments, environment);
+    _exit(127);
+}
+
+// The number after `key` in a file of "key: number" lines, 0 when it is not there.
+long long StatusNumber(const std::filesystem::path& file, const std::string& key) {
+    std::ifstream lines(file);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with(key)) {
+            return std::atoll(line.c_str() + key.size());
+        }
+    }
+    return 0;
+}
+
+double CpuSeconds(const std::filesystem::path& folder) {
+    std::ifstream file(folder / "stat");
+    std::string text;
+    std::getline(file, text);
+    // The program's name, in parentheses, may hold anything; the numbers begin behind it with the third one.
+    const auto nameEnd = text.rfind(')');
+    if (nameEnd == std::string::npos) {
+        return 0;
+    }
+    std::istringstream fields(text.substr(nameEnd + 1));
+    std::string skipped;
+    for (int field = 3; field < 14; ++field) {
+        fields >> skipped;
+    }
+    long long user = 0;
+    long long system = 0;
+    fields >> user >> system;
+    return static_cast<double>(user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
+} // namespace
+
+Process::Process(const ProcessOptions& options) {
+    std::vector<std::string> command = options.command;
+    std::vector<std::string> environment = MergedEnvironment(options.environment);
+    const std::vector<char*> arguments = Pointers(command);
+    const std::vector<char*> variables = Pointers(environment);
+    const int output = options.output.empty()
+                           ? -1
+                           : open(options.output.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    const pid_t parent = getpid();
+    pid_ = fork();
+    if (pid_ == 0) {
+        Become(options, parent, output, arguments.data(), variables.data());
+    }
+    const int error = errno;
+    if (output >= 0) {
+        close(output);
+    }
+    if (pid_ < 0) {
+        throw std::system_error(error, std::generic_category(), options.command.front());
+    }
+    setpgid(pid_, pid_); // here too: the group must be there before the first Kill
+}
+
+Process::~Process() {
+    Kill();
+}
+
+bool Process::Alive() {
+    if (status_) {
+        return false;
+    }
+    int status = 0;
+    if (waitpid(pid_, &status, WNOHANG) != pid_) {
+        return true;
+    }
+    status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return false;
+}
+
+std::optional<int> Process::WaitForExit(Milliseconds patience) {
+    WaitUntil([this] { return !Alive(); }, patience);
+    return status_;
+}
+
+void Process::Kill() {
+    kill(-pid_, SIGKILL);
+    WaitForExit();
+}
+
+ProcessUsage Process::Usage() const {
+    const std::filesystem::path folder = "/proc/" + std::to_string(pid_);
+    ProcessUsage usage;
+    usage.cpuSeconds = CpuSeconds(folder);
+    usage.peakMemoryKiB = StatusNumber(folder / "status", "VmHWM:");
+    std::error_code gone;
+    for (std::filesystem::directory_iterator thread(folder / "task", gone), end; thread != end;
+         thread.increment(gone)) {
+        usage.voluntarySwitches += StatusNumber(thread->path() / "status", "voluntary_ctxt_switches:");
+    }
+    return usage;
+}
+
+} // namespace tarveth::harness

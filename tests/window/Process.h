@@ -1,0 +1,55 @@
+// A child process that cannot outlive the one that started it, and what it has used of the machine.
+#pragma once
+
+#include "tests/window/Waiting.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace tarveth::harness {
+
+struct ProcessOptions {
+    std::vector<std::string> command; // program (looked up in PATH without a slash) and arguments
+    std::map<std::string, std::string> environment = {}; // on top of this process's own
+    std::filesystem::path workingFolder = {};            // empty: this process's own
+    std::filesystem::path output = {}; // gets standard output and errors; empty: shared with us
+    int inheritedDescriptor = -1;      // stays open in the child; all others of ours are closed
+};
+
+// What a process has used since it began.
+struct ProcessUsage {
+    double cpuSeconds = 0;           // user and system time of all threads
+    long long voluntarySwitches = 0; // how often a living thread of it went to sleep
+    long long peakMemoryKiB = 0;     // largest resident size
+};
+
+class Process {
+public:
+    // Starts the program. Throws std::system_error when no process can be made; a program that is not there
+    // ends with status 127.
+    explicit Process(const ProcessOptions& options);
+    // Kills the process and its children that are still there.
+    ~Process();
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    [[nodiscard]] pid_t Pid() const { return pid_; }
+    [[nodiscard]] bool Alive();
+    // The exit status, 128 + signal number when a signal ended it, nothing when it is alive after `patience`.
+    std::optional<int> WaitForExit(Milliseconds patience = kPatience);
+    // Ends the process and its children at once, without asking.
+    void Kill();
+    // All zero once the process has ended.
+    [[nodiscard]] ProcessUsage Usage() const;
+
+private:
+    pid_t pid_ = -1;
+    std::optional<int> status_;
+};
+
+} // namespace tarveth::harness

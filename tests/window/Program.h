@@ -1,0 +1,54 @@
+// A program under test, run as a user would run it.
+#pragma once
+
+#include "tests/window/Process.h"
+#include "tests/window/Window.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarveth::harness {
+
+struct ProgramOptions {
+    std::filesystem::path path;
+    std::vector<std::string> arguments = {};
+    std::map<std::string, std::string> environment = {}; // on top of the desktop's
+    std::filesystem::path workingFolder = {};            // empty: the test's own
+};
+
+class Program {
+public:
+    // Starts it. `screen` must live as long as this does.
+    Program(Screen& screen, const ProgramOptions& options);
+    // Kills it if it is still there.
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // The first visible window of this program whose title holds `title`, once it has the keyboard. Throws
+    // std::runtime_error, with what the program wrote, when none comes within `patience`.
+    Window WaitForWindow(std::string_view title, Milliseconds patience = kPatience);
+    // The titles of its windows that are on the screen now.
+    [[nodiscard]] std::vector<std::string> WindowTitles() const;
+
+    [[nodiscard]] pid_t Pid() const { return process_.Pid(); }
+    [[nodiscard]] bool Alive() { return process_.Alive(); }
+    // As Process::WaitForExit.
+    std::optional<int> WaitForExit(Milliseconds patience = kPatience) {
+        return process_.WaitForExit(patience);
+    }
+    [[nodiscard]] ProcessUsage Usage() const { return process_.Usage(); }
+    // What it has written to its standard output and errors so far.
+    [[nodiscard]] std::string Output() const;
+
+private:
+    [[nodiscard]] std::vector<Window> Windows() const;
+
+    Screen* screen_;
+    std::filesystem::path output_;
+    Process process_;
+};
+
+} // namespace tarveth::harness
