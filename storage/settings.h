@@ -23,6 +23,7 @@ struct BoardColor {
 
 // Yes-or-no settings hold the number that was read: -1 is written for yes, and any other than 0 means it.
 // Colours are red + green * 256 + blue * 65536.
+// NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the members stand in the order of the file
 struct Settings {
     std::int16_t BoardVariant = 1; // 1 Imperial, any other Draume Crown
     std::int16_t ZOCRight = -1;

@@ -1,0 +1,63 @@
+// What must hold for an INI file of any bytes: every setting can be asked for, and one that is written reads
+// back as it was written and changes no other. Shared by the fuzz target and the test that replays its
+// corpus.
+#pragma once
+
+#include "platform/posix/profile_text.h"
+#include "platform/profile_integer.h"
+#include "storage/settings.h"
+#include "storage/val.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarveth {
+
+using IniValues = std::vector<std::optional<std::string>>;
+
+inline IniValues ReadIniValues(const platform::ProfileText& text, const std::vector<SettingName>& names) {
+    IniValues values;
+    for (const SettingName& name : names) {
+        const auto value = text.Find(name.section, name.key);
+        values.push_back(value ? std::optional<std::string>(*value) : std::nullopt);
+    }
+    return values;
+}
+
+// Is the number that the system gives the true one, modulo 2^32?
+inline bool NumberHolds(const std::string& text) {
+    const platform::ProfileInteger number = platform::ReadProfileInteger(text);
+    const bool exact = number.value > -(std::int64_t{1} << 58) && number.value < (std::int64_t{1} << 58);
+    return !(Val(text) != Val(text)) &&
+           (!exact || static_cast<std::uint32_t>(number.value) == number.wrapped);
+}
+
+// What is broken for a file of these bytes, whose first line is also the value written; nothing if all is
+// well.
+inline std::string IniFault(std::string_view bytes) {
+    const std::vector<SettingName> names = AllSettingNames();
+    const std::size_t chosen = bytes.size() % names.size();
+    const std::string value(bytes.substr(0, bytes.find_first_of("\r\n")));
+    platform::ProfileText text{std::string(bytes)};
+    IniValues expected = ReadIniValues(text, names);
+    for (const auto& read : expected)
+        if (read && !NumberHolds(*read))
+            return "a number is wrong";
+
+    const bool written = text.Put(names[chosen].section, names[chosen].key, value);
+    if (written != (value.find('\0') == std::string::npos))
+        return "a line was refused or accepted wrongly";
+    if (!written && text.Text() != bytes)
+        return "a refused write changed the file";
+    if (written)
+        expected[chosen] = platform::BareValue(value);
+    if (ReadIniValues(text, names) != expected)
+        return "a value did not read back, or another one changed";
+    const std::string once = text.Text();
+    text.Put(names[chosen].section, names[chosen].key, value);
+    return text.Text() == once ? "" : "the second write of a value changed the file";
+}
+
+} // namespace tarveth
