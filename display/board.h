@@ -21,6 +21,12 @@ struct DisplayPort {
     virtual void Yield() = 0;
 };
 
+// The selection marker is two bands, one of each tone: against any square colour one of them has a contrast
+// of at least 4.5 : 1.
+inline constexpr Pixel kMarkerDark = Rgb(0, 0, 0);
+inline constexpr Pixel kMarkerLight = Rgb(255, 255, 255);
+inline constexpr Pixel kMarkerAccent = Rgb(255, 140, 0);
+
 // A shape in the pixels of picDisplay.
 struct MarkerShape {
     bool Visible = false;

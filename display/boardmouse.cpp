@@ -20,8 +20,12 @@ void BoardMouse::MouseDown(MouseButton button, double x, double y) {
 
 void BoardMouse::MouseUp(MouseButton button, double x, double y) {
     zones_.ClearZone();
-    if (button == MouseButton::Left)
-        main_.DepositSquare(SquareUnder(x, y));
+    if (button != MouseButton::Left)
+        return;
+    const Square square = SquareUnder(x, y);
+    if (square.OnBoard())
+        Cursor.At = square; // the keyboard goes on from where the mouse was
+    main_.DepositSquare(square);
 }
 
 void BoardMouse::MoveCursor(int columns, int rows) {

@@ -28,8 +28,8 @@ Square SquareAt(double x, double y, double boardWidth, double boardHeight) {
 }
 
 void modMAIN::DepositSquare(Square square) {
-    if (game_.GameState == kGameOver || game_.Animating)
-        return;
+    if (game_.GameState == kGameOver || game_.Animating || busy_)
+        return; // a pass is still busy with an animation or the question which piece comes back
     if (net_.GameInProgress() && !net_.IsLocalSide(game_.Turn)) {
         ShowStatus("Not your turn.");
         return;

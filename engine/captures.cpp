@@ -17,6 +17,8 @@ void SendToJail(Game& game, int index) {
 
 ReturnCandidates FindReturnCandidates(const Game& game, int captured) {
     ReturnCandidates candidates;
+    if (captured < 1 || captured > game.PieceCount())
+        return candidates;
     const PieceRecord& taken = game.Piece(captured);
     if (taken.Side == game.Turn || taken.Kind >= Pawn)
         return candidates;
@@ -87,6 +89,7 @@ void modMAIN::CheckReturnDue() {
         SetGameState(kTurnOver);
         return;
     }
+    game_.ReturnKind = game_.ReturnSlot = 0; // unknown until the opponent tells, where it is his to place
     if (MayPlaceReturn()) {
         const bool officer = candidates.Both() ? ports_.person.ChooseReturn(game_.Turn) == Officer
                                                : candidates.officerSlot != 0;
@@ -99,7 +102,7 @@ void modMAIN::CheckReturnDue() {
 
 void modMAIN::ReturnPiece() {
     const int index = PieceToReturn(game_, game_.ReturnKind);
-    if (index == 0 || !IsSquareFree())
+    if (index == 0 || game_.ReturnSlot < 1 || game_.ReturnSlot > game_.JailCount() || !IsSquareFree())
         return;
     PieceRecord& piece = game_.Piece(index);
     piece.X = game_.ClickX;

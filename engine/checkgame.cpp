@@ -4,6 +4,8 @@
 #include "engine/SquareSet.h"
 #include "engine/modMAIN.h"
 
+#include <array>
+
 namespace tarveth {
 
 namespace {
@@ -30,39 +32,35 @@ std::string CheckPieces(const Game& game) {
     SquareSet taken = 0;
     for (int i = 1; i <= kPieces; ++i) {
         const PieceRecord& piece = game.Piece(i);
-        const std::string name = "piece " + std::to_string(i);
+        const auto fault = [i](const char* what) { return "piece " + std::to_string(i) + what; };
         if (!HasSideAndKind(piece))
-            return name + " has no side or kind";
+            return fault(" has no side or kind");
         if (IsOffBoard(piece) || (game.Animating && i == game.AnimatedPiece))
             continue;
         if (!IsOnSquare(piece))
-            return name + " stands neither on a square nor in the jail";
+            return fault(" stands neither on a square nor in the jail");
         const SquareSet square = SetOf(Square{piece.X.ToInt16(), piece.Y.ToInt16()});
         if ((taken & square) != 0)
-            return name + " stands on another piece";
+            return fault(" stands on another piece");
         taken |= square;
     }
     return {};
 }
 
-int CountOffBoard(const Game& game, std::int16_t side, std::int16_t kind) {
-    int count = 0;
-    for (int i = 1; i <= kPieces; ++i) {
-        const PieceRecord& piece = game.Piece(i);
-        count += IsOffBoard(piece) && piece.Side == side && piece.Kind == kind ? 1 : 0;
-    }
-    return count;
-}
-
 std::string CheckJail(const Game& game) {
+    std::array<std::array<int, Pawn + 1>, Red + 1> offBoard{}; // pieces that no jail entry stands for yet
+    const auto unmatched = [&](const PieceRecord& piece) -> int& {
+        return offBoard[static_cast<std::size_t>(piece.Side)][static_cast<std::size_t>(piece.Kind)];
+    };
+    for (int i = 1; i <= kPieces; ++i)
+        if (IsOffBoard(game.Piece(i)))
+            ++unmatched(game.Piece(i));
     for (int slot = 1; slot <= game.JailCount(); ++slot) {
         const PieceRecord& jailed = game.Jailed(slot);
-        const std::string name = "jail entry " + std::to_string(slot);
         if (!HasSideAndKind(jailed) || !IsOffBoard(jailed))
-            return name + " is no captured piece";
-        const auto kind = static_cast<PieceKind>(jailed.Kind);
-        if (CountJailed(game, jailed.Side, kind) > CountOffBoard(game, jailed.Side, jailed.Kind))
-            return name + " has no piece off the board";
+            return "jail entry " + std::to_string(slot) + " is no captured piece";
+        if (--unmatched(jailed) < 0)
+            return "jail entry " + std::to_string(slot) + " has no piece off the board";
     }
     return {};
 }

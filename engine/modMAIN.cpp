@@ -14,16 +14,16 @@ constexpr std::array<std::string_view, 9> kPrompts{
 constexpr std::uint32_t kPureBlue = 0xFF0000; // red in the low byte
 constexpr std::uint32_t kPureRed = 0x0000FF;
 
-// Set while a pass runs, however it is left.
-class PassMark {
+// Set while a pass or a command runs, however it is left.
+class BusyMark {
 public:
-    explicit PassMark(bool& inPass) : inPass_(inPass) { inPass_ = true; }
-    ~PassMark() { inPass_ = false; }
-    PassMark(const PassMark&) = delete;
-    PassMark& operator=(const PassMark&) = delete;
+    explicit BusyMark(bool& busy) : busy_(busy) { busy_ = true; }
+    ~BusyMark() { busy_ = false; }
+    BusyMark(const BusyMark&) = delete;
+    BusyMark& operator=(const BusyMark&) = delete;
 
 private:
-    bool& inPass_;
+    bool& busy_;
 };
 
 } // namespace
@@ -79,11 +79,11 @@ void modMAIN::ShowStatus(std::string_view text) {
 
 bool modMAIN::HasWork() const {
     return game_.ClickX > 0 || game_.GameState == kAllowReturn || game_.GameState == kTurnOver ||
-           game_.GameState == kBoardArrived || !net_.RemoteX.empty();
+           game_.GameState == kBoardArrived || ReturnUndecided() || !net_.RemoteX.empty();
 }
 
 bool modMAIN::Pass() {
-    const PassMark mark(inPass_);
+    const BusyMark mark(busy_);
     HandleBoardTransfer();
     if (game_.ClickX == 0)
         HandleIdle();
@@ -98,23 +98,30 @@ bool modMAIN::Pass() {
 }
 
 void modMAIN::RunPasses() {
-    if (inPass_)
+    if (busy_)
         return;
     bool running = Pass();
     while (running && (HasWork() || !waitingCommands_.empty())) {
-        for (const auto& command : std::exchange(waitingCommands_, {}))
-            command();
+        RunWaitingCommands();
         running = Pass();
     }
 }
 
 void modMAIN::RunCommand(std::function<void()> command) {
-    if (!inPass_) {
-        command();
-        return;
-    }
     waitingCommands_.push_back(std::move(command));
-    ports_.board.FinishAnimation();
+    if (busy_)
+        ports_.board.FinishAnimation();
+    else
+        RunWaitingCommands();
+}
+
+void modMAIN::RunWaitingCommands() {
+    while (!waitingCommands_.empty()) {
+        const std::function<void()> command = std::move(waitingCommands_.front());
+        waitingCommands_.erase(waitingCommands_.begin());
+        const BusyMark mark(busy_);
+        command();
+    }
 }
 
 void modMAIN::HandleBoardTransfer() {
@@ -129,7 +136,7 @@ void modMAIN::HandleBoardTransfer() {
 }
 
 void modMAIN::HandleIdle() {
-    if (game_.GameState == kAllowReturn)
+    if (game_.GameState == kAllowReturn || ReturnUndecided())
         CheckReturnDue();
     else if (game_.GameState == kTurnOver)
         EndTurn();
@@ -165,6 +172,12 @@ void modMAIN::EchoClick() {
 
 bool modMAIN::MayPlaceReturn() const {
     return !net_.GameInProgress() || net_.IsLocalSide(game_.Turn);
+}
+
+// A return that was the opponent's to place has become the local player's: the link has ended, or the players
+// have swapped sides.
+bool modMAIN::ReturnUndecided() const {
+    return game_.GameState == kReturnPiece && game_.ReturnKind == 0 && MayPlaceReturn();
 }
 
 } // namespace tarveth

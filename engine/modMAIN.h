@@ -16,14 +16,13 @@
 namespace tarveth {
 
 // GameState                                  prompt           a pending square     an idle pass
-inline constexpr std::int16_t kReset = 0;       // none           -                    ends the loop
-inline constexpr std::int16_t kPickPiece = 1;   // Pick piece     PickPiece            -
-inline constexpr std::int16_t kPlacePiece = 2;  // Place piece    PlacePiece           -
-inline constexpr std::int16_t kReturnPiece = 3; // Return piece   ReturnPiece          -
-inline constexpr std::int16_t kAllowReturn = 4; // Allow Return   dropped              CheckReturnDue
-inline constexpr std::int16_t kTurnOver = 5;    // as it was      dropped              EndTurn
-inline constexpr std::int16_t kGetBoard =
-    6; // Get Board      dropped              waits for the opponent's board
+inline constexpr std::int16_t kReset = 0;        // none           -                    ends the loop
+inline constexpr std::int16_t kPickPiece = 1;    // Pick piece     PickPiece            -
+inline constexpr std::int16_t kPlacePiece = 2;   // Place piece    PlacePiece           -
+inline constexpr std::int16_t kReturnPiece = 3;  // Return piece   ReturnPiece          see ReturnUndecided
+inline constexpr std::int16_t kAllowReturn = 4;  // Allow Return   dropped              CheckReturnDue
+inline constexpr std::int16_t kTurnOver = 5;     // as it was      dropped              EndTurn
+inline constexpr std::int16_t kGetBoard = 6;     // Get Board      dropped              -
 inline constexpr std::int16_t kBoardArrived = 7; // as it was      dropped              goes on to 1
 inline constexpr std::int16_t kGameOver = 8;     // Game Over      dropped              -
 
@@ -46,12 +45,14 @@ public:
     bool Pass();
     // Whether another pass has something to do. At rest it has not.
     bool HasWork() const;
-    // Passes until there is nothing left to do. A call from within a pass comes back at once: passes never
-    // nest.
+    // Passes until there is nothing left to do. A call from within a pass or a command comes back at once:
+    // passes never nest.
     void RunPasses();
-    // Runs a command that replaces the game or ends the program. In the middle of a pass the running
-    // animation is brought to its end and the command waits until the pass is over.
+    // Runs a command of the menus. In the middle of a pass or of another command the running animation is
+    // brought to its end, and the command waits until that is over.
     void RunCommand(std::function<void()> command);
+    // A pass or a command is running: this event is being handled while it waits.
+    bool Busy() const { return busy_; }
 
     // Deposits a square for the next pass as a left click on it does: refused out of turn, off the board,
     // while a piece is moving, after the end of the game, and where a returned piece finds the square taken.
@@ -68,7 +69,9 @@ public:
     bool CheckVictory();
 
 private:
+    void RunWaitingCommands();
     bool MayPlaceReturn() const;
+    bool ReturnUndecided() const;
     void HandleBoardTransfer();
     void HandleIdle();
     void HandleSquare();
@@ -79,13 +82,12 @@ private:
     void MovePiece(int index, Square to);
     void CapturePiece(int mover, int captured, Square to);
     void RelocatePiece(int index, Square to);
-    void AnnounceVictory(bool blueWon);
 
     Game& game_;
     NetGame& net_;
     const Settings& settings_;
     Ports ports_;
-    bool inPass_ = false;
+    bool busy_ = false;
     std::vector<std::function<void()>> waitingCommands_;
 };
 

@@ -43,7 +43,7 @@ bool HasControlPower(const Game& game) {
 }
 
 PickVerdict JudgePick(const Game& game, Square square) {
-    const int index = PieceOn(game, square);
+    const int index = square.OnBoard() ? PieceOn(game, square) : 0; // a jailed piece is never picked
     if (index == 0)
         return {PickRefusal::Empty};
     const PieceRecord& piece = game.Piece(index);

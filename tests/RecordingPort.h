@@ -67,6 +67,8 @@ public:
     void GameEndSound(bool localPlayerWon) override { gameEndSounds.push_back(localPlayerWon); }
     int ChooseReturn(std::int16_t) override {
         ++returnQuestions;
+        if (onChooseReturn)
+            onChooseReturn();
         return returnChoice;
     }
     void BeginNewRecord() override {
@@ -81,7 +83,8 @@ public:
     void AnnounceVictory(bool blueWon) override { victoriesAnnounced.push_back(blueWon); }
     void ShowNotice(std::string_view text) override { notices.emplace_back(text); }
 
-    std::function<void()> onAnimate; // runs in the middle of a move's animation
+    std::function<void()> onAnimate;      // runs in the middle of a move's animation
+    std::function<void()> onChooseReturn; // runs while the question which piece comes back is open
 };
 
 } // namespace tarveth::test

@@ -1,0 +1,84 @@
+#include "app/Program.h"
+
+#include "platform/program_folder.h"
+
+#include <vector>
+
+#include <wx/display.h>
+#include <wx/msgdlg.h>
+
+namespace tarveth {
+
+namespace {
+
+void ShowIniError(const std::string& text, const std::string& title) {
+    wxMessageBox(wxString::FromUTF8(text), wxString::FromUTF8(title), wxOK | wxICON_ERROR);
+}
+
+std::vector<ScreenRect> ScreensInTwips() {
+    std::vector<ScreenRect> screens;
+    for (unsigned i = 0; i < wxDisplay::GetCount(); ++i) {
+        const wxRect area = wxDisplay(i).GetClientArea();
+        const auto twips = [](int pixels) { return static_cast<float>(pixels * kTwipsPerPixelX); };
+        screens.push_back({twips(area.x), twips(area.y), twips(area.width), twips(area.height)});
+    }
+    return screens;
+}
+
+} // namespace
+
+Program::Program()
+    : programFolder_(platform::ProgramFolder()),
+      writableFolder_(platform::WritableFolder(programFolder_)),
+      window_(new frmMain),
+      ini_(ShowIniError),
+      board_(game_, settings_, pictures_, *window_, *window_),
+      zones_(game_, board_, *window_, *window_),
+      record_(game_, settings_, *window_, writableFolder_),
+      main_(game_, net_, settings_, Ports{*window_, board_, *window_, record_, network_}),
+      mouse_(settings_, board_, zones_, main_) {}
+
+MainWindowParts Program::Parts() {
+    return {
+        game_,  settings_, pictures_, main_,
+        board_, zones_,    mouse_,    [this](const WindowPosition& position) { SaveEverything(position); }};
+}
+
+void Program::Start() {
+    LoadEverything();
+    window_->Connect(Parts());
+    main_.NewGame();
+    ShowWindow();
+}
+
+void Program::LoadEverything() {
+    SetDefaultSettings(settings_);
+    std::vector<SettingProblem> problems = LoadSettings(settings_, ini_, writableFolder_);
+    const std::vector<SettingProblem> more = LoadClientOptions(settings_, ini_, writableFolder_);
+    problems.insert(problems.end(), more.begin(), more.end());
+    problems_ = ProblemText(problems, writableFolder_ + "tarveth.ini");
+    for (const std::string& sentence :
+         pictures_.LoadPiecePictures(settings_, {writableFolder_, programFolder_})) {
+        if (!problems_.empty())
+            problems_ += "\n\n";
+        problems_ += sentence + " The built-in picture is used.";
+    }
+}
+
+void Program::ShowWindow() {
+    WindowPosition position = window_->Position();
+    LoadMainPosition(position, ini_, writableFolder_);
+    window_->SetPosition(KeepOnScreen(position, ScreensInTwips()));
+    window_->Show();
+    if (!problems_.empty())
+        window_->CallAfter([this] { window_->ShowMessageBox(problems_); });
+}
+
+void Program::SaveEverything(const WindowPosition& position) {
+    SaveClientOptions(settings_, ini_, writableFolder_);
+    SaveSettings(settings_, ini_, writableFolder_);
+    SaveMainPosition(position, ini_, writableFolder_);
+    ini_.IniFlush(); // settings that cannot be written are lost without a word
+}
+
+} // namespace tarveth

@@ -1,0 +1,48 @@
+// All the objects of the running program, made in the order they need each other and joined to the windows.
+#pragma once
+
+#include "app/Offline.h"
+#include "display/boardmouse.h"
+#include "display/frmMain.h"
+#include "display/piecepictures.h"
+#include "engine/modMAIN.h"
+#include "storage/gamerecord.h"
+#include "storage/modINI.h"
+#include "storage/settings.h"
+
+#include <string>
+
+namespace tarveth {
+
+class Program {
+public:
+    Program();
+
+    // Reads the settings and the pictures, shows the main window and begins a game.
+    void Start();
+
+private:
+    void LoadEverything();
+    void ShowWindow();
+    void SaveEverything(const WindowPosition& position);
+    MainWindowParts Parts();
+
+    std::string programFolder_;  // of the executable, with what ships beside it
+    std::string writableFolder_; // of settings and logs: the same one where it can be written
+    std::string problems_;       // found while starting; told once the window is there
+
+    frmMain* window_; // the toolkit destroys it when it has closed
+    Game game_;
+    NetGame net_;
+    Settings settings_;
+    modINI ini_;
+    PiecePictures pictures_;
+    BoardDisplay board_;
+    ZoneDisplay zones_;
+    GameRecord record_;
+    Offline network_;
+    modMAIN main_;
+    BoardMouse mouse_;
+};
+
+} // namespace tarveth

@@ -1,0 +1,111 @@
+// The main window: menus, board, jail, history and labels. Its handlers each call one thing in the core.
+#pragma once
+
+#include "display/board.h"
+#include "display/boardmouse.h"
+#include "display/layout.h"
+#include "display/zonedisplay.h"
+#include "engine/modMAIN.h"
+#include "storage/window_positions.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+
+#include <wx/frame.h>
+#include <wx/timer.h>
+
+class wxListBox;
+class wxMenu;
+class wxStaticLine;
+class wxStaticText;
+
+namespace tarveth {
+
+class BoardView;
+class PictureView;
+
+// What the window works on; all of it outlives the window.
+struct MainWindowParts {
+    Game& game;
+    Settings& settings;
+    PiecePictures& pictures;
+    modMAIN& main;
+    BoardDisplay& board;
+    ZoneDisplay& zones;
+    BoardMouse& mouse;
+    std::function<void(const WindowPosition&)> saveSettings; // at the close
+};
+
+class frmMain : public wxFrame, public MainWindowPort, public PersonPort, public DisplayPort {
+public:
+    frmMain();
+    ~frmMain() override;
+
+    // Joins the window to the game. Called once, before anything else.
+    void Connect(const MainWindowParts& parts);
+
+    // Where the window is, and where it goes, in twips.
+    WindowPosition Position() const;
+    void SetPosition(const WindowPosition& position);
+
+    // Applies the display switches of the settings and places everything anew.
+    void ApplyDisplaySettings();
+    void ShowGridLabels();
+
+    void ShowMessage(std::string_view text) override;
+    void ShowPrompt(std::string_view text) override;
+    void ShowPlayer(std::string_view text, std::uint32_t colour) override;
+    void ShowCaption(std::string_view text) override;
+    void ShowMarker(bool visible) override;
+    void ShowHistory() override;
+
+    void Beep() override;
+    void ShowMessageBox(std::string_view text) override;
+    void GameEndSound(bool localPlayerWon) override;
+    int ChooseReturn(std::int16_t side) override;
+
+    void RefreshDisplay() override;
+    void SetTimerInterval(int milliseconds) override;
+    void Yield() override;
+
+private:
+    void CreateMenus();
+    void CreateControls();
+    void NameControls();
+    LayoutMetrics Metrics() const;
+    void LayOut();
+    void TakeThemeColours();
+    void CheckBoardVariant();
+    void NewGame();
+    void ShowZOC();
+    void ShowZOCAll();
+
+    void OnSize(wxSizeEvent& event);
+    void OnMove(wxMoveEvent& event);
+    void OnClose(wxCloseEvent& event);
+    void OnIdle(wxIdleEvent& event);
+    void RememberPosition();
+
+    std::unique_ptr<MainWindowParts> parts_; // null until Connect
+    wxRect normalPlace_;                     // while neither maximised nor minimised
+
+    wxMenu* mnuOptions = nullptr;
+    wxWindow* surface = nullptr; // holds all the controls
+    BoardView* picDisplay = nullptr;
+    PictureView* picDisplayJail = nullptr;
+    wxListBox* lstHistory = nullptr;
+    std::array<wxStaticText*, 16> lblGrid{};
+    std::array<wxStaticText*, 2> Label1{};
+    wxStaticText* lblCurPlayer = nullptr;
+    wxStaticText* lblMoveStatus = nullptr;
+    wxStaticText* lblMessage = nullptr;
+    wxStaticLine* linLeft = nullptr;
+    wxStaticLine* linRight = nullptr;
+    wxStaticLine* linTop = nullptr;
+    wxStaticLine* linBottom = nullptr;
+    wxStaticLine* Line1 = nullptr;
+    wxTimer Timer1;
+};
+
+} // namespace tarveth

@@ -1,0 +1,29 @@
+#include "storage/gamerecord.h"
+
+#include "platform/file_error.h"
+#include "storage/modFileIO.h"
+
+#include <utility>
+
+namespace tarveth {
+
+GameRecord::GameRecord(const Game& game, const Settings& settings, PersonPort& person, std::string folder)
+    : game_(game), settings_(settings), person_(person), folder_(std::move(folder)) {}
+
+std::string GameRecord::LogPath() const {
+    return GameFileName.empty() ? folder_ + "lastgame.log" : GameFileName + ".log";
+}
+
+void GameRecord::BeginNewRecord() {
+    if (settings_.AutoSaveLog != 0) {
+        try {
+            WriteGameLog(game_, LogPath());
+        } catch (const platform::FileError& error) {
+            person_.ShowMessageBox(std::string("The log of the last game is not saved.\n") + error.what());
+        }
+    }
+    GameTitle.clear();
+    GameFileName.clear();
+}
+
+} // namespace tarveth

@@ -1,0 +1,33 @@
+// The files that record the game on the board: its title, its file, and the log of its moves.
+#pragma once
+
+#include "engine/Game.h"
+#include "engine/ports.h"
+#include "storage/settings.h"
+
+#include <string>
+
+namespace tarveth {
+
+class GameRecord : public RecordPort {
+public:
+    // The references outlive the object. Folder: where the log goes, with its trailing separator.
+    GameRecord(const Game& game, const Settings& settings, PersonPort& person, std::string folder);
+
+    std::string GameTitle;    // as the game was last loaded or saved; empty for a game never saved
+    std::string GameFileName; // its full path
+
+    // Writes the log if "AutoSaveLog" is on; one that cannot be written gives a message box. Then title and
+    // file name are empty.
+    void BeginNewRecord() override;
+    // The game's own file with ".log" behind it, or "lastgame.log" in the folder.
+    std::string LogPath() const;
+
+private:
+    const Game& game_;
+    const Settings& settings_;
+    PersonPort& person_;
+    std::string folder_;
+};
+
+} // namespace tarveth
