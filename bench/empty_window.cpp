@@ -34,6 +34,8 @@ private:
     }
 };
 
+} // namespace
+
 class EmptyApp : public wxApp {
 public:
     bool OnInit() override {
@@ -57,7 +59,5 @@ public:
 private:
     bool exitAfterPaint_ = false;
 };
-
-} // namespace
 
 wxIMPLEMENT_APP(EmptyApp);

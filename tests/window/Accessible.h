@@ -26,7 +26,9 @@ struct AccessibleNode {
     std::string description;      // what is read out after it
     std::string text;             // the text in it, for labels and text boxes
     std::set<std::string> states; // "showing", "focused", "checked", "sensitive" ...
-    Rect extents;                 // on the screen; all zero where it has no place on it
+    // On the screen, in the toolkit's own units (half the pixels with GDK_SCALE=2); all zero while it is not
+    // shown.
+    Rect extents;
 
     [[nodiscard]] bool Has(const std::string& state) const { return states.contains(state); }
 };

@@ -5,6 +5,7 @@
 #include <gio/gio.h>
 
 #include <array>
+#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 #include <string_view>
@@ -12,7 +13,6 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <stdlib.h>
 #include <unistd.h>
 
 namespace tarveth::harness {

@@ -24,13 +24,15 @@ std::vector<std::string> MergedEnvironment(const std::map<std::string, std::stri
         }
     }
     for (const auto& [name, value] : additions) {
-        merged.push_back(name + "=" + value);
+        std::string& entry = merged.emplace_back(name);
+        entry.append("=").append(value);
     }
     return merged;
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) {
         pointers.push_back(text.data());
     }

@@ -1,11 +1,11 @@
 #include "tests/window/Program.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 #include <system_error>
 
-#include <stdlib.h>
 #include <unistd.h>
 
 namespace tarveth::harness {

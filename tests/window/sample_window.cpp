@@ -75,11 +75,11 @@ private:
     wxStaticText* label_ = nullptr;
 };
 
+} // namespace
+
 class SampleApp : public wxApp {
 public:
     bool OnInit() override { return (new SampleFrame)->Show(); }
 };
-
-} // namespace
 
 wxIMPLEMENT_APP(SampleApp);
