@@ -1,0 +1,394 @@
+// The turn state machine: what each state shows, what a pending square does in it, what an idle pass does.
+#include "tests/TestGame.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tarveth::test {
+namespace {
+
+void StartNetworkGame(TestGame& g, bool playingBlue) {
+    g.net.NetConnected = g.net.InGame = true;
+    g.net.PlayingBlue = playingBlue;
+}
+
+TEST(GameStates, EachShowsItsPromptFiveAndSevenLeaveItAsItIs) {
+    TestGame g;
+    const auto prompt = [&](std::int16_t state) {
+        g.port.prompt = "as it was";
+        g.main.SetGameState(state);
+        EXPECT_EQ(g.game.GameState, state);
+        return g.port.prompt;
+    };
+    EXPECT_EQ(prompt(1), "Pick piece");
+    EXPECT_EQ(prompt(2), "Place piece");
+    EXPECT_EQ(prompt(3), "Return piece");
+    EXPECT_EQ(prompt(4), "Allow Return");
+    EXPECT_EQ(prompt(5), "as it was");
+    EXPECT_EQ(prompt(6), "Get Board");
+    EXPECT_EQ(prompt(7), "as it was");
+    EXPECT_EQ(prompt(8), "Game Over");
+}
+
+TEST(GameStates, TheMarkerShowsInStateTwoOnly) {
+    TestGame g;
+    for (std::int16_t state = 1; state <= 8; ++state) {
+        g.port.marker = state != 2;
+        g.main.SetGameState(state);
+        EXPECT_EQ(g.port.marker, state == 2) << state;
+    }
+}
+
+TEST(GameStates, ValuesOutsideOneToEightAreOnlyStored) {
+    TestGame g;
+    g.port.prompt = "as it was";
+    g.port.marker = true;
+    for (const std::int16_t state : {std::int16_t{0}, std::int16_t{9}, std::int16_t{-1}}) {
+        g.main.SetGameState(state);
+        EXPECT_EQ(g.game.GameState, state);
+    }
+    EXPECT_EQ(g.port.prompt, "as it was");
+    EXPECT_TRUE(g.port.marker);
+}
+
+// One row a state: where an idle pass leads, and where a pass with a square pending leads. The square is 1A,
+// where an own piece stands; the selected piece stands two squares from it.
+struct Transition {
+    std::int16_t state;
+    std::int16_t afterIdle;
+    std::int16_t afterSquare;
+};
+
+class Transitions : public testing::TestWithParam<Transition> {
+protected:
+    // A Master has just been taken by the Master at 1C, and a Pawn is in the jail.
+    TestGame g{"turn B | BO 1A | BM 1C | RM 8H | jail BP RM"};
+
+    void SetUp() override {
+        g.game.CurPiece = 1;
+        g.game.CapturedPiece = 15;
+        g.game.ReturnKind = Pawn;
+        g.game.ReturnSlot = 1;
+        g.game.ReturnName = "Pawn";
+        g.game.GameState = GetParam().state;
+    }
+};
+
+TEST_P(Transitions, OfAnIdlePass) {
+    EXPECT_EQ(g.main.Pass(), GetParam().afterIdle != 0);
+    EXPECT_EQ(g.game.GameState, GetParam().afterIdle);
+}
+
+TEST_P(Transitions, OfAPassWithASquarePending) {
+    g.game.ClickX = g.game.ClickY = 1;
+    const Game before = g.game;
+    EXPECT_EQ(g.main.Pass(), GetParam().afterSquare != 0);
+    EXPECT_EQ(g.game.GameState, GetParam().afterSquare);
+    EXPECT_EQ(g.game.ClickX, 0);
+    EXPECT_EQ(g.game.ClickY, 0);
+    if (GetParam().state >= 4) {
+        EXPECT_EQ(g.game.PieceTable, before.PieceTable);
+        EXPECT_EQ(g.game.JailTable, before.JailTable);
+        EXPECT_EQ(g.game.lstHistory, before.lstHistory);
+    }
+}
+
+// In state 2 the Master takes its own Officer. In state 3 the square is not free. In state 7 the pass first
+// goes on to state 1, which then takes the square.
+INSTANTIATE_TEST_SUITE_P(GameStates, Transitions,
+                         testing::Values(Transition{0, 0, 0}, Transition{1, 1, 2}, Transition{2, 2, 4},
+                                         Transition{3, 3, 3}, Transition{4, 3, 4}, Transition{5, 1, 5},
+                                         Transition{6, 6, 6}, Transition{7, 1, 2}, Transition{8, 8, 8}),
+                         [](const auto& row) { return "State" + std::to_string(row.param.state); });
+
+TEST(MainLoop, TheFirstPassAfterANewGameGoesOn) {
+    TestGame g;
+    EXPECT_TRUE(g.main.Pass());
+    EXPECT_EQ(g.game.GameState, 1);
+}
+
+TEST(MainLoop, StateZeroEndsIt) {
+    TestGame g;
+    CreatePieces(g.game);
+    EXPECT_FALSE(g.main.Pass());
+    g.main.RunPasses();
+    EXPECT_EQ(g.game.GameState, 0);
+}
+
+TEST(MainLoop, StateZeroReportsNoVictory) {
+    TestGame g("turn B | jail RM RM RM");
+    g.game.GameState = 0;
+    EXPECT_FALSE(g.main.Pass());
+    EXPECT_EQ(g.game.GameState, 0);
+    EXPECT_TRUE(g.port.gameEndSounds.empty());
+}
+
+TEST(MainLoop, NoVictoryIsLookedForWhileTheBoardArrives) {
+    TestGame g("turn B | jail RM RM RM");
+    g.game.GameState = 6;
+    g.main.Pass();
+    EXPECT_EQ(g.game.GameState, 6);
+    g.game.GameState = 7;
+    g.main.Pass();
+    EXPECT_EQ(g.game.GameState, 8);
+}
+
+TEST(MainLoop, WaitingForTheBoardSaysSo) {
+    TestGame g;
+    g.game.GameState = 6;
+    g.game.ClickX = g.game.ClickY = 1;
+    g.main.Pass();
+    EXPECT_EQ(g.port.message, "Getting updated board information.");
+    EXPECT_EQ(g.port.beeps, 0);
+}
+
+TEST(MainLoop, AnArrivedBoardIsDrawnAndPlayMayCommence) {
+    TestGame g;
+    g.game.GameState = 7;
+    const int redraws = g.port.redraws;
+    g.main.RunPasses();
+    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.port.redraws, redraws + 1);
+    EXPECT_EQ(g.port.prompt, "Pick piece");
+    EXPECT_EQ(g.port.message, "Play may commence.");
+}
+
+TEST(MainLoop, AClickAfterTheEndOfTheGameDoesNothingAndIsCleared) {
+    TestGame g("turn B | BM 4D | jail RM RM RM");
+    g.main.RunPasses();
+    ASSERT_EQ(g.game.GameState, 8);
+    const Game before = g.game;
+    g.game.ClickX = g.game.ClickY = 4;
+    g.main.RunPasses();
+    EXPECT_EQ(g.game, before);
+}
+
+TEST(MainLoop, TheEndOfTheGameLastsUntilTheNextNewGame) {
+    TestGame g("turn B | BM 4D | jail RM RM RM");
+    g.main.RunPasses();
+    g.Move("4D", "4E");
+    EXPECT_EQ(g.game.GameState, 8);
+    g.main.NewGame();
+    g.main.RunPasses();
+    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.VictoryText, "");
+}
+
+TEST(MainLoop, AWholeTurnPassesThroughItsStates) {
+    TestGame g("turn B | BM 4D | RO 4E | RM 8H | jail BP");
+    g.ClickOnePass("4D");
+    EXPECT_EQ(g.game.GameState, 2);
+    g.ClickOnePass("4E");
+    EXPECT_EQ(g.game.GameState, 4);
+    g.main.Pass();
+    EXPECT_EQ(g.game.GameState, 3);
+    g.ClickOnePass("1A");
+    EXPECT_EQ(g.game.GameState, 5);
+    g.main.Pass();
+    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.Turn, Red);
+}
+
+TEST(MainLoop, AtRestThereIsNothingToDo) {
+    TestGame g;
+    EXPECT_FALSE(g.main.HasWork());
+    for (const std::int16_t state : {std::int16_t{4}, std::int16_t{5}, std::int16_t{7}}) {
+        g.game.GameState = state;
+        EXPECT_TRUE(g.main.HasWork()) << state;
+    }
+    for (const std::int16_t state : {std::int16_t{1}, std::int16_t{2}, std::int16_t{6}, std::int16_t{8}}) {
+        g.game.GameState = state;
+        EXPECT_FALSE(g.main.HasWork()) << state;
+    }
+    g.game.ClickX = g.game.ClickY = 1;
+    EXPECT_TRUE(g.main.HasWork());
+    g.game.ClearClick();
+    g.net.RemoteX = "1|";
+    EXPECT_TRUE(g.main.HasWork());
+}
+
+TEST(Turns, ChangeSidesAfterARedraw) {
+    TestGame g;
+    g.port.calls.clear();
+    g.main.EndTurn();
+    EXPECT_EQ(g.game.Turn, Red);
+    EXPECT_EQ(g.port.calls, (std::vector<std::string>{"redraw", "player Red"}));
+    g.main.EndTurn();
+    EXPECT_EQ(g.game.Turn, Blue);
+}
+
+TEST(Turns, TheFirstOneGoesToBlueWithoutARedraw) {
+    TestGame g;
+    CreatePieces(g.game);
+    g.port.calls.clear();
+    g.main.EndTurn();
+    EXPECT_EQ(g.game.Turn, Blue);
+    EXPECT_EQ(g.port.calls, std::vector<std::string>{"player Blue"});
+}
+
+TEST(Turns, ShowTheSideInItsColourAndAskForAPiece) {
+    TestGame g;
+    g.game.GameState = 5;
+    g.main.SetTurn(Red);
+    EXPECT_EQ(g.port.player, "Red");
+    EXPECT_EQ(g.port.playerColour, 0x0000FFU); // red in the low byte
+    EXPECT_EQ(g.game.GameState, 1);
+    g.main.SetTurn(Blue);
+    EXPECT_EQ(g.port.player, "Blue");
+    EXPECT_EQ(g.port.playerColour, 0xFF0000U);
+}
+
+TEST(Turns, AStatusIsShownWithABeep) {
+    TestGame g;
+    g.main.ShowStatus("text");
+    EXPECT_EQ(g.port.message, "text");
+    EXPECT_EQ(g.port.beeps, 1);
+}
+
+TEST(NetworkMoves, SelectionAndDestinationAreSentBeforeTheyAreHandled) {
+    TestGame g("turn B | BM 4G | RM 8A");
+    StartNetworkGame(g, true);
+    g.Move("4G", "4F");
+    EXPECT_EQ(g.port.sent, (std::vector<std::string>{"M(4, 7)", "M(4, 6)"}));
+}
+
+TEST(NetworkMoves, RefusedClicksAreSentAsWell) {
+    TestGame g("turn B | BM 4G | RM 8A");
+    StartNetworkGame(g, true);
+    g.Click("8A");
+    g.Move("4G", "5F");
+    EXPECT_EQ(g.port.sent, (std::vector<std::string>{"M(8, 1)", "M(4, 7)", "M(5, 6)"}));
+}
+
+TEST(NetworkMoves, NothingIsSentInALocalGame) {
+    for (const bool connected : {false, true}) {
+        TestGame g("turn B | BM 4G | RM 8A");
+        g.net.NetConnected = connected;
+        g.net.InGame = !connected;
+        g.Move("4G", "4F");
+        EXPECT_TRUE(g.port.sent.empty());
+    }
+}
+
+TEST(NetworkReturns, AreSentWithSquarePieceAndSlot) {
+    TestGame g("turn B | BM 4D | RO 4E | jail RP BP");
+    StartNetworkGame(g, true);
+    g.Move("4D", "4E");
+    g.port.sent.clear();
+    g.Click("2G");
+    EXPECT_EQ(g.port.sent, std::vector<std::string>{"R(2,7,8,2)"});
+    EXPECT_EQ(g.game.Turn, Red);
+}
+
+TEST(NetworkReturns, ARefusedReturnSquareIsNotSent) {
+    TestGame g("turn B | BM 4D | RO 4E | jail BP");
+    StartNetworkGame(g, true);
+    g.Move("4D", "4E");
+    g.port.sent.clear();
+    g.Click("4E");
+    EXPECT_TRUE(g.port.sent.empty());
+    EXPECT_EQ(g.game.GameState, 3);
+}
+
+TEST(NetworkReturns, TheWaitingPlayerIsAskedNothingAndMayNotPlaceIt) {
+    TestGame g("turn B | BM 4D | RM 4E | jail BP BO");
+    StartNetworkGame(g, false);
+    g.net.RemoteX = "4|4|";
+    g.net.RemoteY = "4|5|";
+    g.main.RunPasses();
+    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.port.returnQuestions, 0);
+    g.game.ClickX = g.game.ClickY = 1;
+    g.main.RunPasses();
+    EXPECT_EQ(g.port.message, "Waiting for placement of returned piece.");
+    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.ClickX, 0);
+    EXPECT_EQ(g.On("1A"), 0);
+    EXPECT_TRUE(g.port.sent.empty());
+}
+
+TEST(NetworkReturns, RedPlacesItsOwnInANetworkGame) {
+    TestGame g("turn R | RM 4D | BO 4E | jail RP");
+    StartNetworkGame(g, false);
+    g.Move("4D", "4E");
+    g.Click("1A");
+    EXPECT_EQ(g.On("1A"), 21);
+    EXPECT_EQ(g.port.sent.back(), "R(1,1,21,1)");
+}
+
+TEST(NetworkReturns, TheWaitingSideEndsTheTurnWhenNoneIsDue) {
+    TestGame none("turn B | BM 4D | RM 4E | jail BM");
+    StartNetworkGame(none, false);
+    none.net.RemoteX = "4|4|";
+    none.net.RemoteY = "4|5|";
+    none.main.RunPasses();
+    EXPECT_EQ(none.game.GameState, 1);
+    EXPECT_EQ(none.game.Turn, Red);
+
+    TestGame ownSide("turn B | BM 4D | BO 4E | jail BP");
+    StartNetworkGame(ownSide, false);
+    ownSide.net.RemoteX = "4|4|";
+    ownSide.net.RemoteY = "4|5|";
+    ownSide.main.RunPasses();
+    EXPECT_EQ(ownSide.game.GameState, 1);
+    EXPECT_EQ(ownSide.game.Turn, Red);
+}
+
+class AwaitedReturn : public testing::Test {
+protected:
+    TestGame g{"turn B | BM 4D | RM 4E | RM 8H | jail BP BO"};
+
+    void SetUp() override {
+        StartNetworkGame(g, false);
+        g.game.ReturnKind = Officer; // left from an earlier return
+        g.game.ReturnSlot = 9;
+        g.net.RemoteX = "4|4|";
+        g.net.RemoteY = "4|5|";
+        g.main.RunPasses();
+        g.port.returnChoice = 2;
+    }
+};
+
+TEST_F(AwaitedReturn, BecomesTheLocalPlayersWhenTheLinkEnds) {
+    g.net.InGame = false;
+    g.main.RunPasses();
+    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.port.returnQuestions, 1);
+    g.Click("1A");
+    EXPECT_EQ(g.On("1A"), 4);
+    EXPECT_EQ(g.game.Turn, Red);
+}
+
+TEST_F(AwaitedReturn, BecomesTheLocalPlayersWhenThePlayersSwapSides) {
+    g.net.PlayingBlue = true;
+    g.main.RunPasses();
+    EXPECT_EQ(g.port.returnQuestions, 1);
+    g.Click("1A");
+    EXPECT_EQ(g.On("1A"), 4);
+    EXPECT_EQ(g.port.sent, std::vector<std::string>{"R(1,1,4,2)"});
+}
+
+TEST_F(AwaitedReturn, StaysTheOpponentsOtherwise) {
+    g.main.RunPasses();
+    EXPECT_FALSE(g.main.HasWork());
+    EXPECT_EQ(g.port.returnQuestions, 0);
+    EXPECT_EQ(g.game.GameState, 3);
+}
+
+TEST(Robustness, PassesOverAnEmptyGameDoNothing) {
+    for (std::int16_t state = 0; state <= 9; ++state) {
+        if (state == 2) // no piece is ever selected without pieces
+            continue;
+        TestGame g;
+        g.game = Game{};
+        g.game.GameState = state;
+        g.game.ClickX = g.game.ClickY = 4;
+        EXPECT_NO_THROW(g.main.RunPasses()) << state;
+        EXPECT_EQ(g.game.ClickX, 0) << state;
+    }
+}
+
+} // namespace
+} // namespace tarveth::test
