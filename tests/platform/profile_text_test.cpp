@@ -55,7 +55,7 @@ TEST(ProfileText, ALoneCarriageReturnEndsALineToo) {
 }
 
 TEST(ProfileText, AZeroByteEndsWhatIsReadOfItsLine) {
-    const platform::ProfileText profile(std::string("[A]\r\nk=1\0 2\r\nj=3\r\n", 19));
+    const platform::ProfileText profile(std::string("[A]\r\nk=1\0 2\r\nj=3\r\n", 18));
     EXPECT_EQ(profile.Find("A", "k"), "1");
     EXPECT_EQ(profile.Find("A", "j"), "3");
     EXPECT_FALSE(platform::ProfileText().Put("A", "k", std::string_view("1\0 2", 4)));
