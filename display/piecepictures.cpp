@@ -15,7 +15,7 @@ namespace tarveth {
 
 namespace {
 
-constexpr std::uintmax_t kLargestFile = 4 * 1024 * 1024; // a picture of the largest size with room to spare
+constexpr std::uintmax_t kLargestFile = 4'194'304; // a picture of the largest size with room to spare
 
 PixelBuffer ReadPictureFile(const std::string& path) {
     const std::string bytes = platform::ReadWholeFile(path, kLargestFile);

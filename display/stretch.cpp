@@ -23,7 +23,6 @@ constexpr std::uint32_t kWhole = 256;
 std::vector<Cover> CoverEdge(int fromLength, int toLength) {
     std::vector<Cover> covers;
     covers.reserve(static_cast<std::size_t>(toLength));
-    const double ratio = static_cast<double>(fromLength) / toLength;
     for (int i = 0; i < toLength; ++i) {
         // Cut in whole arithmetic, so that edges that meet exactly do.
         const std::int64_t start = std::int64_t{i} * fromLength;
@@ -34,11 +33,12 @@ std::vector<Cover> CoverEdge(int fromLength, int toLength) {
             covers.push_back({first, last, kWhole, 0, 0});
             continue;
         }
-        const double firstShare =
-            static_cast<double>(std::int64_t{first + 1} * toLength - start) / toLength / ratio;
-        const auto firstWeight = static_cast<std::uint32_t>(firstShare * kWhole + 0.5);
+        const std::int64_t firstShare = std::int64_t{first + 1} * toLength - start; // of fromLength
+        const auto firstWeight =
+            static_cast<std::uint32_t>((firstShare * kWhole + fromLength / 2) / fromLength);
         const int inner = last - first - 1;
-        const auto innerWeight = inner == 0 ? 0 : static_cast<std::uint32_t>(kWhole / ratio);
+        const auto innerWeight =
+            inner == 0 ? 0 : static_cast<std::uint32_t>(std::int64_t{toLength} * kWhole / fromLength);
         const std::uint32_t used = firstWeight + innerWeight * static_cast<std::uint32_t>(inner);
         covers.push_back({first, last, firstWeight, kWhole - std::min(used, kWhole), innerWeight});
     }

@@ -33,6 +33,7 @@ public:
     }
     friend constexpr Currency operator+(Currency a, Currency b) { return a += b; }
     friend constexpr Currency operator-(Currency a, Currency b) { return a += -b; }
+    // NOLINTNEXTLINE(modernize-use-nullptr): the linter takes the comparison's own 0 for a pointer
     friend constexpr auto operator<=>(Currency, Currency) = default;
 
 private:

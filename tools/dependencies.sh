@@ -1,0 +1,41 @@
+# Sourced by run.sh and test.sh: makes sure that packages are there.
+# shellcheck shell=bash
+
+# need PACKAGE...: installs those that are missing, on Debian and its relatives; elsewhere says what to install.
+need() {
+    if ! command -v apt-get >/dev/null 2>&1; then
+        echo "This is not a Debian or Ubuntu system, so nothing is installed for you." >&2
+        echo "Please install what these Debian packages hold, if it is not there yet:" >&2
+        printf '  %s\n' "$@" >&2
+        return 0
+    fi
+    local missing=()
+    local package
+    for package in "$@"; do
+        if ! dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed; then
+            missing+=("$package")
+        fi
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        return 0
+    fi
+    local root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null 2>&1; then
+            echo "These packages are missing, and there is no sudo to install them with: ${missing[*]}" >&2
+            return 1
+        fi
+        root=(sudo)
+    fi
+    echo "Installing ${missing[*]}"
+    "${root[@]}" apt-get update -qq || return 1
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" ||
+        return 1
+}
+
+# What the game itself is built with.
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev)
+
+# The window tests' desktop without a screen, and their hands and eyes.
+WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core
+    libatspi2.0-dev libxtst-dev libxdamage-dev)
