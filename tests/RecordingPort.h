@@ -29,6 +29,7 @@ public:
     int boardsSent = 0;
     int returnQuestions = 0;
     int returnChoice = 1; // what ChooseReturn answers: 1 Pawn, 2 Officer
+    int returnSide = 0;   // whose pieces it offered last
     std::vector<bool> gameEndSounds;
     std::vector<bool> victoriesAnnounced; // true for Blue
     std::vector<std::string> sent;        // in-game messages
@@ -65,8 +66,9 @@ public:
     void ShowMessageBox(std::string_view text) override { boxes.emplace_back(text); }
     void Beep() override { ++beeps; }
     void GameEndSound(bool localPlayerWon) override { gameEndSounds.push_back(localPlayerWon); }
-    int ChooseReturn(std::int16_t) override {
+    int ChooseReturn(std::int16_t side) override {
         ++returnQuestions;
+        returnSide = side;
         if (onChooseReturn)
             onChooseReturn();
         return returnChoice;

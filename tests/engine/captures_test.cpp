@@ -140,6 +140,21 @@ TEST(Returns, ForAMasterThePlayerChoosesWhenBothKindsAreJailed) {
     EXPECT_EQ(officer.game.ReturnName, "Officer");
 }
 
+TEST(Returns, TheChoiceIsAmongThePiecesOfTheSideToMove) {
+    TestGame blue("turn B | BM 4D | RM 4E | jail BO BP");
+    blue.Move("4D", "4E");
+    EXPECT_EQ(blue.port.returnSide, Blue);
+    TestGame red("turn R | RM 4D | BM 4E | jail RO RP");
+    red.Move("4D", "4E");
+    EXPECT_EQ(red.port.returnSide, Red);
+}
+
+TEST(Returns, ForAPawnNothingEverComesBack) {
+    const TestGame g("turn B | BM 4D | jail BP BO RP");
+    EXPECT_FALSE(FindReturnCandidates(g.game, 21).Any());
+    EXPECT_TRUE(FindReturnCandidates(g.game, 17).Any());
+}
+
 TEST(Returns, TheEarliestJailedOfTheOwnSideIsTheCandidate) {
     TestGame g("turn B | BM 4D | RM 4E | jail RP RO BM BP BO BP BO");
     const ReturnCandidates candidates = FindReturnCandidates(g.game, 14);

@@ -247,11 +247,36 @@ TEST(Turns, AStatusIsShownWithABeep) {
     EXPECT_EQ(g.port.beeps, 1);
 }
 
-TEST(NetworkMoves, SelectionAndDestinationAreSentBeforeTheyAreHandled) {
+TEST(NetworkMoves, SelectionAndDestinationAreSent) {
     TestGame g("turn B | BM 4G | RM 8A");
     StartNetworkGame(g, true);
     g.Move("4G", "4F");
     EXPECT_EQ(g.port.sent, (std::vector<std::string>{"M(4, 7)", "M(4, 6)"}));
+}
+
+TEST(NetworkMoves, ASquareIsSentBeforeItIsHandled) {
+    class StatePort : public RecordingPort {
+    public:
+        explicit StatePort(const Game& game) : game_(game) {}
+        void SendGameMessage(std::string_view) override { states.push_back(game_.GameState); }
+        std::vector<int> states;
+
+    private:
+        const Game& game_;
+    };
+    Game game;
+    NetGame net;
+    Settings settings;
+    settings.AnimateMoves = 0;
+    StatePort port(game);
+    modMAIN main(game, net, settings, Ports{port, port, port, port, port});
+    SetPosition(game, "turn B | BM 4G | RM 8A");
+    net.NetConnected = net.InGame = true;
+    for (const char* square : {"4G", "4F"}) {
+        main.DepositSquare(SquareOf(square));
+        main.RunPasses();
+    }
+    EXPECT_EQ(port.states, (std::vector<int>{1, 2}));
 }
 
 TEST(NetworkMoves, RefusedClicksAreSentAsWell) {
@@ -353,6 +378,7 @@ protected:
 
 TEST_F(AwaitedReturn, BecomesTheLocalPlayersWhenTheLinkEnds) {
     g.net.InGame = false;
+    EXPECT_TRUE(g.main.HasWork());
     g.main.RunPasses();
     EXPECT_EQ(g.game.GameState, 3);
     EXPECT_EQ(g.port.returnQuestions, 1);

@@ -103,6 +103,20 @@ TEST(Moves, AKnightlikeOffsetIsABadDiagonalNotTooManySquares) {
     ExpectRefused("turn B | BP 4D", "4D", "6F", kTooMany);
 }
 
+TEST(Moves, EachModeHasItsOwnDiagonalLimit) {
+    TestGame controlledOnly("turn B | BM 5C | RO 4D | RO 8H");
+    SetPiece(controlledOnly.game, 17, Red, Officer, 2, 0, 2, 1);
+    ExpectMoved(controlledOnly, "4D", "3E");
+    controlledOnly.game.lstHistory.clear();
+    ExpectRefused(controlledOnly, "3E", "2F", kNoDiagonal);
+
+    TestGame ownOnly("turn R | BM 5C | RO 3E");
+    SetPiece(ownOnly.game, 17, Red, Officer, 2, 1, 2, 0);
+    ExpectMoved(ownOnly, "3E", "4D");
+    ownOnly.game.lstHistory.clear();
+    ExpectRefused(ownOnly, "4D", "3C", kNoDiagonal);
+}
+
 TEST(Moves, DistanceIsJudgedBeforeBlockers) {
     ExpectRefused("turn B | BO 4D | RP 4E", "4D", "4G", kTooMany);
     ExpectRefused("turn B | BO 4D | RP 4E", "4D", "4F", "There is a Red Pawn blocking your move.");

@@ -202,6 +202,16 @@ TEST(Pieces, AJailedPieceStandsNowhere) {
     EXPECT_EQ(PieceOn(game, {4, 8}), 0);
 }
 
+TEST(Pieces, JailedOnesAreCountedBySideAndKindAnUnknownKindAsAPawn) {
+    TestGame g("turn B | jail BP BO BP RP BM");
+    g.game.JailTable[1].Kind = 5;
+    EXPECT_EQ(CountJailed(g.game, Blue, Pawn), 2);
+    EXPECT_EQ(CountJailed(g.game, Blue, Officer), 1);
+    EXPECT_EQ(CountJailed(g.game, Blue, Master), 1);
+    EXPECT_EQ(CountJailed(g.game, Red, Pawn), 1);
+    EXPECT_EQ(CountJailed(Game{}, Red, Pawn), 0);
+}
+
 TEST(Pieces, ValuesOutsideTheirRangeReadAsRedAndPawn) {
     EXPECT_EQ(SideName(1), "Blue");
     EXPECT_EQ(SideName(2), "Red");
