@@ -23,6 +23,8 @@ BoardDisplay::BoardDisplay(Game& game, const Settings& settings, PiecePictures& 
     : game_(game), settings_(settings), pictures_(pictures), person_(person), port_(port) {}
 
 void BoardDisplay::SetDisplaySize(int boardEdge, int jailHeight) {
+    if (boardEdge == picDisplay.Pixels.Width() && jailHeight == picDisplayJail.Pixels.Height())
+        return;
     picDisplay.SetSize(boardEdge * kTwipsPerPixelX, boardEdge * kTwipsPerPixelY);
     picDisplayJail.SetSize(boardEdge * kTwipsPerPixelX, jailHeight * kTwipsPerPixelY);
     PresentBoard();

@@ -35,6 +35,10 @@ wxString ToWx(std::string_view text) {
     return wxString::FromUTF8(text.data(), text.size());
 }
 
+void NameControl(wxWindow* control, const std::string& given, const std::string& spoken) {
+    platform::SetAccessible(control->GetHandle(), given, spoken);
+}
+
 void Place(wxWindow* window, const LayoutBox& box) {
     window->SetSize(box.x, box.y, box.width, box.height);
 }
@@ -56,8 +60,6 @@ void PlaceLine(wxStaticText* label, const LayoutBox& box) {
 frmMain::frmMain() : wxFrame(nullptr, wxID_ANY, "Tarveth"), Timer1(this) {
     CreateMenus();
     CreateControls();
-    NameControls();
-    TakeThemeColours();
     const LayoutBox inside = SizeForBoard(FromDIP(kFirstBoardEdge), Metrics());
     SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
     SetClientSize(inside.width, inside.height);
@@ -104,53 +106,56 @@ void frmMain::CreateMenus() {
     });
 }
 
+wxStaticText* frmMain::NewLabel(const wxString& text) {
+    return new wxStaticText(surface, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE);
+}
+
 void frmMain::CreateControls() {
-    surface = new wxWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "surface");
+    surface = new wxWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL);
     picDisplay = new BoardView(surface);
-    picDisplayJail = new PictureView(surface, "picDisplayJail");
-    const auto label = [this](const char* name, const char* text = "") {
-        return new wxStaticText(surface, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
-                                name);
-    };
-    for (std::size_t i = 0; i < 8; ++i) {
-        lblGrid[i] = label("lblGrid");
-        lblGrid[i]->SetLabel(wxString(static_cast<char>('A' + i)));
-        lblGrid[i + 8] = label("lblGrid");
-        lblGrid[i + 8]->SetLabel(wxString(static_cast<char>('1' + i)));
-    }
-    Label1[0] = label("Label1", "Turn:");
-    Label1[1] = label("Label1", "Next:");
-    lblCurPlayer = label("lblCurPlayer");
+    picDisplayJail = new PictureView(surface);
+    Label1[0] = NewLabel("Turn:");
+    Label1[1] = NewLabel("Next:");
+    lblCurPlayer = NewLabel();
     lblCurPlayer->SetFont(GetFont().Scaled(1.5F).Bold());
-    lblMoveStatus = label("lblMoveStatus");
+    lblMoveStatus = NewLabel();
     lblMoveStatus->SetFont(GetFont().Bold());
-    lblMessage = label("lblMessage");
-    const auto line = [this](const char* name, long style) {
-        return new wxStaticLine(surface, wxID_ANY, wxDefaultPosition, wxDefaultSize, style, name);
+    lblMessage = NewLabel();
+    const auto line = [this](long style) {
+        return new wxStaticLine(surface, wxID_ANY, wxDefaultPosition, wxDefaultSize, style);
     };
-    linLeft = line("linLeft", wxLI_VERTICAL);
-    linRight = line("linRight", wxLI_VERTICAL);
-    linTop = line("linTop", wxLI_HORIZONTAL);
-    linBottom = line("linBottom", wxLI_HORIZONTAL);
-    Line1 = line("Line1", wxLI_HORIZONTAL);
+    linLeft = line(wxLI_VERTICAL);
+    linRight = line(wxLI_VERTICAL);
+    linTop = line(wxLI_HORIZONTAL);
+    linBottom = line(wxLI_HORIZONTAL);
+    Line1 = line(wxLI_HORIZONTAL);
+}
+
+// Sixteen labels and a list cost a tenth of the start, so they are made when they are first shown.
+void frmMain::CreateGridLabels() {
+    for (std::size_t i = 0; i < 8; ++i) {
+        lblGrid[i] = NewLabel(wxString(static_cast<char>('A' + i)));
+        lblGrid[i + 8] = NewLabel(wxString(static_cast<char>('1' + i)));
+    }
+    for (std::size_t i = 0; i < lblGrid.size(); ++i)
+        NameControl(lblGrid[i], "lblGrid(" + std::to_string(i) + ')', i < 8 ? "Row" : "Column");
+}
+
+void frmMain::CreateHistory() {
     lstHistory = new wxListBox(surface, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
-                               wxLB_SINGLE | wxLB_NEEDED_SB, wxDefaultValidator, "lstHistory");
+                               wxLB_SINGLE | wxLB_NEEDED_SB);
+    NameControl(lstHistory, "lstHistory", "Move history");
+    ShowHistory();
 }
 
 void frmMain::NameControls() {
-    const auto name = [](wxWindow* control, const std::string& given, const std::string& spoken) {
-        platform::SetAccessible(control->GetHandle(), given, spoken);
-    };
-    name(picDisplay, "picDisplay", "Board");
-    name(picDisplayJail, "picDisplayJail", "Jail");
-    name(lstHistory, "lstHistory", "Move history");
-    name(lblCurPlayer, "lblCurPlayer", "Player to move");
-    name(lblMoveStatus, "lblMoveStatus", "What to do next");
-    name(lblMessage, "lblMessage", "Message");
-    for (std::size_t i = 0; i < Label1.size(); ++i)
-        name(Label1[i], "Label1(" + std::to_string(i) + ')', "Caption");
-    for (std::size_t i = 0; i < lblGrid.size(); ++i)
-        name(lblGrid[i], "lblGrid(" + std::to_string(i) + ')', i < 8 ? "Row" : "Column");
+    NameControl(picDisplay, "picDisplay", "Board");
+    NameControl(picDisplayJail, "picDisplayJail", "Jail");
+    NameControl(lblCurPlayer, "lblCurPlayer", "Player to move");
+    NameControl(lblMoveStatus, "lblMoveStatus", "What to do next");
+    NameControl(lblMessage, "lblMessage", "Message");
+    NameControl(Label1[0], "Label1(0)", "Caption");
+    NameControl(Label1[1], "Label1(1)", "Caption");
 }
 
 void frmMain::Connect(const MainWindowParts& parts) {
@@ -159,6 +164,7 @@ void frmMain::Connect(const MainWindowParts& parts) {
     TakeThemeColours();
     ApplyDisplaySettings();
     picDisplay->SetFocus();
+    CallAfter([this] { NameControls(); }); // nobody reads them before the window is there
 }
 
 // In a dark theme the side's pure colour would be lost on its ground, so the player's name keeps a light one.
@@ -196,7 +202,7 @@ void frmMain::LayOut() {
     const MainLayout layout = LayOutMainWindow(inside.x, inside.y, Metrics());
     Place(picDisplay, layout.display);
     Place(picDisplayJail, layout.displayJail);
-    for (std::size_t i = 0; i < lblGrid.size(); ++i)
+    for (std::size_t i = 0; i < lblGrid.size() && lblGrid[i] != nullptr; ++i)
         CentreLabel(lblGrid[i], layout.grid[i]);
     PlaceLine(Label1[0], layout.playerCaption);
     PlaceLine(lblCurPlayer, layout.player);
@@ -206,7 +212,8 @@ void frmMain::LayOut() {
     PlaceLine(lblMoveStatus, layout.status);
     Place(lblMessage, layout.message);
     Place(Line1, layout.separator);
-    Place(lstHistory, layout.history);
+    if (lstHistory != nullptr)
+        Place(lstHistory, layout.history);
     const LayoutBox& board = layout.display;
     Place(linLeft, {board.x - kFrameLine, board.y, kFrameLine, board.height});
     Place(linRight, {board.Right(), board.y, kFrameLine, board.height});
@@ -220,14 +227,21 @@ void frmMain::LayOut() {
 void frmMain::ApplyDisplaySettings() {
     ShowGridLabels();
     const bool history = parts_->settings.History != 0;
-    lstHistory->Show(history);
+    if (history && lstHistory == nullptr)
+        CreateHistory();
+    if (lstHistory != nullptr)
+        lstHistory->Show(history);
     Line1->Show(history);
     LayOut();
 }
 
 void frmMain::ShowGridLabels() {
-    for (wxStaticText* label : lblGrid)
-        label->Show(parts_->settings.GridLabels != 0);
+    const bool visible = parts_->settings.GridLabels != 0;
+    if (visible && lblGrid[0] == nullptr)
+        CreateGridLabels();
+    if (lblGrid[0] != nullptr)
+        for (wxStaticText* label : lblGrid)
+            label->Show(visible);
 }
 
 void frmMain::CheckBoardVariant() {
@@ -269,6 +283,8 @@ void frmMain::ShowMarker(bool visible) {
 }
 
 void frmMain::ShowHistory() {
+    if (lstHistory == nullptr)
+        return;
     const std::vector<std::string>& lines = parts_->game.lstHistory;
     if (lines.size() == lstHistory->GetCount() + 1) { // one more line than a moment ago
         lstHistory->Append(ToWx(lines.back()));

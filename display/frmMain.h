@@ -72,7 +72,10 @@ public:
 private:
     void CreateMenus();
     void CreateControls();
+    void CreateGridLabels();
+    void CreateHistory();
     void NameControls();
+    wxStaticText* NewLabel(const wxString& text = {});
     LayoutMetrics Metrics() const;
     void LayOut();
     void TakeThemeColours();
@@ -94,8 +97,8 @@ private:
     wxWindow* surface = nullptr; // holds all the controls
     BoardView* picDisplay = nullptr;
     PictureView* picDisplayJail = nullptr;
-    wxListBox* lstHistory = nullptr;
-    std::array<wxStaticText*, 16> lblGrid{};
+    wxListBox* lstHistory = nullptr;         // none until first shown
+    std::array<wxStaticText*, 16> lblGrid{}; // likewise
     std::array<wxStaticText*, 2> Label1{};
     wxStaticText* lblCurPlayer = nullptr;
     wxStaticText* lblMoveStatus = nullptr;

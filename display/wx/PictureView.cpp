@@ -25,19 +25,22 @@ wxBitmap ToBitmap(const PixelBuffer& pixels, double contentScale) {
     return bitmap;
 }
 
-PictureView::PictureView(wxWindow* parent, const wxString& name, long style)
-    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, style, name) {
+PictureView::PictureView(wxWindow* parent, long style)
+    : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, style) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Bind(wxEVT_PAINT, &PictureView::OnPaint, this);
 }
 
 void PictureView::ShowPixels(const PixelBuffer& pixels) {
-    bitmap_ = ToBitmap(pixels, GetContentScaleFactor());
+    pixels_ = &pixels;
+    bitmap_ = {};
     Refresh(false);
 }
 
 void PictureView::OnPaint(wxPaintEvent&) {
     wxPaintDC dc(this);
+    if (!bitmap_.IsOk() && pixels_ != nullptr)
+        bitmap_ = ToBitmap(*pixels_, GetContentScaleFactor());
     if (bitmap_.IsOk())
         dc.DrawBitmap(bitmap_, 0, 0);
     PaintOver(dc);

@@ -13,9 +13,9 @@ wxBitmap ToBitmap(const PixelBuffer& pixels, double contentScale);
 
 class PictureView : public wxWindow {
 public:
-    PictureView(wxWindow* parent, const wxString& name, long style = 0);
+    explicit PictureView(wxWindow* parent, long style = 0);
 
-    // Takes a copy of the pixels and paints it soon.
+    // Paints the pixels soon, as they then are. They outlive the window.
     void ShowPixels(const PixelBuffer& pixels);
 
 protected:
@@ -25,7 +25,8 @@ protected:
 private:
     void OnPaint(wxPaintEvent& event);
 
-    wxBitmap bitmap_;
+    const PixelBuffer* pixels_ = nullptr;
+    wxBitmap bitmap_; // of the pixels; none while they have changed since the last paint
 };
 
 } // namespace tarveth
