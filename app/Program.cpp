@@ -2,6 +2,8 @@
 
 #include "platform/program_folder.h"
 
+#include <filesystem>
+#include <system_error>
 #include <vector>
 
 #include <wx/display.h>
@@ -45,6 +47,9 @@ MainWindowParts Program::Parts() {
 }
 
 void Program::Start() {
+    // A title relative to the folder always means the same file.
+    std::error_code ignored;
+    std::filesystem::current_path(writableFolder_, ignored);
     LoadEverything();
     window_->Connect(Parts());
     main_.NewGame();
@@ -65,13 +70,22 @@ void Program::LoadEverything() {
     }
 }
 
+void Program::AddProblem(const std::string& text) {
+    if (!problems_.empty() && !text.empty())
+        problems_ += "\n\n";
+    problems_ += text;
+}
+
 void Program::ShowWindow() {
     WindowPosition position = window_->Position();
     LoadMainPosition(position, ini_, writableFolder_);
     window_->SetPosition(KeepOnScreen(position, ScreensInTwips()));
     window_->Show();
-    if (!problems_.empty())
-        window_->CallAfter([this] { window_->ShowMessageBox(problems_); });
+    window_->CallAfter([this] {
+        window_->TakeIcons(programFolder_);
+        if (!problems_.empty())
+            window_->ShowMessageBox(problems_);
+    });
 }
 
 void Program::SaveEverything(const WindowPosition& position) {

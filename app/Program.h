@@ -23,6 +23,7 @@ public:
 
 private:
     void LoadEverything();
+    void AddProblem(const std::string& text);
     void ShowWindow();
     void SaveEverything(const WindowPosition& position);
     MainWindowParts Parts();

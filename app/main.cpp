@@ -4,6 +4,7 @@
 
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include <wx/app.h>
@@ -30,16 +31,22 @@ private:
     std::unique_ptr<Program> program_;
 };
 
-// What the command line asks for instead of a game; nothing when it asks for the game.
-std::string AnswerTo(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        if (argument == "--version")
-            return std::string("Tarveth ") + kVersion + '\n';
-        if (argument == "--help")
-            return kUsage;
+// Answers the command line where it asks for something else than the game; nothing where the game is to
+// start.
+std::optional<int> Answer(int argc, char** argv) {
+    if (argc < 2)
+        return std::nullopt;
+    const std::string_view argument = argv[1];
+    if (argument == "--version") {
+        std::cout << "Tarveth " << kVersion << '\n';
+        return 0;
     }
-    return {};
+    if (argument == "--help") {
+        std::cout << kUsage;
+        return 0;
+    }
+    std::cerr << "tarveth: " << argument << " is not understood.\n" << kUsage;
+    return 2;
 }
 
 } // namespace
@@ -50,9 +57,7 @@ wxIMPLEMENT_APP_NO_MAIN(tarveth::TarvethApp);
 
 int main(int argc, char** argv) {
     // Answered before the toolkit looks for a screen.
-    if (const std::string answer = tarveth::AnswerTo(argc, argv); !answer.empty()) {
-        std::cout << answer;
-        return 0;
-    }
+    if (const std::optional<int> status = tarveth::Answer(argc, argv))
+        return *status;
     return wxEntry(argc, argv);
 }

@@ -9,6 +9,9 @@
 #include <cmath>
 
 #include <wx/evtloop.h>
+#include <wx/filefn.h>
+#include <wx/iconbndl.h>
+#include <wx/image.h>
 #include <wx/listbox.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
@@ -175,6 +178,19 @@ void frmMain::TakeThemeColours() {
         return;
     parts_->board.picJail.BackColor = Rgb(ground.Red(), ground.Green(), ground.Blue());
     parts_->board.RedrawBoard();
+}
+
+void frmMain::TakeIcons(const std::string& folder) {
+    wxImage::AddHandler(new wxPNGHandler);
+    wxIconBundle icons;
+    for (const int size : {16, 32, 48, 64, 128}) {
+        const wxString file = ToWx(folder) + "pics/tarveth-" + std::to_string(size) + ".png";
+        wxIcon icon;
+        if (wxFileExists(file) && icon.LoadFile(file, wxBITMAP_TYPE_PNG))
+            icons.AddIcon(icon);
+    }
+    if (!icons.IsEmpty())
+        SetIcons(icons);
 }
 
 LayoutMetrics frmMain::Metrics() const {

@@ -49,6 +49,9 @@ public:
     WindowPosition Position() const;
     void SetPosition(const WindowPosition& position);
 
+    // Takes the window's icons from pics/ in the folder (with its trailing separator), if they are there.
+    void TakeIcons(const std::string& folder);
+
     // Applies the display switches of the settings and places everything anew.
     void ApplyDisplaySettings();
     void ShowGridLabels();

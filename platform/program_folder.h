@@ -12,6 +12,9 @@ char PathSeparator();
 // The folder of the running executable, with a trailing separator.
 std::string ProgramFolder();
 
+// Whether a file can be created in the folder.
+bool CanCreateFileIn(const std::string& folder);
+
 // programFolder itself if a file can be created in it; else the user's own data folder of this program,
 // created if need be; programFolder again if neither can be written. With a trailing separator.
 std::string WritableFolder(const std::string& programFolder);

@@ -17,17 +17,6 @@ std::string WithSeparator(std::string folder) {
     return folder;
 }
 
-// Only trying tells: permission bits say nothing of a read-only disk.
-bool CanCreateFileIn(const std::string& folder) {
-    const std::string probe = WithSeparator(folder) + ".tarveth-probe-" + std::to_string(getpid());
-    const int file = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (file < 0)
-        return false;
-    close(file);
-    unlink(probe.c_str());
-    return true;
-}
-
 // Empty when the environment names no absolute folder; a relative one is to be ignored.
 std::string UserDataFolder() {
     const char* data = std::getenv("XDG_DATA_HOME");
@@ -49,6 +38,17 @@ std::string ProgramFolder() {
     std::error_code error;
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
     return WithSeparator(error ? "." : executable.parent_path().string());
+}
+
+// Only trying tells: permission bits say nothing of a read-only disk.
+bool CanCreateFileIn(const std::string& folder) {
+    const std::string probe = WithSeparator(folder) + ".tarveth-probe-" + std::to_string(getpid());
+    const int file = open(probe.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (file < 0)
+        return false;
+    close(file);
+    unlink(probe.c_str());
+    return true;
 }
 
 std::string WritableFolder(const std::string& programFolder) {
