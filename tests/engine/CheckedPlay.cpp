@@ -1,0 +1,154 @@
+#include "tests/engine/CheckedPlay.h"
+
+#include "engine/checkgame.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace tarveth::test {
+
+namespace {
+
+// By the state before a pass, the states that may follow it.
+bool IsTransition(int from, int to) {
+    switch (from) {
+    case kPickPiece:
+        return to == kPickPiece || to == kPlacePiece;
+    case kPlacePiece:
+        return to == kPlacePiece || to == kPickPiece || to == kAllowReturn || to == kTurnOver ||
+               to == kGameOver;
+    case kReturnPiece:
+        return to == kReturnPiece || to == kTurnOver;
+    case kAllowReturn:
+        return to == kReturnPiece || to == kTurnOver;
+    case kTurnOver:
+        return to == kPickPiece;
+    default:
+        return to == from;
+    }
+}
+
+int CountOnBoard(const Game& game) {
+    return static_cast<int>(std::count_if(game.PieceTable.begin() + 1, game.PieceTable.end(),
+                                          [](const PieceRecord& piece) { return !piece.InJail(); }));
+}
+
+void Require(bool holds, const char* what) {
+    if (!holds)
+        throw std::logic_error(what);
+}
+
+} // namespace
+
+CheckedPlay::CheckedPlay(std::int16_t boardVariant, std::uint64_t seed) : dice_(seed) {
+    table_.settings.BoardVariant = boardVariant;
+}
+
+void CheckedPlay::NewGame() {
+    table_.main.NewGame();
+    table_.port.calls.clear();
+    table_.port.gameEndSounds.clear();
+}
+
+bool CheckedPlay::PlayGame(int longest) {
+    NewGame();
+    for (int turn = 0; turn < longest && table_.game.GameState != kGameOver; ++turn)
+        PlayTurn();
+    return table_.game.GameState == kGameOver;
+}
+
+bool CheckedPlay::ClickThroughGame(int most) {
+    NewGame();
+    for (int click = 0; click < most && table_.game.GameState != kGameOver; ++click) {
+        table_.port.returnChoice = dice_.Between(1, 2);
+        ClickAnywhere();
+        while (table_.game.GameState == kAllowReturn || table_.game.GameState == kTurnOver)
+            Pass();
+    }
+    return table_.game.GameState == kGameOver;
+}
+
+void CheckedPlay::PlayTurn() {
+    const CompleteTurn turn = PickTurn();
+    if (dice_.Percent(15))
+        ClickAnywhere();
+    if (table_.game.GameState == kPlacePiece) // that has picked a piece: put it down
+        Click({table_.game.SelX, table_.game.SelY});
+    Click(turn.from);
+    table_.port.returnChoice = turn.returnKind == Officer ? 2 : 1;
+    Click(turn.to);
+    if (table_.game.GameState == kAllowReturn)
+        Pass();
+    if (table_.game.GameState == kReturnPiece) {
+        if (dice_.Percent(15))
+            Click(turn.to); // the mover stands there
+        Click(turn.returnTo);
+    }
+    Require((table_.game.GameState == kGameOver) == turn.wins, "the game ended otherwise than listed");
+    if (turn.wins)
+        return;
+    Require(table_.game.GameState == kTurnOver, "a listed turn was not taken");
+    Pass();
+}
+
+CompleteTurn CheckedPlay::PickTurn() {
+    const std::vector<CompleteTurn> turns = ListTurns(table_.game);
+    Require(!turns.empty(), "there is no turn");
+    const auto takesOpponent = [&](const CompleteTurn& turn) {
+        return turn.captured != 0 && table_.game.Piece(turn.captured).Side != table_.game.Turn;
+    };
+    const CompleteTurn& first = dice_.OneOf(turns);
+    if (takesOpponent(first) || dice_.Percent(20))
+        return first;
+    std::vector<CompleteTurn> captures;
+    std::copy_if(turns.begin(), turns.end(), std::back_inserter(captures), takesOpponent);
+    return captures.empty() ? first : dice_.OneOf(captures);
+}
+
+void CheckedPlay::ClickAnywhere() {
+    Click({dice_.Between(0, 9), dice_.Between(0, 9)});
+}
+
+void CheckedPlay::Click(Square square) {
+    table_.main.DepositSquare(square);
+    Pass();
+}
+
+void CheckedPlay::Pass() {
+    const Game& game = table_.game;
+    before_.pieces = game.PieceTable;
+    before_.jail = game.JailTable;
+    before_.turn = game.Turn;
+    before_.state = game.GameState;
+    before_.historyLength = game.lstHistory.size();
+    before_.beeps = table_.port.beeps;
+    table_.main.Pass();
+    table_.port.calls.clear();
+    CheckPass();
+    CheckRefusal();
+}
+
+void CheckedPlay::CheckPass() const {
+    const Game& game = table_.game;
+    const std::string fault = CheckGame(game);
+    Require(fault.empty(), fault.c_str());
+    Require(CountOnBoard(game) + game.JailCount() == kPieces, "a piece was lost");
+    Require(IsTransition(before_.state, game.GameState), "there is no such transition");
+    const bool turnEnded = before_.state == kTurnOver;
+    const std::int16_t expectedTurn = turnEnded ? std::int16_t{Opponent(before_.turn)} : before_.turn;
+    Require(game.Turn == expectedTurn, "the turn passed wrongly");
+    Require(game.ClickX == 0 && game.ClickY == 0, "a square was left waiting");
+}
+
+// A beep that leaves the state as it was tells of a refusal.
+void CheckedPlay::CheckRefusal() const {
+    const Game& game = table_.game;
+    if (game.GameState != before_.state || table_.port.beeps == before_.beeps)
+        return;
+    // The history only grows, so its length tells.
+    Require(game.PieceTable == before_.pieces && game.JailTable == before_.jail &&
+                game.lstHistory.size() == before_.historyLength,
+            "a refusal changed the position");
+}
+
+} // namespace tarveth::test
