@@ -39,3 +39,5 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev)
 # The window tests' desktop without a screen, and their hands and eyes.
 WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core
     libatspi2.0-dev libxtst-dev libxdamage-dev)
+
+FUZZ_PACKAGES=(clang libclang-rt-14-dev cmake ninja-build)
