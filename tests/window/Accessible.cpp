@@ -3,6 +3,7 @@
 #include <atspi/atspi.h>
 #include <gio/gio.h>
 
+#include <algorithm>
 #include <limits>
 #include <sstream>
 #include <stdexcept>
@@ -138,8 +139,10 @@ Rect Extents(GDBusConnection* bus, const Reference& control) {
     return extents.x == std::numeric_limits<int>::min() ? Rect{} : extents;
 }
 
-void ReadControl(GDBusConnection* bus, const Reference& control, int depth,
-                 std::vector<AccessibleNode>& nodes) {
+// Told about each control; true ends the reading.
+using Visit = std::function<bool(const AccessibleNode&, const Reference&)>;
+
+bool ReadControl(GDBusConnection* bus, const Reference& control, int depth, const Visit& visit) {
     AccessibleNode node;
     node.depth = depth;
     node.id = TextProperty(bus, control, "AccessibleId");
@@ -149,10 +152,12 @@ void ReadControl(GDBusConnection* bus, const Reference& control, int depth,
     node.text = Text(bus, control);
     node.states = States(bus, control);
     node.extents = Extents(bus, control);
-    nodes.push_back(std::move(node));
-    for (const Reference& child : Children(bus, control)) {
-        ReadControl(bus, child, depth + 1, nodes);
+    if (visit(node, control)) {
+        return true;
     }
+    const std::vector<Reference> children = Children(bus, control);
+    return std::any_of(children.begin(), children.end(),
+                       [&](const Reference& child) { return ReadControl(bus, child, depth + 1, visit); });
 }
 
 std::optional<Reference> FindProgram(GDBusConnection* bus, pid_t program) {
@@ -219,18 +224,25 @@ ScreenReader::ScreenReader(pid_t program)
 std::vector<AccessibleNode> ScreenReader::Read() const {
     std::vector<AccessibleNode> nodes;
     if (const auto program = FindProgram(bus_.get(), program_)) {
-        ReadControl(bus_.get(), *program, 0, nodes);
+        ReadControl(bus_.get(), *program, 0, [&](const AccessibleNode& node, const Reference&) {
+            nodes.push_back(node);
+            return false;
+        });
     }
     return nodes;
 }
 
 std::optional<AccessibleNode> ScreenReader::Find(const NodeCondition& condition) const {
-    for (const AccessibleNode& node : Read()) {
-        if (condition(node)) {
-            return node;
-        }
+    std::optional<AccessibleNode> found;
+    if (const auto program = FindProgram(bus_.get(), program_)) {
+        ReadControl(bus_.get(), *program, 0, [&](const AccessibleNode& node, const Reference&) {
+            if (condition(node)) {
+                found = node;
+            }
+            return found.has_value();
+        });
     }
-    return std::nullopt;
+    return found;
 }
 
 std::optional<AccessibleNode> ScreenReader::WaitFor(const NodeCondition& condition,
@@ -241,11 +253,26 @@ std::optional<AccessibleNode> ScreenReader::WaitFor(const NodeCondition& conditi
 }
 
 std::string ScreenReader::LabelText(const std::string& id) const {
-    const auto label = Find(WithId(id));
-    if (!label) {
+    if (const auto known = labels_.find(id); known != labels_.end()) {
+        const Reference label{known->second.first, known->second.second};
+        if (TextProperty(bus_.get(), label, "AccessibleId") == id) {
+            return Text(bus_.get(), label);
+        }
+    }
+    std::optional<std::string> text;
+    if (const auto program = FindProgram(bus_.get(), program_)) {
+        ReadControl(bus_.get(), *program, 0, [&](const AccessibleNode& node, const Reference& control) {
+            if (node.id == id) {
+                text = node.text;
+                labels_[id] = {control.program, control.path};
+            }
+            return text.has_value();
+        });
+    }
+    if (!text) {
         throw std::runtime_error("no control is called " + id + "\n" + Outline());
     }
-    return label->text;
+    return *text;
 }
 
 std::string ScreenReader::Outline() const {

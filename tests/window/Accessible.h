@@ -5,11 +5,13 @@
 #include "tests/window/Waiting.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <sys/types.h>
@@ -61,6 +63,8 @@ public:
 private:
     std::shared_ptr<_GDBusConnection> bus_;
     pid_t program_;
+    // Where the labels that were asked for are on the bus: program and path. Searching takes long.
+    mutable std::map<std::string, std::pair<std::string, std::string>> labels_;
 };
 
 } // namespace tarveth::harness

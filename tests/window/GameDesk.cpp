@@ -1,0 +1,152 @@
+#include "tests/window/GameDesk.h"
+
+#include <algorithm>
+#include <fstream>
+#include <stdexcept>
+#include <utility>
+
+namespace tarveth::harness {
+
+namespace {
+
+constexpr int kSquares = 8; // in a row of the board
+
+ProgramOptions ForProgram(const GameFolder& folder, const GameDeskOptions& options) {
+    std::vector<std::string> command = options.through;
+    command.push_back(folder.Program().string());
+    ProgramOptions result{.path = command.front(),
+                          .arguments = {command.begin() + 1, command.end()},
+                          .environment = options.environment,
+                          .workingFolder = folder.Path()};
+    if (options.scale != 1) {
+        result.environment["GDK_SCALE"] = std::to_string(options.scale);
+    }
+    return result;
+}
+
+bool Sleeps(pid_t program) {
+    std::ifstream file("/proc/" + std::to_string(program) + "/stat");
+    std::string text;
+    std::getline(file, text);
+    const auto nameEnd = text.rfind(") ");
+    return nameEnd != std::string::npos && text.at(nameEnd + 2) == 'S';
+}
+
+Rect SquareIn(const Rect& board, std::string_view square) {
+    const int width = board.width / kSquares;
+    const int height = board.height / kSquares;
+    return {board.x + (square.at(0) - '1') * width, board.y + (square.at(1) - 'A') * height, width, height};
+}
+
+} // namespace
+
+GameDesk::GameDesk(const GameFolder& folder, const GameDeskOptions& options)
+    : program(screen, ForProgram(folder, options)),
+      window(program.WaitForWindow("Tarveth")),
+      reader(program.Pid()),
+      scale_(options.scale) {
+    WaitUntilAtRest();
+}
+
+Rect GameDesk::Place(const std::string& id) const {
+    const auto control = reader.WaitFor(WithId(id), Milliseconds(2000));
+    if (!control) {
+        throw std::runtime_error("no control is called " + id + "\n" + reader.Outline());
+    }
+    const Rect& units = control->extents;
+    return {units.x * scale_, units.y * scale_, units.width * scale_, units.height * scale_};
+}
+
+Rect GameDesk::SquareArea(std::string_view square) const {
+    if (const Rect now = window.ClientArea(); now != boardWindow_ || board_.width == 0) {
+        board_ = Place("picDisplay");
+        boardWindow_ = now;
+    }
+    return SquareIn(board_, square);
+}
+
+void GameDesk::ClickSquare(std::string_view square, Button button) {
+    screen.Click(SquareArea(square).Centre(), button);
+}
+
+void GameDesk::Move(std::string_view from, std::string_view to) {
+    ClickSquare(from);
+    if (!PromptBecomes("Place piece")) {
+        throw std::runtime_error("no piece can be picked on " + std::string(from) + ": " +
+                                 Text("lblMessage"));
+    }
+    ClickSquare(to);
+}
+
+bool GameDesk::TextBecomes(const std::string& id, const std::string& text) const {
+    return WaitUntil([&] { return Text(id) == text; }, Milliseconds(10'000));
+}
+
+std::vector<std::string> GameDesk::History() const {
+    std::vector<std::string> lines;
+    for (const AccessibleNode& node : reader.Read()) {
+        if (node.role == "table cell") {
+            lines.push_back(node.name);
+        }
+    }
+    return lines;
+}
+
+void GameDesk::WaitUntilAtRest() {
+    constexpr Milliseconds kRest{60}; // some frames of the screen
+    long long switches = -1;
+    auto since = std::chrono::steady_clock::now();
+    const bool rested = WaitUntil([&] {
+        const auto now = std::chrono::steady_clock::now();
+        const long long before = std::exchange(switches, program.Usage().voluntarySwitches);
+        if (before != switches || !Sleeps(program.Pid())) {
+            since = now;
+        }
+        return now - since >= kRest || !program.Alive();
+    });
+    if (!rested) {
+        throw std::runtime_error("the program does not come to rest");
+    }
+}
+
+Picture GameDesk::Board() {
+    WaitUntilAtRest();
+    return screen.Capture(Place("picDisplay"));
+}
+
+Picture GameDesk::All() {
+    WaitUntilAtRest();
+    return window.Capture();
+}
+
+void GameDesk::KeepShot(const std::string& name) {
+    std::filesystem::create_directories(SHOTS_FOLDER);
+    All().WritePng(std::filesystem::path(SHOTS_FOLDER) / (name + ".png"));
+}
+
+void GameDesk::Choose(std::string_view menuKey, std::string_view itemKey) {
+    screen.Key("Alt+" + std::string(menuKey));
+    screen.Key(itemKey);
+}
+
+std::optional<int> GameDesk::Close() {
+    window.Close();
+    return program.WaitForExit();
+}
+
+std::string SquaresOfColour(const Picture& board, std::uint32_t colour) {
+    std::string squares;
+    for (const char row : std::string_view("ABCDEFGH")) {
+        for (const char column : std::string_view("12345678")) {
+            const std::string square{column, row};
+            const Rect area = SquareIn({0, 0, board.width, board.height}, square);
+            const int inset = area.width * 3 / 16;
+            if (board.Pixel(area.x + inset, area.y + inset) == colour) {
+                squares += squares.empty() ? square : ' ' + square;
+            }
+        }
+    }
+    return squares;
+}
+
+} // namespace tarveth::harness
