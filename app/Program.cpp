@@ -1,5 +1,6 @@
 #include "app/Program.h"
 
+#include "display/frmMainMenu.h"
 #include "platform/program_folder.h"
 
 #include <filesystem>
@@ -44,6 +45,16 @@ MainWindowParts Program::Parts() {
     return {
         game_,  settings_, pictures_, main_,
         board_, zones_,    mouse_,    [this](const WindowPosition& position) { SaveEverything(position); }};
+}
+
+std::map<int, std::function<void()>> Program::Commands() {
+    return {
+        {mnuFileNew, [this] { main_.NewGame(); }},
+        {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
+        {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
+        {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
+        {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
+    };
 }
 
 void Program::Start() {

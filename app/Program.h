@@ -5,11 +5,14 @@
 #include "display/boardmouse.h"
 #include "display/frmMain.h"
 #include "display/piecepictures.h"
+#include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
 #include "storage/gamerecord.h"
 #include "storage/modINI.h"
 #include "storage/settings.h"
 
+#include <functional>
+#include <map>
 #include <string>
 
 namespace tarveth {
@@ -27,6 +30,7 @@ private:
     void ShowWindow();
     void SaveEverything(const WindowPosition& position);
     MainWindowParts Parts();
+    std::map<int, std::function<void()>> Commands();
 
     std::string programFolder_;  // of the executable, with what ships beside it
     std::string writableFolder_; // of settings and logs: the same one where it can be written

@@ -83,25 +83,8 @@ void frmMain::CreateMenus() {
     MainMenu menu = CreateMainMenu();
     mnuOptions = menu.mnuOptions;
     SetMenuBar(menu.bar);
-    const auto bind = [this](int id, void (frmMain::*handler)()) {
-        Bind(
-            wxEVT_MENU,
-            [this, handler](wxCommandEvent&) {
-                parts_->main.RunCommand([this, handler] { (this->*handler)(); });
-            },
-            id);
-    };
-    bind(mnuFileNew, &frmMain::NewGame);
-    bind(mnuOptionsShowZOC, &frmMain::ShowZOC);
-    bind(mnuOptionsShowZOCAll, &frmMain::ShowZOCAll);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, mnuFileExit);
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { parts_->settings.BoardVariant = kImperialBoard; },
-        mnuOptionsImperial);
-    Bind(
-        wxEVT_MENU, [this](wxCommandEvent&) { parts_->settings.BoardVariant = kDraumeCrownBoard; },
-        mnuOptionsDraume);
     Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
         if (event.GetMenu() == mnuOptions)
             CheckBoardVariant();
@@ -164,6 +147,11 @@ void frmMain::NameControls() {
 void frmMain::Connect(const MainWindowParts& parts) {
     parts_ = std::make_unique<MainWindowParts>(parts);
     picDisplay->Connect(parts.board, parts.mouse);
+    for (const auto& [item, command] : parts_->commands) {
+        GetMenuBar()->Enable(item, true);
+        Bind(
+            wxEVT_MENU, [this, run = command](wxCommandEvent&) { parts_->main.RunCommand(run); }, item);
+    }
     TakeThemeColours();
     ApplyDisplaySettings();
     picDisplay->SetFocus();
@@ -263,18 +251,6 @@ void frmMain::ShowGridLabels() {
 void frmMain::CheckBoardVariant() {
     mnuOptions->Check(parts_->settings.BoardVariant == kImperialBoard ? mnuOptionsImperial : mnuOptionsDraume,
                       true);
-}
-
-void frmMain::NewGame() {
-    parts_->main.NewGame();
-}
-
-void frmMain::ShowZOC() {
-    parts_->zones.ShowPieceZone(parts_->game.CurPiece);
-}
-
-void frmMain::ShowZOCAll() {
-    parts_->zones.ShowAllZones();
 }
 
 void frmMain::ShowMessage(std::string_view text) {

@@ -4,12 +4,12 @@
 #include "display/board.h"
 #include "display/boardmouse.h"
 #include "display/layout.h"
-#include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
 #include "storage/window_positions.h"
 
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 
 #include <wx/frame.h>
@@ -32,8 +32,8 @@ struct MainWindowParts {
     PiecePictures& pictures;
     modMAIN& main;
     BoardDisplay& board;
-    ZoneDisplay& zones;
     BoardMouse& mouse;
+    std::map<int, std::function<void()>> commands; // by MainMenuItem; an item without one is disabled
     std::function<void(const WindowPosition&)> saveSettings; // at the close
 };
 
@@ -83,9 +83,6 @@ private:
     void LayOut();
     void TakeThemeColours();
     void CheckBoardVariant();
-    void NewGame();
-    void ShowZOC();
-    void ShowZOCAll();
 
     void OnSize(wxSizeEvent& event);
     void OnMove(wxMoveEvent& event);

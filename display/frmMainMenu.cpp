@@ -1,7 +1,5 @@
 #include "display/frmMainMenu.h"
 
-#include <array>
-
 #include <wx/menu.h>
 
 namespace tarveth {
@@ -35,11 +33,8 @@ MainMenu CreateMainMenu() {
     bar->Append(mnuFile, "&File");
     bar->Append(mnuOptions, "&Options");
     bar->Append(mnuHelp, "&Help");
-    // The program has no answer to these yet.
-    constexpr std::array kUnanswered{mnuFileLoad,  mnuFileSave, mnuFileSaveAs, mnuFileInternet,
-                                     mnuSetColors, mnuHelpHelp, mnuHelpAbout};
-    for (const int item : kUnanswered)
-        bar->Enable(item, false);
+    for (int item = mnuFirst; item <= mnuLast; ++item)
+        bar->Enable(item, item == mnuFileExit);
     return {bar, mnuOptions};
 }
 

@@ -10,7 +10,8 @@ namespace tarveth {
 
 // The menu items, named by their menu path.
 enum MainMenuItem : int {
-    mnuFileNew = wxID_HIGHEST + 1,
+    mnuFirst = wxID_HIGHEST + 1,
+    mnuFileNew = mnuFirst,
     mnuFileLoad,
     mnuFileSave,
     mnuFileSaveAs,
@@ -23,6 +24,7 @@ enum MainMenuItem : int {
     mnuOptionsShowZOC,
     mnuOptionsShowZOCAll,
     mnuHelpAbout,
+    mnuLast = mnuHelpAbout,
 };
 
 struct MainMenu {
@@ -30,6 +32,7 @@ struct MainMenu {
     wxMenu* mnuOptions = nullptr;
 };
 
+// All items are disabled but "Exit": whoever answers one enables it.
 MainMenu CreateMainMenu();
 
 } // namespace tarveth
