@@ -42,9 +42,8 @@ Program::Program()
       mouse_(settings_, board_, zones_, main_) {}
 
 MainWindowParts Program::Parts() {
-    return {
-        game_,  settings_, pictures_, main_,
-        board_, zones_,    mouse_,    [this](const WindowPosition& position) { SaveEverything(position); }};
+    const auto save = [this](const WindowPosition& position) { SaveEverything(position); };
+    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), save};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {
