@@ -17,9 +17,8 @@ bool IsTransition(int from, int to) {
     case kPlacePiece:
         return to == kPlacePiece || to == kPickPiece || to == kAllowReturn || to == kTurnOver ||
                to == kGameOver;
-    case kReturnPiece:
-        return to == kReturnPiece || to == kTurnOver;
     case kAllowReturn:
+    case kReturnPiece:
         return to == kReturnPiece || to == kTurnOver;
     case kTurnOver:
         return to == kPickPiece;
