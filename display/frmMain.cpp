@@ -361,8 +361,8 @@ void frmMain::OnMove(wxMoveEvent& event) {
 }
 
 void frmMain::OnIdle(wxIdleEvent& event) {
-    if (parts_ && parts_->main.HasWork())
-        parts_->main.RunPasses();
+    if (parts_)
+        parts_->main.RunPasses(); // after every event, so that what a command did is judged as well
     event.Skip();
 }
 
