@@ -26,8 +26,8 @@ struct NetGame {
 // Takes the first item off a queue; an empty queue gives the empty text.
 std::string PopQueueItem(std::string& queue);
 
-// The number an item stands for: its leading decimal digits, with a minus sign or without. Anything that is no
-// number or does not fit 16 bits gives -1, which no square, piece or slot is.
+// The number an item stands for: its leading decimal digits, with a minus sign or without. Anything that is
+// no number or does not fit 16 bits gives -1, which no square, piece or slot is.
 std::int16_t QueueNumber(const std::string& item);
 
 } // namespace tarveth
