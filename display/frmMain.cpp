@@ -86,6 +86,7 @@ void frmMain::CreateMenus() {
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, mnuFileExit);
     Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+        parts_->mouse.ReleaseCursorZone(); // from here on the menu hears when the key is let go
         if (event.GetMenu() == mnuOptions)
             CheckBoardVariant();
         event.Skip();

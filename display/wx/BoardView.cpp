@@ -143,6 +143,8 @@ void BoardView::OnKeyUp(wxKeyEvent& event) {
 }
 
 void BoardView::OnFocusChange(wxFocusEvent& event) {
+    if (mouse_ != nullptr && event.GetEventType() == wxEVT_KILL_FOCUS)
+        mouse_->ReleaseCursorZone(); // the key is let go where this window does not hear of it
     Refresh(false);
     event.Skip();
 }
