@@ -57,12 +57,16 @@ Rect GameDesk::Place(const std::string& id) const {
     return {units.x * scale_, units.y * scale_, units.width * scale_, units.height * scale_};
 }
 
-Rect GameDesk::SquareArea(std::string_view square) const {
+Rect GameDesk::BoardArea() const {
     if (const Rect now = window.ClientArea(); now != boardWindow_ || board_.width == 0) {
         board_ = Place("picDisplay");
         boardWindow_ = now;
     }
-    return SquareIn(board_, square);
+    return board_;
+}
+
+Rect GameDesk::SquareArea(std::string_view square) const {
+    return SquareIn(BoardArea(), square);
 }
 
 void GameDesk::ClickSquare(std::string_view square, Button button) {
@@ -111,7 +115,7 @@ void GameDesk::WaitUntilAtRest() {
 
 Picture GameDesk::Board() {
     WaitUntilAtRest();
-    return screen.Capture(Place("picDisplay"));
+    return BoardNow();
 }
 
 Picture GameDesk::All() {
@@ -122,6 +126,31 @@ Picture GameDesk::All() {
 void GameDesk::KeepShot(const std::string& name) {
     std::filesystem::create_directories(SHOTS_FOLDER);
     All().WritePng(std::filesystem::path(SHOTS_FOLDER) / (name + ".png"));
+}
+
+Window GameDesk::MessageBox() const {
+    std::vector<Window> others;
+    WaitUntil([&] {
+        others = program.Windows();
+        std::erase_if(others, [this](const Window& other) { return other.Id() == window.Id(); });
+        return !others.empty();
+    });
+    if (others.size() != 1 || !others.front().Activate()) {
+        throw std::runtime_error(std::to_string(others.size()) + " message boxes\n" + reader.Outline());
+    }
+    return others.front();
+}
+
+std::string GameDesk::MessageBoxText() const {
+    std::string text;
+    bool inBox = false;
+    for (const AccessibleNode& node : reader.Read()) {
+        inBox = node.depth == 1 ? node.role == "alert" || node.role == "dialog" : inBox;
+        if (inBox && node.role == "label" && !node.text.empty()) {
+            text += text.empty() ? node.text : "\n" + node.text;
+        }
+    }
+    return text;
 }
 
 void GameDesk::Choose(std::string_view menuKey, std::string_view itemKey) {

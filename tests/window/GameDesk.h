@@ -26,6 +26,7 @@ public:
 
     // Where a control is on the screen, in pixels. Throws std::runtime_error when there is none of that name.
     [[nodiscard]] Rect Place(const std::string& id) const;
+    [[nodiscard]] Rect BoardArea() const;
     // Where the square that a text such as "4E" names is on the screen.
     [[nodiscard]] Rect SquareArea(std::string_view square) const;
     void ClickSquare(std::string_view square, Button button = Button::Left);
@@ -46,10 +47,17 @@ public:
     // What is to be seen of the board, and of the whole window, once the program is at rest.
     [[nodiscard]] Picture Board();
     [[nodiscard]] Picture All();
+    // The board now, whatever the program is doing.
+    [[nodiscard]] Picture BoardNow() const { return screen.Capture(BoardArea()); }
     // Keeps a picture of the window in the build folder's window-shots/.
     void KeepShot(const std::string& name);
 
-    // Chooses by access keys, such as {"F", "n"} for the first item of the File menu.
+    // The one message box that is open, or comes soon. Throws std::runtime_error when none comes or there are
+    // more.
+    [[nodiscard]] Window MessageBox() const;
+    // What it says.
+    [[nodiscard]] std::string MessageBoxText() const;
+    // Chooses by access keys, such as ("F", "n") for New Game.
     void Choose(std::string_view menuKey, std::string_view itemKey);
     // Closes the window; the exit status, nothing when the program stays.
     std::optional<int> Close();

@@ -30,7 +30,9 @@ public:
     // The first visible window of this program whose title holds `title`, once it has the keyboard. Throws
     // std::runtime_error, with what the program wrote, when none comes within `patience`.
     Window WaitForWindow(std::string_view title, Milliseconds patience = kPatience);
-    // The titles of its windows that are on the screen now.
+    // Its windows that are on the screen now, oldest first.
+    [[nodiscard]] std::vector<Window> Windows() const;
+    // Their titles.
     [[nodiscard]] std::vector<std::string> WindowTitles() const;
 
     [[nodiscard]] pid_t Pid() const { return process_.Pid(); }
@@ -44,8 +46,6 @@ public:
     [[nodiscard]] std::string Output() const;
 
 private:
-    [[nodiscard]] std::vector<Window> Windows() const;
-
     Screen* screen_;
     std::filesystem::path output_;
     Process process_;
