@@ -1,6 +1,8 @@
 // A moving piece glides a quarter of a square a tick.
 #include "display/board.h"
 
+#include <algorithm>
+
 namespace tarveth {
 
 namespace {
@@ -26,12 +28,21 @@ void BoardDisplay::AnimateMove(int index, Square to) {
     RedrawBoard();
     piece.X += piece.StepX;
     piece.Y += piece.StepY;
-    picScratch.SetSize(SquareSize() * kTwipsPerPixelX, SquareSize() * kTwipsPerPixelY);
+    SizeScratch(piece);
     SaveBackground(piece);
     port_.SetTimerInterval(kTickMilliseconds);
     while (game_.AnimatedPiece != 0)
         port_.Yield();
     game_.Animating = false;
+}
+
+// A square, or more where the picture reaches over its square.
+void BoardDisplay::SizeScratch(const PieceRecord& piece) {
+    const PixelBuffer* picture = pictures_.Of(piece.Side, piece.Kind);
+    const int width = picture == nullptr ? 0 : picture->Width();
+    const int height = picture == nullptr ? 0 : picture->Height();
+    picScratch.SetSize(std::max(SquareSize(), width) * kTwipsPerPixelX,
+                       std::max(SquareSize(), height) * kTwipsPerPixelY);
 }
 
 void BoardDisplay::FinishAnimation() {

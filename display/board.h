@@ -66,6 +66,7 @@ private:
     void DrawJail();
     void DrawPieces();
     void MoveMarker();
+    void SizeScratch(const PieceRecord& piece);
     void SaveBackground(const PieceRecord& piece);
     int SquareSize() const { return pictures_.SquareSize; }
     int PixelOf(

@@ -1,89 +1,109 @@
 #include "display/stretch.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace tarveth {
 
 namespace {
 
-// The source pixels that one target pixel covers along an edge: `first` with weight firstWeight, and, when
-// the target is the larger, at most one more; when it is the smaller, all up to `last`, whole ones in
-// between.
+constexpr std::uint32_t kWhole = 256; // the sum of the weights in one target pixel
+
+// The source pixels that one target pixel covers along an edge.
 struct Cover {
-    int first;
-    int last;
-    std::uint32_t firstWeight; // of 256, the share of the target pixel
-    std::uint32_t lastWeight;
-    std::uint32_t innerWeight; // each pixel in between
+    int first = 0;
+    int count = 0;
+    std::size_t weights = 0; // where theirs begin in Edge::weights
 };
 
-constexpr std::uint32_t kWhole = 256;
+struct Edge {
+    std::vector<Cover> covers; // by target pixel
+    std::vector<std::uint32_t> weights;
 
-std::vector<Cover> CoverEdge(int fromLength, int toLength) {
-    std::vector<Cover> covers;
-    covers.reserve(static_cast<std::size_t>(toLength));
-    for (int i = 0; i < toLength; ++i) {
-        // Cut in whole arithmetic, so that edges that meet exactly do.
-        const std::int64_t start = std::int64_t{i} * fromLength;
-        const std::int64_t end = start + fromLength;
-        const int first = static_cast<int>(start / toLength);
-        const int last = static_cast<int>((end - 1) / toLength);
-        if (first == last) {
-            covers.push_back({first, last, kWhole, 0, 0});
-            continue;
-        }
-        const std::int64_t firstShare = std::int64_t{first + 1} * toLength - start; // of fromLength
-        const auto firstWeight =
-            static_cast<std::uint32_t>((firstShare * kWhole + fromLength / 2) / fromLength);
-        const int inner = last - first - 1;
-        const auto innerWeight =
-            inner == 0 ? 0 : static_cast<std::uint32_t>(std::int64_t{toLength} * kWhole / fromLength);
-        const std::uint32_t used = firstWeight + innerWeight * static_cast<std::uint32_t>(inner);
-        covers.push_back({first, last, firstWeight, kWhole - std::min(used, kWhole), innerWeight});
+    const std::uint32_t* WeightsOf(const Cover& cover) const { return weights.data() + cover.weights; }
+};
+
+// Worked out in whole numbers, so that edges that meet exactly do and every system gets the same picture. A
+// target pixel is fromLength units long, a source pixel toLength of the same.
+void AddCover(Edge& edge, std::int64_t start, std::int64_t fromLength, std::int64_t toLength) {
+    Cover cover{static_cast<int>(start / toLength), 0, edge.weights.size()};
+    const std::int64_t end = start + fromLength;
+    std::uint32_t used = 0;
+    for (std::int64_t reached = cover.first * toLength; reached < end; ++cover.count) {
+        reached += toLength;
+        // Weights rounded one by one would add up to an error.
+        const std::int64_t covered = std::min(reached, end) - start;
+        const auto upToHere = static_cast<std::uint32_t>((covered * kWhole + fromLength / 2) / fromLength);
+        edge.weights.push_back(upToHere - used);
+        used = upToHere;
     }
-    return covers;
+    edge.covers.push_back(cover);
 }
 
-// Two channels at a time: red and blue share one word, green goes in another.
+Edge CoverEdge(int fromLength, int toLength) {
+    Edge edge;
+    edge.covers.reserve(static_cast<std::size_t>(toLength));
+    for (std::int64_t i = 0; i < toLength; ++i)
+        AddCover(edge, i * fromLength, fromLength, toLength);
+    return edge;
+}
+
+// Weighted sums of two channels in one word: red and blue share one, green has another to itself.
 constexpr Pixel kRedBlue = 0xFF00FF;
 constexpr Pixel kGreen = 0x00FF00;
+constexpr Pixel kRedBlueHalf = 0x800080; // for rounding
+constexpr Pixel kGreenHalf = 0x008000;
+
+constexpr Pixel Rounded(Pixel redBlue, Pixel green) {
+    return ((redBlue + kRedBlueHalf) >> 8 & kRedBlue) | ((green + kGreenHalf) >> 8 & kGreen);
+}
 
 constexpr Pixel Blend(Pixel a, std::uint32_t weightA, Pixel b, std::uint32_t weightB) {
-    const Pixel redBlue = ((a & kRedBlue) * weightA + (b & kRedBlue) * weightB) >> 8 & kRedBlue;
-    const Pixel green = ((a & kGreen) * weightA + (b & kGreen) * weightB) >> 8 & kGreen;
-    return redBlue | green;
+    return Rounded((a & kRedBlue) * weightA + (b & kRedBlue) * weightB,
+                   (a & kGreen) * weightA + (b & kGreen) * weightB);
 }
 
-// The mean of several pixels `stride` apart.
-Pixel Mean(const Pixel* from, std::ptrdiff_t stride, const Cover& cover) {
+// The mean of `count` pixels that lie `stride` apart.
+Pixel Mean(const Pixel* from, std::ptrdiff_t stride, const std::uint32_t* weights, int count) {
     Pixel redBlue = 0;
     Pixel green = 0;
-    for (int i = cover.first; i <= cover.last; ++i) {
-        const std::uint32_t weight = i == cover.first  ? cover.firstWeight
-                                     : i == cover.last ? cover.lastWeight
-                                                       : cover.innerWeight;
-        redBlue += (from[i * stride] & kRedBlue) * weight;
-        green += (from[i * stride] & kGreen) / 256 * weight;
+    for (int i = 0; i < count; ++i) {
+        redBlue += (from[i * stride] & kRedBlue) * weights[i];
+        green += (from[i * stride] & kGreen) * weights[i];
     }
-    return (redBlue >> 8 & kRedBlue) | (green & kGreen);
+    return Rounded(redBlue, green);
 }
 
-void StretchRow(const Pixel* from, Pixel* to, const std::vector<Cover>& covers) {
-    for (const Cover& cover : covers) {
-        if (cover.last == cover.first)
-            *to++ = from[cover.first];
-        else if (cover.last == cover.first + 1)
-            *to++ = Blend(from[cover.first], cover.firstWeight, from[cover.last], cover.lastWeight);
+// The mean of the covered rows: `mixed`, or the row itself when it is one alone.
+const Pixel* MixRows(const PixelBuffer& from, const Cover& cover, const std::uint32_t* weights,
+                     std::vector<Pixel>& mixed) {
+    const Pixel* a = from.Row(cover.first);
+    if (cover.count == 1)
+        return a;
+    if (cover.count == 2) {
+        const Pixel* b = from.Row(cover.first + 1);
+        for (std::size_t x = 0; x < mixed.size(); ++x)
+            mixed[x] = Blend(a[x], weights[0], b[x], weights[1]);
+    } else {
+        for (std::size_t x = 0; x < mixed.size(); ++x)
+            mixed[x] = Mean(a + x, from.Width(), weights, cover.count);
+    }
+    return mixed.data();
+}
+
+void StretchRow(const Pixel* from, Pixel* to, const Edge& columns) {
+    const std::uint32_t* weights = columns.weights.data();
+    for (const Cover& cover : columns.covers) {
+        const Pixel* covered = from + cover.first;
+        if (cover.count == 1)
+            *to++ = *covered;
+        else if (cover.count == 2)
+            *to++ = Blend(covered[0], weights[0], covered[1], weights[1]);
         else
-            *to++ = Mean(from, 1, cover);
+            *to++ = Mean(covered, 1, weights, cover.count);
+        weights += cover.count;
     }
-}
-
-void BlendRows(const Pixel* a, std::uint32_t weightA, const Pixel* b, std::uint32_t weightB, Pixel* to,
-               int width) {
-    for (int x = 0; x < width; ++x)
-        to[x] = Blend(a[x], weightA, b[x], weightB);
 }
 
 } // namespace
@@ -91,22 +111,21 @@ void BlendRows(const Pixel* a, std::uint32_t weightA, const Pixel* b, std::uint3
 void StretchPixels(const PixelBuffer& from, PixelBuffer& to) {
     if (from.Empty() || to.Empty())
         return;
-    const std::vector<Cover> columns = CoverEdge(from.Width(), to.Width());
-    const std::vector<Cover> rows = CoverEdge(from.Height(), to.Height());
-    PixelBuffer wide(to.Width(), from.Height());
-    for (int y = 0; y < from.Height(); ++y)
-        StretchRow(from.Row(y), wide.Row(y), columns);
-
+    if (from.Width() == to.Width() && from.Height() == to.Height()) {
+        to.CopyFrom(from, 0, 0);
+        return;
+    }
+    const Edge columns = CoverEdge(from.Width(), to.Width());
+    const Edge rows = CoverEdge(from.Height(), to.Height());
+    std::vector<Pixel> mixed(static_cast<std::size_t>(from.Width()));
+    int alone = -1; // the source row that the target row above shows, when it shows one alone
     for (int y = 0; y < to.Height(); ++y) {
-        const Cover& cover = rows[static_cast<std::size_t>(y)];
-        if (cover.last == cover.first)
-            std::copy_n(wide.Row(cover.first), to.Width(), to.Row(y));
-        else if (cover.last == cover.first + 1)
-            BlendRows(wide.Row(cover.first), cover.firstWeight, wide.Row(cover.last), cover.lastWeight,
-                      to.Row(y), to.Width());
+        const Cover& cover = rows.covers[static_cast<std::size_t>(y)];
+        if (cover.count == 1 && cover.first == alone)
+            std::copy_n(to.Row(y - 1), to.Width(), to.Row(y));
         else
-            for (int x = 0; x < to.Width(); ++x)
-                to.At(x, y) = Mean(wide.Row(0) + x, to.Width(), cover);
+            StretchRow(MixRows(from, cover, rows.WeightsOf(cover), mixed), to.Row(y), columns);
+        alone = cover.count == 1 ? cover.first : -1;
     }
 }
 
