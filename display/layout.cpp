@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kJailRows = 3;
 constexpr int kSmallestSquare = 8;
+constexpr int kLineWidth = 2;
 
 int LargestSquare(int width, int height, const LayoutMetrics& m) {
     const int forBoard = width - 3 * m.margin - m.gridWidth - m.gap - m.sideWidth;
@@ -44,11 +45,15 @@ MainLayout LayOutMainWindow(int width, int height, const LayoutMetrics& m) {
     const int statusTop = top + m.playerHeight + m.gap / 2;
     layout.statusCaption = {left, statusTop, m.captionWidth, m.rowHeight};
     layout.status = {left + m.captionWidth, statusTop, layout.player.width, m.rowHeight};
-    layout.message = {left, statusTop + m.rowHeight + m.gap, sideWidth, m.rowHeight * m.messageLines};
-    layout.separator = {left, layout.message.Bottom() + m.gap, sideWidth, 2};
+    const int messageTop = statusTop + m.rowHeight + m.gap;
+    const int bottom = std::max(height - m.margin, messageTop + 2 * m.gap + kLineWidth);
+    // Large letters in a small window take the history's room first, then the message's.
+    const int messageHeight =
+        std::min(m.rowHeight * m.messageLines, bottom - messageTop - 2 * m.gap - kLineWidth);
+    layout.message = {left, messageTop, sideWidth, messageHeight};
+    layout.separator = {left, layout.message.Bottom() + m.gap, sideWidth, kLineWidth};
 
     const int historyTop = layout.separator.Bottom() + m.gap;
-    const int bottom = std::max(height - m.margin, historyTop);
     layout.history = {left, historyTop, sideWidth, bottom - historyTop};
     return layout;
 }

@@ -23,11 +23,19 @@ PixelBuffer ReadPictureFile(const std::string& path) {
     return ReadBitmap({data, bytes.size()});
 }
 
+constexpr bool kSlashSystem = std::filesystem::path::preferred_separator == '/';
+
 // Schemes come from either system; a separator of the other one means the same.
 std::string WithOwnSeparators(std::string name) {
-    if constexpr (std::filesystem::path::preferred_separator == '/')
+    if constexpr (kSlashSystem)
         std::replace(name.begin(), name.end(), '\\', '/');
     return name;
+}
+
+// Whether a name is used as it stands. Two forward slashes, not backslashes, mark a share.
+bool StandsAlone(const std::string& name) {
+    return name.find("//") != std::string::npos || name.find(':') != std::string::npos ||
+           (kSlashSystem && name.front() == '/');
 }
 
 void Load(PixelBuffer& picture, const PixelBuffer& builtin, const std::string& path,
@@ -75,10 +83,7 @@ std::string FindPicture(const std::string& name, const std::vector<std::string>&
     if (name.empty())
         return {};
     const std::string path = WithOwnSeparators(name);
-    // Two forward slashes, not backslashes, mark a share.
-    const bool standsAlone = name.find("//") != std::string::npos || name.find(':') != std::string::npos ||
-                             std::filesystem::path(path).is_absolute();
-    if (standsAlone)
+    if (StandsAlone(name))
         return platform::FileExists(path) ? path : std::string{};
     for (const std::string& folder : folders)
         if (platform::FileExists(folder + path))
