@@ -1,0 +1,102 @@
+#include "storage/clientoptions.h"
+
+#include "platform/file_exists.h"
+#include "storage/trim.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace tarveth {
+
+namespace {
+
+constexpr std::string_view kSchemeEnding = ".tps";
+
+// Which option goes with which setting; `copy` is called with each pair in turn.
+template <typename Options, typename Configured, typename Copy>
+void ForEachPair(Options& options, Configured& settings, Copy copy) {
+    copy(options.PlayOptions[0], settings.AnimateMoves);
+    copy(options.PlayOptions[1], settings.GridLabels);
+    copy(options.PlayOptions[2], settings.ZOCRight);
+    copy(options.PlayOptions[3], settings.History);
+    copy(options.PlayOptions[4], settings.AutoSaveLog);
+    copy(options.PlaySounds[0], settings.UseNewUserSound);
+    copy(options.Sounds[0], settings.NewUserSound);
+    copy(options.Sounds[1], settings.SoundVictor);
+    copy(options.Sounds[2], settings.SoundLoser);
+    copy(options.SampleColor[0], settings.TranscriptMyColor);
+    copy(options.SampleColor[1], settings.TranscriptOppColor);
+    copy(options.SampleColor[2], settings.TranscriptSysColor);
+    copy(options.SampleColor[3], settings.TranscriptColor);
+    copy(options.SampleFontName[0], settings.TranscriptFontName);
+    copy(options.SampleFontSize[0], settings.TranscriptFontSize);
+    copy(options.SampleFontName[1], settings.UserListFontName);
+    copy(options.SampleFontSize[1], settings.UserListFontSize);
+    copy(options.SampleFontName[2], settings.ChatTextFontName);
+    copy(options.SampleFontSize[2], settings.ChatTextFontSize);
+    copy(options.PictureScheme, settings.PictureScheme);
+    for (std::size_t kind = 1; kind < options.BluePics.size(); ++kind)
+        copy(options.BluePics[kind], settings.BluePics[kind]);
+    for (std::size_t kind = 1; kind < options.RedPics.size(); ++kind)
+        copy(options.RedPics[kind], settings.RedPics[kind]);
+}
+
+bool HasSchemeEnding(std::string_view name) {
+    if (name.size() < kSchemeEnding.size())
+        return false;
+    const std::string_view ending = name.substr(name.size() - kSchemeEnding.size());
+    return std::equal(ending.begin(), ending.end(), kSchemeEnding.begin(), [](char letter, char small) {
+        return (letter >= 'A' && letter <= 'Z' ? letter - 'A' + 'a' : letter) == small;
+    });
+}
+
+} // namespace
+
+void CopyFromSettings(ClientOptions& options, const Settings& settings) {
+    ForEachPair(options, settings, [](auto& option, const auto& setting) { option = setting; });
+}
+
+void CopyToSettings(const ClientOptions& options, Settings& settings) {
+    ForEachPair(options, settings, [](const auto& option, auto& setting) { setting = option; });
+}
+
+std::string SoundText(const ClientOptions& options, std::size_t i) {
+    return options.Sounds[i].empty() ? kBeep : options.Sounds[i];
+}
+
+std::string FontText(const ClientOptions& options, std::size_t i) {
+    return std::to_string(options.SampleFontSize[i]) + "pt " + options.SampleFontName[i];
+}
+
+std::string PictureText(const std::string& name) {
+    return name.empty() ? kNoPicture : name;
+}
+
+void LoadPictureScheme(ClientOptions& options, const std::string& chosenName) {
+    const std::string name = Trim(chosenName);
+    if (!platform::FileExists(name)) {
+        options.PictureScheme = kNoPicture;
+        return;
+    }
+    PictureSchemeRead(name, options.BluePics, options.RedPics);
+    options.PictureScheme = name;
+}
+
+std::string ProposedSchemeName(const ClientOptions& options) {
+    const std::string name = Trim(options.PictureScheme);
+    return name == kNoPicture ? std::string() : name;
+}
+
+std::string SchemeFileName(const std::string& chosenName) {
+    std::string name = Trim(chosenName);
+    if (!name.empty() && !HasSchemeEnding(name))
+        name += kSchemeEnding;
+    return name;
+}
+
+void SavePictureScheme(ClientOptions& options, const std::string& fileName) {
+    PictureSchemeWrite(fileName, options.BluePics, options.RedPics);
+    options.PictureScheme = fileName;
+}
+
+} // namespace tarveth
