@@ -15,6 +15,7 @@
 #include <wx/listbox.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
+#include <wx/panel.h>
 #include <wx/settings.h>
 #include <wx/statline.h>
 #include <wx/stattext.h>
@@ -98,7 +99,7 @@ wxStaticText* frmMain::NewLabel(const wxString& text) {
 }
 
 void frmMain::CreateControls() {
-    surface = new wxWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL);
+    surface = new wxPanel(this);
     picDisplay = new BoardView(surface);
     picDisplayJail = new PictureView(surface);
     Label1[0] = NewLabel("Turn:");

@@ -54,6 +54,7 @@ void DrawCursor(wxDC& dc, wxRect rect) {
 } // namespace
 
 BoardView::BoardView(wxWindow* parent) : PictureView(parent, wxWANTS_CHARS) {
+    SetCanFocus(true);
     for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_RIGHT_DOWN, wxEVT_RIGHT_DCLICK})
         Bind(type, &BoardView::OnMouseDown, this);
     for (const auto& type : {wxEVT_LEFT_UP, wxEVT_RIGHT_UP})

@@ -14,6 +14,8 @@ public:
     // Both outlive the window. Until this is called there is no board to see or click.
     void Connect(const BoardDisplay& board, BoardMouse& mouse);
 
+    bool AcceptsFocus() const override { return true; }
+
 protected:
     void PaintOver(wxDC& dc) override;
 

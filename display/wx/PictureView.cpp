@@ -28,6 +28,7 @@ wxBitmap ToBitmap(const PixelBuffer& pixels, double contentScale) {
 PictureView::PictureView(wxWindow* parent, long style)
     : wxWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, style) {
     SetBackgroundStyle(wxBG_STYLE_PAINT);
+    SetCanFocus(false);
     Bind(wxEVT_PAINT, &PictureView::OnPaint, this);
 }
 

@@ -18,6 +18,9 @@ public:
     // Paints the pixels soon, as they then are. They outlive the window.
     void ShowPixels(const PixelBuffer& pixels);
 
+    // Only to look at: the keyboard passes it by.
+    bool AcceptsFocus() const override { return false; }
+
 protected:
     // Draws on top of the picture.
     virtual void PaintOver(wxDC&) {}
