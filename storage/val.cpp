@@ -40,7 +40,7 @@ bool IsTiny(std::string_view mantissa, std::string_view exponent) {
         if (std::from_chars(exponent.data(), exponent.data() + exponent.size(), power).ec != std::errc())
             return exponent.front() == '-';
     }
-    return point - firstDigit + power < 0;
+    return power < firstDigit - point; // a power may be too large to be added to
 }
 
 } // namespace

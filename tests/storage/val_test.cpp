@@ -45,6 +45,8 @@ TEST(Val, IsZeroForATextThatBeginsWithNoNumber) {
 TEST(Val, OutOfRangeIsInfiniteOrZero) {
     EXPECT_EQ(Val("1e999"), HUGE_VAL);
     EXPECT_EQ(Val("-1e999"), -HUGE_VAL);
+    EXPECT_EQ(Val("10e9223372036854775807"), HUGE_VAL);
+    EXPECT_EQ(Val("1e-9223372036854775808"), 0);
     EXPECT_EQ(Val(std::string(400, '9')), HUGE_VAL);
     EXPECT_EQ(Val(std::string(400, '9') + "e-5"), HUGE_VAL);
     EXPECT_EQ(Val("1e-999"), 0);
