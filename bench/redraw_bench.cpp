@@ -47,7 +47,7 @@ void RedrawBoard(benchmark::State& state) {
     g.board.SetDisplaySize(edge, edge * 3 / 8);
     Copy board(g.board.picBoard.Pixels);
     Copy jail(g.board.picJail.Pixels);
-    for (auto _ : state)
+    while (state.KeepRunning())
         g.board.RedrawBoard();
     // Both once more, in turn, so that they share whatever else the machine is doing.
     double redrawing = 0;
@@ -66,7 +66,7 @@ void RedrawBoard(benchmark::State& state) {
 void PaintBoard(benchmark::State& state) {
     DisplayGame g(kPictures);
     g.board.SetDisplaySize(0, 0);
-    for (auto _ : state)
+    while (state.KeepRunning())
         g.board.RedrawBoard();
 }
 
@@ -74,7 +74,7 @@ void PresentBoard(benchmark::State& state) {
     DisplayGame g(static_cast<int>(state.range(1)));
     const int edge = static_cast<int>(state.range(0));
     g.board.SetDisplaySize(edge, edge * 3 / 8);
-    for (auto _ : state)
+    while (state.KeepRunning())
         g.board.PresentBoard();
 }
 
@@ -82,7 +82,7 @@ void CopyBoard(benchmark::State& state) {
     const DisplayGame g(kPictures);
     Copy board(g.board.picBoard.Pixels);
     Copy jail(g.board.picJail.Pixels);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         board.Run();
         jail.Run();
     }
@@ -97,7 +97,7 @@ void PickAndPlace(benchmark::State& state) {
     constexpr std::array<Square, 3> kBlue{{{4, 5}, {3, 5}, {4, 4}}};
     constexpr std::array<Square, 3> kRed{{{5, 4}, {6, 4}, {5, 5}}};
     std::size_t turn = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const auto& triangle = turn % 2 == 0 ? kBlue : kRed;
         g.Click(triangle[turn / 2 % 3]);
         g.Click(triangle[(turn / 2 + 1) % 3]);
@@ -112,7 +112,7 @@ void MoveAcrossOneSquare(benchmark::State& state) {
     DisplayGame g(kPictures);
     g.board.SetDisplaySize(768, 288);
     Square to{3, 5};
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         g.board.AnimateMove(12, to);
         to = to == Square{3, 5} ? Square{4, 5} : Square{3, 5};
     }

@@ -218,7 +218,7 @@ TEST(PiecePictures, ATruncatedFileIsToldByItsName) {
 
 TEST(PiecePictures, AFileTooLongForAnyPictureIsRefusedUnread) {
     PictureFolder f;
-    const std::string problem = f.ProblemWith(Bmp(16, 16) + std::string(5 * 1024 * 1024, ' '));
+    const std::string problem = f.ProblemWith(Bmp(16, 16) + std::string(std::size_t{5} * 1024 * 1024, ' '));
     EXPECT_NE(problem.find(f.folder.File("bad.bmp")), std::string::npos) << problem;
 }
 
