@@ -15,6 +15,8 @@ namespace tarveth {
 namespace {
 
 void ShowIniError(const std::string& text, const std::string& title) {
+constexpr float kNowhere = 9e6F; // twips; stands for a place that the file does not give
+
     wxMessageBox(wxString::FromUTF8(text), wxString::FromUTF8(title), wxOK | wxICON_ERROR);
 }
 
@@ -87,10 +89,15 @@ void Program::AddProblem(const std::string& text) {
 }
 
 void Program::ShowWindow() {
-    WindowPosition position = window_->Position();
+    const WindowPosition first = window_->Position();
+    WindowPosition position = {kNowhere, kNowhere, first.Width, first.Height};
     LoadMainPosition(position, ini_, writableFolder_);
-    window_->SetPosition(KeepOnScreen(position, ScreensInTwips()));
-    window_->Show();
+    if (position.Left == kNowhere || position.Top == kNowhere) { // the window system finds a place
+        window_->SetPosition({first.Left, first.Top, position.Width, position.Height});
+        window_->Show();
+    } else {
+        window_->ShowAt(KeepOnScreen(position, ScreensInTwips()));
+    }
     window_->CallAfter([this] {
         window_->TakeIcons(programFolder_);
         if (!problems_.empty())

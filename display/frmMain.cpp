@@ -5,6 +5,7 @@
 #include "engine/frmReturn.h"
 #include "platform/accessible.h"
 
+#include "platform/window_place.h"
 #include <algorithm>
 #include <cmath>
 
@@ -342,6 +343,13 @@ WindowPosition frmMain::Position() const {
 void frmMain::SetPosition(const WindowPosition& position) {
     const auto pixels = [](float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixelX)); };
     const wxPoint corner = FromDIP(wxPoint(pixels(position.Left), pixels(position.Top)));
+void frmMain::ShowAt(const WindowPosition& position) {
+    SetPosition(position);
+    const wxPoint corner = GetPosition();
+    Show();
+    platform::PlaceAtFirstShow(GetHandle(), corner.x, corner.y);
+}
+
     SetSize(wxRect(corner, FromDIP(wxSize(pixels(position.Width), pixels(position.Height)))));
 }
 
