@@ -1,6 +1,7 @@
 #include "app/Program.h"
 
 #include "display/frmMainMenu.h"
+#include "platform/file_error.h"
 #include "platform/program_folder.h"
 
 #include <filesystem>
@@ -41,7 +42,10 @@ Program::Program()
       zones_(game_, board_, *window_, *window_),
       record_(game_, settings_, *window_, writableFolder_),
       main_(game_, net_, settings_, Ports{*window_, board_, *window_, record_, network_}),
-      mouse_(settings_, board_, zones_, main_) {}
+      mouse_(settings_, board_, zones_, main_),
+      fileDialogs_(window_),
+      files_(game_, net_, record_, main_, Ports{*window_, board_, *window_, record_, network_}, fileDialogs_,
+             writableFolder_) {}
 
 MainWindowParts Program::Parts() {
     const auto save = [this](const WindowPosition& position) { SaveEverything(position); };
@@ -51,6 +55,9 @@ MainWindowParts Program::Parts() {
 std::map<int, std::function<void()>> Program::Commands() {
     return {
         {mnuFileNew, [this] { main_.NewGame(); }},
+        {mnuFileLoad, [this] { files_.LoadGame(); }},
+        {mnuFileSave, [this] { files_.SaveGame(); }},
+        {mnuFileSaveAs, [this] { files_.SaveGameAs(); }},
         {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
         {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
@@ -58,14 +65,25 @@ std::map<int, std::function<void()>> Program::Commands() {
     };
 }
 
-void Program::Start() {
+void Program::Start(const std::string& gameFile) {
     // A title relative to the folder always means the same file.
     std::error_code ignored;
     std::filesystem::current_path(writableFolder_, ignored);
     LoadEverything();
     window_->Connect(Parts());
-    main_.NewGame();
+    BeginGame(gameFile);
     ShowWindow();
+}
+
+void Program::BeginGame(const std::string& gameFile) {
+    main_.NewGame();
+    if (gameFile.empty())
+        return;
+    try {
+        files_.OpenGame(gameFile);
+    } catch (const platform::FileError& error) {
+        AddProblem(std::string("The game is not loaded.\n") + error.what());
+    }
 }
 
 void Program::LoadEverything() {

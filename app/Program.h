@@ -5,8 +5,10 @@
 #include "display/boardmouse.h"
 #include "display/frmMain.h"
 #include "display/piecepictures.h"
+#include "display/wx/GameFileDialogs.h"
 #include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
+#include "storage/gamefiles.h"
 #include "storage/gamerecord.h"
 #include "storage/modINI.h"
 #include "storage/settings.h"
@@ -21,11 +23,13 @@ class Program {
 public:
     Program();
 
-    // Reads the settings and the pictures, shows the main window and begins a game.
-    void Start();
+    // Reads the settings and the pictures, shows the main window and begins a game, or goes on with the one
+    // in a saved game's file: an absolute path, or empty.
+    void Start(const std::string& gameFile);
 
 private:
     void LoadEverything();
+    void BeginGame(const std::string& gameFile);
     void AddProblem(const std::string& text);
     void ShowWindow();
     void SaveEverything(const WindowPosition& position);
@@ -48,6 +52,8 @@ private:
     Offline network_;
     modMAIN main_;
     BoardMouse mouse_;
+    GameFileDialogs fileDialogs_;
+    GameFiles files_;
 };
 
 } // namespace tarveth

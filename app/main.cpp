@@ -1,11 +1,15 @@
 // Starts the game.
 #include "app/Program.h"
+#include "display/wx/text.h"
 #include "version.h"
 
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <system_error>
 
 #include <wx/app.h>
 
@@ -14,20 +18,31 @@ namespace tarveth {
 namespace {
 
 constexpr char kUsage[] =
-    "Usage: tarveth [--version] [--help]\n"
-    "Starts the game. Settings and logs are kept beside the program, or in your own data\n"
-    "folder where the program's folder cannot be written.\n";
+    "Usage: tarveth [FILE.TSG | --version | --help]\n"
+    "Starts the game, or goes on with the saved game FILE.TSG. Settings, logs and saved games\n"
+    "are kept beside the program, or in your own data folder where the program's folder\n"
+    "cannot be written.\n";
 
 class TarvethApp : public wxApp {
 public:
     bool OnInit() override {
         SetAppName("Tarveth");
         program_ = std::make_unique<Program>();
-        program_->Start();
+        program_->Start(GameFile());
         return true;
     }
 
 private:
+    // Absolute, since the program leaves the folder it was started in.
+    std::string GameFile() const {
+        if (argc < 2)
+            return {};
+        std::error_code error;
+        const std::string name = PathFromWx(argv[1]);
+        const std::filesystem::path file = std::filesystem::absolute(name, error);
+        return error ? name : file.lexically_normal().string();
+    }
+
     std::unique_ptr<Program> program_;
 };
 
@@ -45,7 +60,10 @@ std::optional<int> Answer(int argc, char** argv) {
         std::cout << kUsage;
         return 0;
     }
-    std::cerr << "tarveth: " << argument << " is not understood.\n" << kUsage;
+    // A desktop passes the file that was double-clicked.
+    if (argc == 2 && !argument.starts_with('-') && !argument.empty())
+        return std::nullopt;
+    std::cerr << "tarveth: " << (argc == 2 ? argument : argv[2]) << " is not understood.\n" << kUsage;
     return 2;
 }
 

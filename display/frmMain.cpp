@@ -2,6 +2,7 @@
 
 #include "display/frmMainMenu.h"
 #include "display/wx/BoardView.h"
+#include "display/wx/text.h"
 #include "engine/frmReturn.h"
 #include "platform/accessible.h"
 
@@ -35,10 +36,6 @@ constexpr int kFrameLine = 1;
 constexpr char kLongestMessage[] = "To begin play: click on the piece you'd like to move, then click on the "
                                    "location where you'd like to place "
                                    "the selected piece. To deselect a selected piece, click it again.";
-
-wxString ToWx(std::string_view text) {
-    return wxString::FromUTF8(text.data(), text.size());
-}
 
 void NameControl(wxWindow* control, const std::string& given, const std::string& spoken) {
     platform::SetAccessible(control->GetHandle(), given, spoken);

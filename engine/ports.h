@@ -5,6 +5,7 @@
 #include "engine/modPieces.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tarveth {
@@ -53,8 +54,9 @@ struct NetworkPort {
     virtual ~NetworkPort() = default;
     virtual void SendGameMessage(std::string_view inner) = 0;
     virtual void SendBoard() = 0;
-    virtual void AnnounceVictory(bool blueWon) = 0;     // tells the lobby
-    virtual void ShowNotice(std::string_view text) = 0; // a line in the transcript
+    virtual void AnnounceVictory(bool blueWon) = 0;         // tells the lobby
+    virtual void ShowNotice(std::string_view text) = 0;     // a line in the transcript
+    virtual std::string OpponentNick() const { return {}; } // empty while there is no opponent
 };
 
 struct Ports {

@@ -34,7 +34,8 @@ public:
     std::vector<bool> victoriesAnnounced; // true for Blue
     std::vector<std::string> sent;        // in-game messages
     std::vector<std::string> notices;
-    std::vector<std::string> boxes;         // message boxes
+    std::vector<std::string> boxes; // message boxes
+    std::string opponent;           // the opponent's nickname
     std::vector<std::string> calls; // the order of what NewGame asks
 
     void ShowMessage(std::string_view text) override {
@@ -84,6 +85,7 @@ public:
     }
     void AnnounceVictory(bool blueWon) override { victoriesAnnounced.push_back(blueWon); }
     void ShowNotice(std::string_view text) override { notices.emplace_back(text); }
+    std::string OpponentNick() const override { return opponent; }
 
     std::function<void()> onAnimate;      // runs in the middle of a move's animation
     std::function<void()> onChooseReturn; // runs while the question which piece comes back is open

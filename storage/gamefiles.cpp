@@ -1,0 +1,147 @@
+#include "storage/gamefiles.h"
+
+#include "platform/file_error.h"
+#include "platform/file_exists.h"
+#include "platform/program_folder.h"
+#include "storage/modFileIO.h"
+#include "storage/trim.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace tarveth {
+
+namespace {
+
+constexpr std::string_view kExtension = ".tsg";
+constexpr char kFilter[] = "Tarveth Games (*.TSG)|*.TSG|All Files,*.*|*.*"; // the comma is meant
+
+std::string LowerCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return text;
+}
+
+std::string WithExtension(const std::string& name) {
+    const std::size_t start = name.size() - std::min(name.size(), kExtension.size());
+    return LowerCase(name.substr(start)) == kExtension ? name : name + std::string(kExtension);
+}
+
+} // namespace
+
+std::pair<std::string, std::string> DialogStart(const FileQuestion& question) {
+    const std::filesystem::path file = std::filesystem::path(question.folder) / question.name;
+    std::error_code missing;
+    if (std::filesystem::is_directory(file.parent_path(), missing))
+        return {file.parent_path().string(), file.filename().string()};
+    std::string name =
+        std::filesystem::path(question.name).is_absolute() ? file.filename().string() : question.name;
+    std::replace(name.begin(), name.end(), platform::PathSeparator(), '-');
+    std::replace(name.begin(), name.end(), '/', '-');
+    return {question.folder, name};
+}
+
+GameFiles::GameFiles(Game& game, const NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
+                     GameFilesPort& questions, std::string folder)
+    : game_(game),
+      net_(net),
+      record_(record),
+      main_(main),
+      ports_(ports),
+      questions_(questions),
+      folder_(std::move(folder)) {}
+
+void GameFiles::SaveGame() {
+    if (record_.GameTitle.empty()) {
+        SaveGameAs();
+        return;
+    }
+    EndOpenTurn();
+    Attempt("The game is not saved.", [&] { WriteGame(game_, record_.GameTitle, record_.GameFileName); });
+}
+
+void GameFiles::SaveGameAs() {
+    EndOpenTurn();
+    std::string name = AskName(FileQuestion::Purpose::Save, "Save Game As", ProposedName());
+    if (name.empty())
+        return;
+    name = WithExtension(name);
+    if (platform::FileExists(name) &&
+        questions_.AskYesNoCancel(name + "\nThis file already exists. Overwrite it?") != YesNoCancel::Yes)
+        return;
+    Attempt("The game is not saved.", [&] {
+        WriteGame(game_, TitleOf(name), name);
+        record_.GameFileName = name;
+        ShowTitle();
+    });
+}
+
+void GameFiles::LoadGame() {
+    const std::string name = AskName(FileQuestion::Purpose::Open, "Load Game", record_.GameFileName);
+    if (!name.empty())
+        Attempt("The game is not loaded.", [&] { OpenGame(name); });
+}
+
+void GameFiles::OpenGame(const std::string& path) {
+    Game loaded = ReadGame(path);
+    if (game_.GameState == kGameOver)
+        ports_.window.ShowMessage(""); // who has won the game before
+    game_.lstHistory.clear();
+    ports_.window.ShowHistory();
+    game_ = std::move(loaded);
+    record_.GameFileName = path;
+    ports_.board.RedrawBoard();
+    main_.SetTurn(game_.Turn);
+    ports_.window.ShowHistory();
+    ShowTitle();
+    if (net_.GameInProgress())
+        ports_.network.SendBoard();
+}
+
+// The path behind the program's folder for a file in there, else the whole path. Only the path is brought to
+// small letters, so that a folder with capitals is never found in it; the titles in files rely on that.
+std::string GameFiles::TitleOf(const std::string& path) const {
+    return LowerCase(path.substr(0, folder_.size())) == folder_ ? path.substr(folder_.size()) : path;
+}
+
+std::string GameFiles::ProposedName() {
+    const std::string title = Trim(record_.GameTitle);
+    if (!title.empty())
+        return title;
+    const std::string opponent = ports_.network.OpponentNick();
+    return "Game " + (opponent.empty() ? "" : "vs " + opponent + ' ') + questions_.ShortDate() +
+           std::string(kExtension);
+}
+
+// Empty when the person wants no file after all.
+std::string GameFiles::AskName(FileQuestion::Purpose purpose, std::string title, std::string name) {
+    const std::string folder = folder_.substr(0, folder_.size() - 1);
+    return Trim(
+        questions_.AskFile({purpose, std::move(title), folder, std::move(name), kFilter}).value_or(""));
+}
+
+// A command can run in the middle of a turn, right behind an animation. A file holds no such state: whoever
+// loaded it would move again.
+void GameFiles::EndOpenTurn() {
+    if (game_.GameState == kAllowReturn)
+        main_.CheckReturnDue();
+    if (game_.GameState == kTurnOver)
+        main_.EndTurn();
+}
+
+void GameFiles::ShowTitle() {
+    record_.GameTitle = TitleOf(record_.GameFileName);
+    ports_.window.ShowCaption(record_.GameTitle + " (Tarveth)");
+}
+
+void GameFiles::Attempt(std::string_view failure, const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const platform::FileError& error) {
+        ports_.person.ShowMessageBox(std::string(failure) + '\n' + error.what());
+    }
+}
+
+} // namespace tarveth
