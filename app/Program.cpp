@@ -38,6 +38,7 @@ Program::Program()
       writableFolder_(platform::WritableFolder(programFolder_)),
       window_(new frmMain),
       ini_(ShowIniError),
+      sounds_(settings_, speaker_),
       board_(game_, settings_, pictures_, *window_, *window_),
       zones_(game_, board_, *window_, *window_),
       record_(game_, settings_, *window_, writableFolder_),
@@ -49,7 +50,8 @@ Program::Program()
 
 MainWindowParts Program::Parts() {
     const auto save = [this](const WindowPosition& position) { SaveEverything(position); };
-    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), save};
+    const auto gameEndSound = [this](bool won) { sounds_.GameEndSound(won); };
+    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), save, gameEndSound};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Offline.h"
+#include "app/Speaker.h"
 #include "display/boardmouse.h"
 #include "display/frmMain.h"
 #include "display/piecepictures.h"
@@ -45,6 +46,8 @@ private:
     NetGame net_;
     Settings settings_;
     modINI ini_;
+    Speaker speaker_;
+    Sounds sounds_;
     PiecePictures pictures_;
     BoardDisplay board_;
     ZoneDisplay zones_;

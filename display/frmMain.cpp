@@ -300,8 +300,8 @@ void frmMain::ShowMessageBox(std::string_view text) {
     wxMessageBox(ToWx(text), "Tarveth", wxOK, this);
 }
 
-void frmMain::GameEndSound(bool) {
-    wxBell();
+void frmMain::GameEndSound(bool localPlayerWon) {
+    parts_->gameEndSound(localPlayerWon);
 }
 
 int frmMain::ChooseReturn(std::int16_t side) {

@@ -35,6 +35,7 @@ struct MainWindowParts {
     BoardMouse& mouse;
     std::map<int, std::function<void()>> commands; // by MainMenuItem; an item without one is disabled
     std::function<void(const WindowPosition&)> saveSettings; // at the close
+    std::function<void(bool localPlayerWon)> gameEndSound;
 };
 
 class frmMain : public wxFrame, public MainWindowPort, public PersonPort, public DisplayPort {

@@ -1,0 +1,26 @@
+// SDL's audio functions, taken from its library when the first sound is due: loaded with the program, the
+// library and the fifty that it needs would cost a good part of the start-up time.
+#pragma once
+
+#include <SDL2/SDL.h>
+
+namespace tarveth::platform {
+
+struct SdlAudio {
+    decltype(&SDL_SetHint) SetHint = nullptr;
+    decltype(&SDL_InitSubSystem) InitSubSystem = nullptr;
+    decltype(&SDL_QuitSubSystem) QuitSubSystem = nullptr;
+    decltype(&SDL_RWFromFile) RWFromFile = nullptr;
+    decltype(&SDL_LoadWAV_RW) LoadWAV_RW = nullptr;
+    decltype(&SDL_FreeWAV) FreeWAV = nullptr;
+    decltype(&SDL_OpenAudioDevice) OpenAudioDevice = nullptr;
+    decltype(&SDL_CloseAudioDevice) CloseAudioDevice = nullptr;
+    decltype(&SDL_PauseAudioDevice) PauseAudioDevice = nullptr;
+    decltype(&SDL_QueueAudio) QueueAudio = nullptr;
+    decltype(&SDL_GetQueuedAudioSize) GetQueuedAudioSize = nullptr;
+
+    // False when the library or one of its functions is not there. May take a while.
+    bool Load();
+};
+
+} // namespace tarveth::platform
