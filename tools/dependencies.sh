@@ -34,7 +34,7 @@ need() {
 }
 
 # What the game itself is built with.
-BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev libsdl2-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev halibut libpng-dev libsdl2-dev)
 
 # The window tests' desktop without a screen, and their hands and eyes.
 WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core

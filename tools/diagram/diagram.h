@@ -1,0 +1,47 @@
+// A diagram of the manual: a position and what is marked on it, read from a .position file.
+//
+//   # a comment
+//   title A Master's zone               what the picture shows, in words
+//   position turn B | BM 4D | RP 4E     as engine/positiontext.h has it
+//   layout imperial                     or: draume. Instead of a position, the pieces of a new game
+//   zone 4D 5F                          squares that these pieces rule
+//   piece 4D                            the piece whose moves are marked
+//   can 4E 4F                           where it may go
+//   cannot 4G                           where it may not
+//   arrow 4D 4G                         a move
+//   show 3C 5E                          only the squares between these two corners, without letters and
+//   numbers
+#pragma once
+
+#include "engine/Game.h"
+
+#include <istream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarveth::diagram {
+
+struct Diagram {
+    std::string title;
+    Game game;
+    std::vector<Square> zones;
+    Square piece;
+    std::vector<Square> can;
+    std::vector<Square> cannot;
+    std::vector<std::pair<Square, Square>> arrows;
+    Square first{1, 1}; // the corners of what is shown
+    Square last{kBoardSize, kBoardSize};
+
+    bool WholeBoard() const { return first == Square{1, 1} && last == Square{kBoardSize, kBoardSize}; }
+    // The strongest kind of piece that rules a square, 0 for none.
+    int ZoneAt(Square square) const;
+};
+
+// Throws std::invalid_argument or std::out_of_range for a line that is not understood.
+Diagram ReadDiagram(std::istream& file);
+
+// The diagram in fixed-width letters, one line each; the last lines explain the signs in it.
+std::vector<std::string> TextOf(const Diagram& diagram);
+
+} // namespace tarveth::diagram
