@@ -13,8 +13,8 @@ namespace {
 constexpr std::uint32_t kHeaders = 14 + 40;
 
 void Append(std::string& bytes, std::uint32_t value, int size) {
-    for (int i = 0; i < size; ++i)
-        bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    for (int i = 0; i < size; ++i, value >>= 8)
+        bytes += static_cast<char>(value & 0xFF);
 }
 
 std::optional<PixelBuffer> ReadGolden(const std::string& bytes) {

@@ -12,8 +12,8 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 
 void Append(Bytes& bytes, std::uint32_t value, int size) {
-    for (int i = 0; i < size; ++i)
-        bytes.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+    for (int i = 0; i < size; ++i, value >>= 8)
+        bytes.push_back(static_cast<std::uint8_t>(value));
 }
 
 // A BMP file, part by part; what a test does not set is as most programs write it.
