@@ -4,6 +4,7 @@
 #include "platform/file_error.h"
 #include "platform/program_folder.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -15,9 +16,9 @@ namespace tarveth {
 
 namespace {
 
-void ShowIniError(const std::string& text, const std::string& title) {
 constexpr float kNowhere = 9e6F; // twips; stands for a place that the file does not give
 
+void ShowIniError(const std::string& text, const std::string& title) {
     wxMessageBox(wxString::FromUTF8(text), wxString::FromUTF8(title), wxOK | wxICON_ERROR);
 }
 
@@ -29,6 +30,19 @@ std::vector<ScreenRect> ScreensInTwips() {
         screens.push_back({twips(area.x), twips(area.y), twips(area.width), twips(area.height)});
     }
     return screens;
+}
+
+// A size from a file may be more than any window system can show.
+WindowPosition NoLargerThan(const std::vector<ScreenRect>& screens, WindowPosition window) {
+    float right = 0;
+    float bottom = 0;
+    for (const ScreenRect& screen : screens) {
+        right = std::max(right, screen.Left + screen.Width);
+        bottom = std::max(bottom, screen.Top + screen.Height);
+    }
+    window.Width = std::clamp(window.Width, 0.0F, right);
+    window.Height = std::clamp(window.Height, 0.0F, bottom);
+    return window;
 }
 
 } // namespace
@@ -62,6 +76,7 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuFileSaveAs, [this] { files_.SaveGameAs(); }},
         {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
         {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
+        {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
     };
@@ -112,11 +127,13 @@ void Program::ShowWindow() {
     const WindowPosition first = window_->Position();
     WindowPosition position = {kNowhere, kNowhere, first.Width, first.Height};
     LoadMainPosition(position, ini_, writableFolder_);
+    const std::vector<ScreenRect> screens = ScreensInTwips();
+    position = NoLargerThan(screens, position);
     if (position.Left == kNowhere || position.Top == kNowhere) { // the window system finds a place
         window_->SetPosition({first.Left, first.Top, position.Width, position.Height});
         window_->Show();
     } else {
-        window_->ShowAt(KeepOnScreen(position, ScreensInTwips()));
+        window_->ShowAt(KeepOnScreen(position, screens));
     }
     window_->CallAfter([this] {
         window_->TakeIcons(programFolder_);
