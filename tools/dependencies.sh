@@ -36,6 +36,9 @@ need() {
 # What the game itself is built with.
 BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev halibut libpng-dev libsdl2-dev)
 
+# What the lobby server is built with.
+LOBBY_PACKAGES=(libasio-dev libcli11-dev libspdlog-dev)
+
 # The window tests' desktop without a screen, and their hands and eyes.
 WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core
     libatspi2.0-dev libxtst-dev libxdamage-dev)

@@ -1,0 +1,49 @@
+// A token bucket: fills at a rate's average, holds at most what the rate allows at once.
+#pragma once
+
+#include "server/Limits.h"
+
+#include <algorithm>
+
+namespace tarveth {
+
+class Bucket {
+public:
+    // Takes the amount if it is there.
+    bool Take(const Rate& rate, double amount, Time now) {
+        if (rate.perSecond <= 0)
+            return true;
+        Fill(rate, now);
+        if (amount > tokens_)
+            return false;
+        tokens_ -= amount;
+        return true;
+    }
+
+    // Takes the amount in any case, and gives how long the debt takes to be repaid.
+    Clock::duration Borrow(const Rate& rate, double amount, Time now) {
+        if (rate.perSecond <= 0)
+            return {};
+        Fill(rate, now);
+        tokens_ -= amount;
+        if (tokens_ >= 0)
+            return {};
+        return std::chrono::duration_cast<Clock::duration>(
+            std::chrono::duration<double>(-tokens_ / rate.perSecond));
+    }
+
+private:
+    void Fill(const Rate& rate, Time now) {
+        if (filled_ == Time{})
+            tokens_ = rate.atOnce;
+        else
+            tokens_ += std::chrono::duration<double>(now - filled_).count() * rate.perSecond;
+        tokens_ = std::min(tokens_, rate.atOnce);
+        filled_ = now;
+    }
+
+    double tokens_ = 0;
+    Time filled_{};
+};
+
+} // namespace tarveth

@@ -1,0 +1,279 @@
+#include "server/Lobby.h"
+
+#include "net/modPARSER.h"
+#include "server/chat.h"
+#include "server/games.h"
+#include "server/messages.h"
+#include "server/names.h"
+#include "server/wording.h"
+#include "version.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarveth {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A client sends a chat line without an end: it is whole when nothing has followed for so long.
+constexpr auto kLinePause = 100ms;
+
+// So long a dismissed client may take to read what it is told.
+constexpr auto kLastWords = 2s;
+
+// Past so many taken variants of a nickname, the next number tried is one that hardly anybody has.
+constexpr int kVariantsInARow = 8;
+
+} // namespace
+
+Lobby::Lobby(const Limits& limits, std::string messageOfTheDay)
+    : limits_(limits), messageOfTheDay_(std::move(messageOfTheDay)) {}
+
+void Lobby::Enter(Session& session, Time now) {
+    now_ = now;
+    ++figures_.arrivals;
+    alarms_.Set(session, AlarmKind::Patience, now + limits_.handshake);
+    Send(session, {"\251update(", kVersion, ")"});
+}
+
+void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
+    now_ = now;
+    while (session.stage != Stage::Dismissed) {
+        const auto piece = session.framer.Next(bytes);
+        if (!piece)
+            break;
+        HandlePiece(session, *piece);
+    }
+    WatchOpenLine(session);
+    PauseAfterDebt(session);
+}
+
+void Lobby::HandlePiece(Session& session, const Piece& piece) {
+    if (piece.kind == Piece::Kind::Text) {
+        HearText(*this, session, piece.whole);
+        return;
+    }
+    if (!session.line.empty())
+        EndLine(*this, session);
+    if (piece.kind == Piece::Kind::Message) {
+        DispatchClientMessage(*this, session, piece);
+        return;
+    }
+    ++figures_.dropped;
+    Tell(session,
+         "A message of more than " + std::to_string(limits_.longestMessage) + " characters was ignored.");
+}
+
+void Lobby::WatchOpenLine(Session& session) {
+    if (session.line.empty() || session.stage == Stage::Dismissed)
+        alarms_.Clear(session, AlarmKind::Line);
+    else
+        alarms_.Set(session, AlarmKind::Line, now_ + kLinePause);
+}
+
+void Lobby::PauseAfterDebt(Session& session) {
+    const auto wait = session.moves.Borrow(limits_.moves, 0, now_);
+    if (wait <= 0s || session.stage == Stage::Dismissed)
+        return;
+    ++figures_.pauses;
+    session.paused = true;
+    alarms_.Set(session, AlarmKind::Resume, now_ + wait);
+}
+
+void Lobby::Wake(Time now) {
+    now_ = now;
+    while (const auto alarm = alarms_.TakeRinging(now))
+        Ring(*alarm->session, alarm->kind);
+}
+
+void Lobby::Ring(Session& session, AlarmKind kind) {
+    switch (kind) {
+    case AlarmKind::Line:
+        EndLine(*this, session);
+        break;
+    case AlarmKind::Resume:
+        session.paused = false;
+        MarkDue(session);
+        break;
+    case AlarmKind::Patience:
+        if (session.stage == Stage::Dismissed) {
+            session.cutOff = true;
+            MarkDue(session);
+        } else {
+            ++figures_.silent;
+            Tell(session, "You took too long to say who you are.");
+            Dismiss(session);
+        }
+    }
+}
+
+void Lobby::Leave(Session& session) {
+    Depart(session);
+    session.stage = Stage::Dismissed;
+    alarms_.ClearAll(session);
+    if (session.due)
+        std::erase(due_, &session);
+}
+
+void Lobby::Dismiss(Session& session) {
+    Depart(session);
+    session.stage = Stage::Dismissed;
+    session.paused = false;
+    alarms_.ClearAll(session);
+    alarms_.Set(session, AlarmKind::Patience, now_ + kLastWords);
+    MarkDue(session);
+}
+
+void Lobby::Depart(Session& session) {
+    if (!session.IsUser())
+        return;
+    LeaveGames(*this, session);
+    session.ignored.clear();
+    std::erase(ignorers_, &session);
+    stems_.erase(NicknameStem(session.nick));
+    users_.back()->place = session.place;
+    std::swap(users_[session.place], users_.back());
+    users_.pop_back();
+    roster_.UserChanged();
+    out_.KeepAnnouncements(session.box);
+    session.box.listening = false;
+    Announce({"\251removenick(", session.nick, ")"});
+}
+
+std::vector<Session*> Lobby::TakeDue() {
+    for (Session* session : due_)
+        session->due = false;
+    return std::exchange(due_, {});
+}
+
+void Lobby::MarkDue(Session& session) {
+    if (session.due)
+        return;
+    session.due = true;
+    due_.push_back(&session);
+}
+
+void Lobby::SayGoodbye() {
+    Announce({"\251sys(The lobby is closing. Please come back later.)"});
+}
+
+void Lobby::Send(Session& session, BlockWriter::Parts parts) {
+    out_.ToOne(session.box, parts);
+    MarkDue(session);
+}
+
+void Lobby::Tell(Session& session, std::string_view text) {
+    Send(session, {"\251sys(", BalancedLine(text), ")"});
+}
+
+Session* Lobby::FindUser(std::string_view nick) {
+    const auto found = stems_.find(NicknameStem(nick));
+    if (found == stems_.end() || FoldCase(found->second->nick) != FoldCase(TrimBlanks(nick)))
+        return nullptr;
+    return found->second;
+}
+
+void Lobby::TakeNickname(Session& session, std::string_view wanted) {
+    const std::string clean = CleanNickname(wanted);
+    const std::string nick = FreeNickname(session, clean);
+    if (nick != clean)
+        Tell(session, clean + " is taken, so you are " + nick + ".");
+    else if (nick != TrimBlanks(wanted))
+        Tell(session, "That nickname can't be had as it stands, so you are " + nick + ".");
+    Send(session, {kConfirmation, nick, "\r\n"});
+    if (session.IsUser())
+        RenameUser(session, nick);
+    else {
+        session.nick = nick;
+        AddUser(session);
+    }
+}
+
+std::string Lobby::FreeNickname(const Session& session, const std::string& nick) {
+    if (IsFree(session, nick))
+        return nick;
+    for (int number = 2;; ++number) {
+        if (number == kVariantsInARow)
+            number += static_cast<int>(figures_.arrivals % 1'000'000);
+        std::string variant = NicknameVariant(nick, number);
+        if (IsFree(session, variant))
+            return variant;
+    }
+}
+
+bool Lobby::IsFree(const Session& session, std::string_view nick) const {
+    const auto found = stems_.find(NicknameStem(nick));
+    return found == stems_.end() || found->second == &session;
+}
+
+void Lobby::AddUser(Session& session) {
+    session.stage = Stage::Named;
+    stems_.emplace(NicknameStem(session.nick), &session);
+    session.place = static_cast<std::uint32_t>(users_.size());
+    users_.push_back(&session);
+    roster_.Add(session);
+    Announce({"\251addnick(", session.nick, ",", StatusText(session), ")"});
+}
+
+void Lobby::RenameUser(Session& session, const std::string& nick) {
+    if (nick == session.nick)
+        return;
+    for (Session* ignorer : ignorers_)
+        if (Ignores(*ignorer, session))
+            std::ranges::replace(ignorer->ignored, FoldCase(session.nick), FoldCase(nick));
+    stems_.erase(NicknameStem(session.nick));
+    stems_.emplace(NicknameStem(nick), &session);
+    const std::string old = std::exchange(session.nick, nick);
+    session.formerNick = session.partner != nullptr ? old : std::string();
+    roster_.UserChanged();
+    Announce({"\251changenick(", old, ",", nick, ",", StatusText(session), ")"});
+}
+
+void Lobby::StatusChanged(const Session& user) {
+    roster_.UserChanged();
+    Announce({"\251changenick(", user.nick, ",", user.nick, ",", StatusText(user), ")"});
+}
+
+void Lobby::SendUserList(Session& session) {
+    out_.ToOne(session.box, roster_.Text(users_));
+    MarkDue(session);
+    if (session.box.listening)
+        return;
+    out_.StartListening(session.box);
+    alarms_.Clear(session, AlarmKind::Patience);
+    if (!messageOfTheDay_.empty())
+        Tell(session, messageOfTheDay_);
+}
+
+void Lobby::AnnounceFrom(const Session& speaker, BlockWriter::Parts parts) {
+    std::vector<Session*> deaf;
+    for (Session* ignorer : ignorers_)
+        if (ignorer->box.listening && Ignores(*ignorer, speaker))
+            deaf.push_back(ignorer);
+    for (Session* user : deaf)
+        out_.KeepAnnouncements(user->box);
+    Announce(parts);
+    for (Session* user : deaf)
+        out_.SkipAnnouncement(user->box);
+}
+
+bool Lobby::Ignores(const Session& user, const Session& other) const {
+    return !user.ignored.empty() &&
+           std::ranges::find(user.ignored, FoldCase(other.nick)) != user.ignored.end();
+}
+
+void Lobby::Ignore(Session& user, std::string_view folded) {
+    if (user.ignored.empty())
+        ignorers_.push_back(&user);
+    user.ignored.emplace_back(folded);
+}
+
+void Lobby::StopIgnoring(Session& user, std::string_view folded) {
+    std::erase(user.ignored, folded);
+    if (user.ignored.empty())
+        std::erase(ignorers_, &user);
+}
+
+} // namespace tarveth
