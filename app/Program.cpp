@@ -76,7 +76,6 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuFileSaveAs, [this] { files_.SaveGameAs(); }},
         {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
         {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
-        {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
     };

@@ -5,8 +5,8 @@
 #include "display/wx/text.h"
 #include "engine/frmReturn.h"
 #include "platform/accessible.h"
-
 #include "platform/window_place.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -340,14 +340,14 @@ WindowPosition frmMain::Position() const {
 void frmMain::SetPosition(const WindowPosition& position) {
     const auto pixels = [](float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixelX)); };
     const wxPoint corner = FromDIP(wxPoint(pixels(position.Left), pixels(position.Top)));
+    SetSize(wxRect(corner, FromDIP(wxSize(pixels(position.Width), pixels(position.Height)))));
+}
+
 void frmMain::ShowAt(const WindowPosition& position) {
     SetPosition(position);
     const wxPoint corner = GetPosition();
     Show();
     platform::PlaceAtFirstShow(GetHandle(), corner.x, corner.y);
-}
-
-    SetSize(wxRect(corner, FromDIP(wxSize(pixels(position.Width), pixels(position.Height)))));
 }
 
 void frmMain::RememberPosition() {

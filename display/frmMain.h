@@ -49,9 +49,9 @@ public:
     // Where the window is, and where it goes, in twips.
     WindowPosition Position() const;
     void SetPosition(const WindowPosition& position);
-
     // Shows the window for the first time, there.
     void ShowAt(const WindowPosition& position);
+
     // Takes the window's icons from pics/ in the folder (with its trailing separator), if they are there.
     void TakeIcons(const std::string& folder);
 
