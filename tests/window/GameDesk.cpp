@@ -14,6 +14,7 @@ constexpr int kSquares = 8; // in a row of the board
 ProgramOptions ForProgram(const GameFolder& folder, const GameDeskOptions& options) {
     std::vector<std::string> command = options.through;
     command.push_back(folder.Program().string());
+    command.insert(command.end(), options.arguments.begin(), options.arguments.end());
     ProgramOptions result{.path = command.front(),
                           .arguments = {command.begin() + 1, command.end()},
                           .environment = options.environment,

@@ -14,6 +14,7 @@
 namespace tarveth::harness {
 
 struct GameDeskOptions {
+    std::vector<std::string> arguments = {};
     std::map<std::string, std::string> environment = {};
     std::vector<std::string> through = {}; // a command that starts the program it is given
     int scale = 1;                         // pixels of the screen in one of the toolkit's units
