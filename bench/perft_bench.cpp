@@ -15,7 +15,7 @@ void CountTurnsOfImperialBoard(benchmark::State& state) {
     tarveth::PlacePieces(game, tarveth::kImperialBoard);
     game.Turn = tarveth::Blue;
     std::uint64_t turns = 0;
-    for (auto _ : state)
+    while (state.KeepRunning())
         turns += tarveth::CountTurns(game, kDepth).turns;
     state.counters["turns/s"] = benchmark::Counter(static_cast<double>(turns), benchmark::Counter::kIsRate);
 }
