@@ -376,7 +376,7 @@ void frmMain::OnIdle(wxIdleEvent& event) {
 void frmMain::OnClose(wxCloseEvent& event) {
     if (parts_->main.Busy() && event.CanVeto()) { // a piece is on its way: it arrives first
         event.Veto();
-        parts_->main.RunCommand([this] { Close(); });
+        parts_->main.RunCommand([this] { Close(true); }); // the command itself keeps it busy
         return;
     }
     RememberPosition();
