@@ -3,6 +3,8 @@
 #include "display/frmMainMenu.h"
 #include "platform/file_error.h"
 #include "platform/program_folder.h"
+#include "storage/frmClientOptions.h"
+#include "storage/frmSplash.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -76,8 +78,10 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuFileSaveAs, [this] { files_.SaveGameAs(); }},
         {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
         {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
+        {mnuSetColors, [this] { ShowOptions(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
+        {mnuHelpAbout, [this] { frmSplash(window_, pictures_).ShowModal(); }},
     };
 }
 
@@ -108,12 +112,43 @@ void Program::LoadEverything() {
     const std::vector<SettingProblem> more = LoadClientOptions(settings_, ini_, writableFolder_);
     problems.insert(problems.end(), more.begin(), more.end());
     problems_ = ProblemText(problems, writableFolder_ + "tarveth.ini");
-    for (const std::string& sentence :
-         pictures_.LoadPiecePictures(settings_, {writableFolder_, programFolder_})) {
-        if (!problems_.empty())
-            problems_ += "\n\n";
-        problems_ += sentence + " The built-in picture is used.";
+    AddProblem(LoadPictures());
+}
+
+// In which a relative name is looked up, one after the other.
+std::vector<std::string> Program::Folders() const {
+    return {writableFolder_, programFolder_};
+}
+
+// What is wrong with the pictures that the settings name; nothing when all is well.
+std::string Program::LoadPictures() {
+    std::string problems;
+    for (const std::string& sentence : pictures_.LoadPiecePictures(settings_, Folders())) {
+        if (!problems.empty())
+            problems += "\n\n";
+        problems += sentence + " The built-in picture is used.";
     }
+    return problems;
+}
+
+void Program::ShowOptions() {
+    ClientOptions options;
+    CopyFromSettings(options, settings_);
+    frmClientOptions dialog(window_, options, Folders());
+    dialog.Load();
+    dialog.ShowModal();
+    if (dialog.Options.Canceled)
+        return;
+    CopyToSettings(dialog.Options, settings_);
+    ApplyOptions();
+}
+
+void Program::ApplyOptions() {
+    const std::string problems = LoadPictures();
+    window_->ApplyDisplaySettings();
+    board_.RedrawBoard();
+    if (!problems.empty())
+        window_->ShowMessageBox(problems);
 }
 
 void Program::AddProblem(const std::string& text) {

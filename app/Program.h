@@ -17,6 +17,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace tarveth {
 
@@ -32,6 +33,10 @@ private:
     void LoadEverything();
     void BeginGame(const std::string& gameFile);
     void AddProblem(const std::string& text);
+    std::string LoadPictures();
+    void ShowOptions();
+    void ApplyOptions();
+    std::vector<std::string> Folders() const;
     void ShowWindow();
     void SaveEverything(const WindowPosition& position);
     MainWindowParts Parts();

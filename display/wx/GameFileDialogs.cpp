@@ -2,6 +2,7 @@
 
 #include "display/wx/text.h"
 
+#include <wx/arrstr.h>
 #include <wx/datetime.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
@@ -13,13 +14,14 @@ namespace {
 // The filter with patterns that this system finds all the files with: elsewhere than on Windows "*.TSG" would
 // find no small letters, and "*.*" no name without a point. What a person reads stays.
 wxString SystemFilter(const std::string& filter) {
-    wxString result = ToWx(filter);
-#ifndef __WXMSW__
-    result.Replace("|*.TSG|", "|*.TSG;*.tsg|");
-    if (result.EndsWith("|*.*", &result))
-        result += "|*";
+#ifdef __WXMSW__
+    return ToWx(filter);
+#else
+    wxArrayString parts = wxSplit(ToWx(filter), '|', '\0');
+    for (std::size_t i = 1; i < parts.size(); i += 2) // after each label its pattern
+        parts[i] = parts[i] == "*.*" ? wxString("*") : parts[i] + ';' + parts[i].Lower();
+    return wxJoin(parts, '|', '\0');
 #endif
-    return result;
 }
 
 } // namespace
