@@ -20,6 +20,10 @@ namespace {
     throw FileError(file.string(), what + " (" + std::generic_category().message(error) + ")");
 }
 
+[[noreturn]] void FailTooLong(const fs::path& file, std::uintmax_t limit) {
+    throw FileError(file.string(), "is longer than " + std::to_string(limit) + " bytes");
+}
+
 class Descriptor {
 public:
     explicit Descriptor(int number) : number_(number) {}
@@ -142,12 +146,14 @@ std::string ReadWholeFile(const fs::path& file, std::uintmax_t limit) {
         Fail(file, "cannot be read", EISDIR);
     if (!S_ISREG(status.st_mode))
         throw FileError(file.string(), "cannot be read: it is not a plain file");
+    if (static_cast<std::uintmax_t>(status.st_size) > limit)
+        FailTooLong(file, limit);
 
     std::string bytes;
     std::size_t filled = 0;
     for (;;) {
         if (filled > limit)
-            throw FileError(file.string(), "is longer than " + std::to_string(limit) + " bytes");
+            FailTooLong(file, limit);
         // One byte more than the limit is asked for, so that the file may grow while it is read.
         const auto step = std::min<std::uintmax_t>(limit - filled, 65535) + 1;
         bytes.resize(filled + static_cast<std::size_t>(step));
