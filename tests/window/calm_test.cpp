@@ -1,0 +1,124 @@
+// The program at rest, and what comes in the middle of a moving piece.
+
+#include "tests/window/GameDesk.h"
+
+#include <gtest/gtest.h>
+
+namespace tarveth::harness {
+namespace {
+
+constexpr const char* kMoving = "[Options]\r\nAnimateMoves=-1\r\nHistory=-1\r\n";
+
+// The longest move of a new game: a Master's.
+constexpr const char* kFrom = "4H";
+constexpr const char* kTo = "1H";
+constexpr const char* kMoved = "B:BM 4H-1H";
+
+class MovingPiece : public testing::Test {
+protected:
+    // Sends a piece on its way and does not wait for it.
+    void SendOff() {
+        desk.ClickSquare(kFrom);
+        ASSERT_TRUE(desk.PromptBecomes("Place piece"));
+        desk.ClickSquare(kTo);
+    }
+
+    // Sends it off and returns once the piece is seen on its way.
+    void SendOffAndSee() {
+        ASSERT_NO_FATAL_FAILURE(SendOff());
+        const Rect left = desk.SquareArea(kFrom);
+        ASSERT_TRUE(WaitUntil([&] { return !(desk.screen.Capture(left) == picked); }));
+    }
+
+    GameFolder folder{kMoving};
+    GameDesk desk{folder};
+    Picture start = desk.Board();
+    Picture picked = PickedPawn(); // kFrom while its piece is picked
+
+private:
+    Picture PickedPawn() {
+        desk.ClickSquare(kFrom);
+        EXPECT_TRUE(desk.PromptBecomes("Place piece"));
+        desk.WaitUntilAtRest();
+        Picture square = desk.screen.Capture(desk.SquareArea(kFrom));
+        desk.ClickSquare(kFrom);
+        EXPECT_TRUE(desk.PromptBecomes("Pick piece"));
+        return square;
+    }
+};
+
+TEST(AtRest, TheProgramUsesNoProcessor) {
+    const GameFolder folder(kMoving);
+    GameDesk desk(folder);
+    desk.Move(kFrom, kTo);
+    ASSERT_TRUE(desk.TextBecomes("lblCurPlayer", "Red"));
+    desk.WaitUntilAtRest();
+    const ProcessUsage before = desk.program.Usage();
+    std::this_thread::sleep_for(std::chrono::seconds(20));
+    const ProcessUsage after = desk.program.Usage();
+    EXPECT_EQ(after.cpuSeconds, before.cpuSeconds);
+    EXPECT_LT(after.voluntarySwitches - before.voluntarySwitches, 20);
+    EXPECT_TRUE(desk.program.Alive());
+}
+
+TEST_F(MovingPiece, ArrivesBeforeANewGameBegins) {
+    for (int turn = 0; turn < 3; ++turn) {
+        ASSERT_NO_FATAL_FAILURE(SendOff());
+        desk.Choose("F", "n");
+        EXPECT_TRUE(desk.TextBecomes("lblCurPlayer", "Blue"));
+        EXPECT_TRUE(WaitUntil([&] { return desk.Board() == start; }));
+        EXPECT_TRUE(desk.History().empty());
+    }
+    desk.Move("6E", "6D");
+    EXPECT_TRUE(desk.TextBecomes("lblCurPlayer", "Red")) << "and the game goes on as ever";
+}
+
+TEST_F(MovingPiece, IsFollowedByANewGameOnceItIsOnItsWay) {
+    ASSERT_NO_FATAL_FAILURE(SendOffAndSee());
+    desk.Choose("F", "n");
+    EXPECT_TRUE(WaitUntil([&] { return desk.Board() == start; }));
+    EXPECT_EQ(desk.Text("lblCurPlayer"), "Blue");
+}
+
+TEST_F(MovingPiece, IsNoReasonNotToClose) {
+    ASSERT_NO_FATAL_FAILURE(SendOffAndSee());
+    EXPECT_EQ(desk.Close(), 0);
+    EXPECT_EQ(desk.program.Output(), "");
+    EXPECT_TRUE(folder.Has("tarveth.ini"));
+    GameDesk again(folder);
+    EXPECT_TRUE(again.Board() == start);
+}
+
+// A click that comes late, when the piece has arrived, is heard: so this is tried some times. A program that
+// hears clicks in the middle of the way hears them each time.
+TEST_F(MovingPiece, LeavesClicksUnheard) {
+    bool unheard = false;
+    for (int attempt = 0; attempt < 6 && !unheard; ++attempt) {
+        ASSERT_NO_FATAL_FAILURE(SendOffAndSee());
+        desk.ClickSquare("3D"); // a Red Pawn, which the next player could pick
+        ASSERT_TRUE(desk.TextBecomes("lblCurPlayer", "Red"));
+        desk.WaitUntilAtRest();
+        unheard = desk.Text("lblMoveStatus") == "Pick piece";
+        EXPECT_EQ(desk.History(), std::vector<std::string>{kMoved});
+        desk.Choose("F", "n");
+        ASSERT_TRUE(desk.TextBecomes("lblCurPlayer", "Blue"));
+        desk.WaitUntilAtRest();
+    }
+    EXPECT_TRUE(unheard);
+}
+
+TEST_F(MovingPiece, StandsAfterwardsWhereAStillOneWould) {
+    desk.Move(kFrom, kTo);
+    ASSERT_TRUE(desk.TextBecomes("lblCurPlayer", "Red"));
+    const Picture moved = desk.Board();
+    EXPECT_EQ(desk.Close(), 0);
+
+    const GameFolder stillFolder("[Options]\r\nAnimateMoves=0\r\nHistory=-1\r\n");
+    GameDesk still(stillFolder);
+    still.Move(kFrom, kTo);
+    ASSERT_TRUE(still.TextBecomes("lblCurPlayer", "Red"));
+    EXPECT_TRUE(still.Board() == moved);
+}
+
+} // namespace
+} // namespace tarveth::harness
