@@ -1,0 +1,120 @@
+// The order of what one is sent, and that what has been sent is let go.
+#include "server/Outgoing.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tarveth {
+namespace {
+
+// Sends so many bytes of what is pending, and gives them.
+std::string Take(Outgoing& out, Outbox& box, std::size_t most = std::string::npos) {
+    std::string sent;
+    for (const std::string_view part : out.Pending(box, 64))
+        sent += part.substr(0, most - sent.size());
+    out.Sent(box, sent.size());
+    return sent;
+}
+
+TEST(Outgoing, LettersAndAnnouncementsComeInOrder) {
+    Outgoing out;
+    Outbox a;
+    Outbox b;
+    out.ToAll({"0"});
+    out.StartListening(a);
+    out.ToAll({"1"});
+    out.ToOne(a, {"2", "3"});
+    out.ToOne(b, {"x"});
+    out.ToAll({"4"});
+    out.ToAll({"5"});
+    EXPECT_EQ(out.Unsent(a), 5U);
+    EXPECT_EQ(Take(out, a), "12345");
+    EXPECT_EQ(Take(out, b), "x");
+    out.ToAll({"6"});
+    EXPECT_EQ(Take(out, a), "6");
+    EXPECT_EQ(out.Unsent(a), 0U);
+}
+
+TEST(Outgoing, WhatCouldNotBeSentOutlivesTheTurn) {
+    Outgoing out;
+    Outbox box;
+    out.StartListening(box);
+    out.ToOne(box, {"abc"});
+    out.ToAll({"def"});
+    EXPECT_EQ(Take(out, box, 2), "ab");
+    out.EndTurn();
+    for (int i = 0; i < 100; ++i) {
+        out.ToAll({std::string(1000, 'x')});
+        Outbox other;
+        out.ToOne(other, {std::string(1000, 'y')});
+        out.KeepAnnouncements(box);
+        out.EndTurn();
+    }
+    EXPECT_EQ(Take(out, box), "cdef" + std::string(100000, 'x'));
+}
+
+TEST(Outgoing, EverySizeOfASendingKeepsTheBytes) {
+    for (std::size_t most = 1; most < 30; ++most) {
+        Outgoing out;
+        Outbox box;
+        out.StartListening(box);
+        std::string expected;
+        std::string sent;
+        for (int i = 0; i < 50; ++i) {
+            const std::string text = std::to_string(i) + ",";
+            if (i % 3 == 0)
+                out.ToAll({text});
+            else
+                out.ToOne(box, {text});
+            expected += text;
+            sent += Take(out, box, most);
+            out.KeepAnnouncements(box);
+            if (i % 5 == 0)
+                out.EndTurn();
+        }
+        while (out.Unsent(box) > 0)
+            sent += Take(out, box, most);
+        EXPECT_EQ(sent, expected) << most;
+    }
+}
+
+TEST(Outgoing, ASkippedAnnouncementIsNotHeard) {
+    Outgoing out;
+    Outbox box;
+    out.StartListening(box);
+    out.ToAll({"1"});
+    out.KeepAnnouncements(box);
+    out.ToAll({"2"});
+    out.SkipAnnouncement(box);
+    out.ToAll({"3"});
+    EXPECT_EQ(Take(out, box), "13");
+}
+
+TEST(Outgoing, TextsThatFollowEachOtherAreOnePart) {
+    Outgoing out;
+    Outbox box;
+    for (int i = 0; i < 100; ++i)
+        out.ToOne(box, {"M"});
+    EXPECT_EQ(out.Pending(box, 64).size(), 1U);
+}
+
+TEST(Outgoing, AnIdleOutboxHoldsNoBlock) {
+    Outgoing out;
+    Outbox box;
+    out.ToOne(box, {"M"});
+    Take(out, box);
+    EXPECT_TRUE(box.stretches.empty());
+}
+
+TEST(Outgoing, AFewUnsentBytesDoNotHoldAWholeBlock) {
+    Outgoing out;
+    Outbox box;
+    out.ToOne(box, {"abc"});
+    Take(out, box, 1);
+    ASSERT_EQ(box.stretches.size(), 1U);
+    EXPECT_EQ(box.stretches.front().block->capacity, 2U);
+}
+
+} // namespace
+} // namespace tarveth
