@@ -26,6 +26,12 @@ inline constexpr std::int16_t kGetBoard = 6;     // Get Board      dropped      
 inline constexpr std::int16_t kBoardArrived = 7; // as it was      dropped              goes on to 1
 inline constexpr std::int16_t kGameOver = 8;     // Game Over      dropped              -
 
+// What a new game says; the longest of all messages.
+inline constexpr std::string_view kToBeginPlay =
+    "To begin play: click on the piece you'd like to move, then click on the location where you'd like to "
+    "place the "
+    "selected piece. To deselect a selected piece, click it again.";
+
 class modMAIN {
 public:
     // All of these outlive the object.
