@@ -18,7 +18,6 @@
 #include <wx/fontdlg.h>
 #include <wx/msgdlg.h>
 #include <wx/panel.h>
-#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/textctrl.h>
@@ -44,7 +43,8 @@ std::string WithoutSeparator(std::string folder) {
 
 void ShowPath(wxTextCtrl* box, const std::string& path) {
     box->ChangeValue(PathToWx(path));
-    box->SetToolTip(PathToWx(path)); // for what does not fit the box
+    box->SetInsertionPointEnd(); // of a long path the file's name is seen
+    box->SetToolTip(PathToWx(path));
 }
 
 } // namespace
@@ -98,7 +98,7 @@ void frmClientOptions::ShowFont(std::size_t i) {
     const int points = std::clamp<int>(Options.SampleFontSize[i], kSmallestSample, kLargestSample);
     txtSampleFont[i]->SetFont(FontOf(Options.SampleFontName[i], points));
     txtSampleFont[i]->ChangeValue(ToWx(FontText(Options, i)));
-    txtSampleFont[i]->InvalidateBestSize();
+    SizeBox(txtSampleFont[i], 0);
 }
 
 void frmClientOptions::ShowSound(std::size_t i) {
@@ -110,20 +110,19 @@ void frmClientOptions::ShowPictures() {
     Settings named;
     CopyToSettings(Options, named);
     pictures_.LoadPiecePictures(named, folders_); // what is wrong with them is told when they are put to use
-    for (std::size_t kind = Master; kind <= Pawn; ++kind) {
-        ShowPicture(bluePictures_[kind], Options.BluePics[kind], pictures_.picBlue[kind]);
-        ShowPicture(redPictures_[kind], Options.RedPics[kind], pictures_.picRed[kind]);
+    for (std::size_t kind = Master; kind <= Pawn; ++kind) { // on squares of both colours
+        const Pixel square = kind == Officer ? Rgb(0, 0, 0) : Rgb(255, 255, 255);
+        ShowPicture(bluePictures_[kind], Options.BluePics[kind], pictures_.picBlue[kind], square);
+        ShowPicture(redPictures_[kind], Options.RedPics[kind], pictures_.picRed[kind], ~square & 0xFFFFFF);
     }
 }
 
-void frmClientOptions::ShowPicture(const PictureRow& row, const std::string& name,
-                                   const PixelBuffer& picture) {
+void frmClientOptions::ShowPicture(const PictureRow& row, const std::string& name, const PixelBuffer& picture,
+                                   Pixel square) {
     ShowPath(row.box, PictureText(name));
-    const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
     const double scale = GetContentScaleFactor();
     const int edge = static_cast<int>(std::lround(row.preview->GetMinSize().x * scale));
-    row.preview->SetBitmap(
-        ToBitmap(Preview(picture, edge, Rgb(ground.Red(), ground.Green(), ground.Blue())), scale));
+    row.preview->SetBitmap(ToBitmap(Preview(picture, edge, square), scale));
 }
 
 void frmClientOptions::ChangeColor(std::size_t i) {

@@ -56,6 +56,7 @@ private:
     PictureRow NewPictureRow(wxWindow* page, wxFlexGridSizer& rows, const std::string& side,
                              std::size_t kind);
     wxTextCtrl* NewBox(wxWindow* page, const std::string& given, const wxString& spoken);
+    void SizeBox(wxTextCtrl* box, int letters);
     wxButton* NewButton(wxWindow* page, const wxString& caption, const std::string& given,
                         const wxString& spoken, std::function<void()> command);
 
@@ -64,7 +65,8 @@ private:
     void ShowFont(std::size_t i);
     void ShowSound(std::size_t i);
     void ShowPictures();
-    void ShowPicture(const PictureRow& row, const std::string& name, const PixelBuffer& picture);
+    void ShowPicture(const PictureRow& row, const std::string& name, const PixelBuffer& picture,
+                     Pixel square);
 
     void ChangeColor(std::size_t i);
     void ChangeFont(std::size_t i);

@@ -35,10 +35,10 @@ constexpr std::array kSounds = {"Sound to play when new user logs on", "Sound to
 constexpr std::array kPieceNames = {"", "Masters", "Officers", "Pawns"};
 
 constexpr int kGap = 8;
-constexpr int kBoxLetters = 24; // that a box has room for at least
+constexpr int kBoxLetters = 28; // that a box has room for at least
 
-std::string Indexed(const char* name, std::size_t i) {
-    return std::string(name) + '(' + std::to_string(i) + ')';
+std::string Indexed(const std::string& name, std::size_t i) {
+    return name + '(' + std::to_string(i) + ')';
 }
 
 void NameControl(wxWindow* control, const std::string& given, const wxString& spoken) {
@@ -46,8 +46,7 @@ void NameControl(wxWindow* control, const std::string& given, const wxString& sp
 }
 
 wxStaticText* NewLabel(wxWindow* page, const wxString& text) {
-    auto* label = new wxStaticText(page, wxID_ANY, text);
-    return label;
+    return new wxStaticText(page, wxID_ANY, text);
 }
 
 } // namespace
@@ -103,9 +102,14 @@ wxPanel* frmClientOptions::NewPage(std::size_t page) {
 
 wxTextCtrl* frmClientOptions::NewBox(wxWindow* page, const std::string& given, const wxString& spoken) {
     auto* box = new wxTextCtrl(page, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
-    box->SetMinSize({GetCharWidth() * kBoxLetters, box->GetBestSize().y});
+    SizeBox(box, kBoxLetters);
     NameControl(box, given, spoken);
     return box;
+}
+
+// The toolkit thinks of a box that is not on the screen yet as lower than it will be.
+void frmClientOptions::SizeBox(wxTextCtrl* box, int letters) {
+    box->SetMinSize({GetCharWidth() * letters, box->GetCharHeight() + FromDIP(16)});
 }
 
 wxButton* frmClientOptions::NewButton(wxWindow* page, const wxString& caption, const std::string& given,
@@ -173,8 +177,8 @@ void frmClientOptions::CreateSoundPage() {
     NameControl(chkSounds, "chkSounds", chkSounds->GetLabelText());
     chkSounds->Bind(wxEVT_CHECKBOX,
                     [this](wxCommandEvent& event) { Options.PlaySounds[0] = event.IsChecked() ? -1 : 0; });
-    auto* sounds = new wxFlexGridSizer(4, gap / 2, gap);
-    sounds->AddGrowableCol(1, 1);
+    auto* sounds = new wxFlexGridSizer(3, gap / 2, gap);
+    sounds->AddGrowableCol(0, 1);
     for (std::size_t i = 0; i < txtSound.size(); ++i)
         AddSoundRow(page, *sounds, i);
 
@@ -182,7 +186,7 @@ void frmClientOptions::CreateSoundPage() {
     auto* delay = new wxBoxSizer(wxHORIZONTAL);
     delay->Add(NewLabel(page, kDelay), wxSizerFlags().CenterVertical());
     auto* txtInput = new wxTextCtrl(page, wxID_ANY); // neither shows the setting nor changes it
-    txtInput->SetMinSize({GetCharWidth() * 8, wxDefaultCoord});
+    SizeBox(txtInput, 8);
     txtInput->SetToolTip(
         "The delay in use is NewUserSoundDelay in tarveth.ini; this box does not change it.");
     NameControl(txtInput, "txtInput", kDelay);
@@ -197,7 +201,9 @@ void frmClientOptions::CreateSoundPage() {
 }
 
 void frmClientOptions::AddSoundRow(wxWindow* page, wxFlexGridSizer& rows, std::size_t i) {
-    rows.Add(NewLabel(page, kSounds[i]), wxSizerFlags().CenterVertical());
+    rows.Add(NewLabel(page, kSounds[i]));
+    rows.AddSpacer(0);
+    rows.AddSpacer(0);
     txtSound[i] = NewBox(page, Indexed("txtSound", i), kSounds[i]);
     rows.Add(txtSound[i], wxSizerFlags(1).Expand());
     rows.Add(NewButton(page, "Set new sound...", Indexed("btnChangeSound", i),
@@ -218,8 +224,8 @@ void frmClientOptions::CreatePicturePage() {
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(NewSchemeRow(page), wxSizerFlags().Expand());
     rows->Add(new wxStaticLine(page), wxSizerFlags().Expand().Border(wxTOP | wxBOTTOM, gap));
-    auto* pictures = new wxFlexGridSizer(5, gap / 2, gap);
-    pictures->AddGrowableCol(2, 1);
+    auto* pictures = new wxFlexGridSizer(4, gap, gap);
+    pictures->AddGrowableCol(1, 1);
     for (std::size_t kind = Master; kind <= Pawn; ++kind)
         bluePictures_[kind] = NewPictureRow(page, *pictures, "Blue", kind);
     for (std::size_t kind = Master; kind <= Pawn; ++kind)
@@ -231,13 +237,13 @@ void frmClientOptions::CreatePicturePage() {
 wxSizer* frmClientOptions::NewSchemeRow(wxWindow* page) {
     constexpr const char* kCaption = "Current Picture Scheme";
     const int gap = FromDIP(kGap);
+    auto* caption = NewLabel(page, kCaption);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(NewLabel(page, kCaption), wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     txtPictureScheme = NewBox(page, "txtPictureScheme", kCaption);
     row->Add(txtPictureScheme, wxSizerFlags(1).Expand());
-    const auto add = [&](const wxString& caption, const char* given, std::function<void()> command) {
-        row->Add(NewButton(page, caption, given, caption, std::move(command)),
-                 wxSizerFlags().Border(wxLEFT, gap));
+    const auto add = [&](const wxString& text, const char* given, std::function<void()> command) {
+        row->Add(NewButton(page, text, given, text, std::move(command)),
+                 wxSizerFlags().Expand().Border(wxLEFT, gap));
     };
     add("Change picture scheme...", "btnChangePictureScheme", [this] { ChangePictureScheme(); });
     add("Save As...", "btnSavePictureScheme", [this] { SavePictureSchemeAs(); });
@@ -245,32 +251,39 @@ wxSizer* frmClientOptions::NewSchemeRow(wxWindow* page) {
         Options.PictureScheme = kNoPicture;
         ShowPictures();
     });
-    return row;
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    rows->Add(caption, wxSizerFlags().Border(wxBOTTOM, gap / 4));
+    rows->Add(row, wxSizerFlags().Expand());
+    return rows;
 }
 
 frmClientOptions::PictureRow frmClientOptions::NewPictureRow(wxWindow* page, wxFlexGridSizer& rows,
                                                              const std::string& side, std::size_t kind) {
     const std::string caption = "Picture for the " + side + ' ' + kPieceNames[kind];
+    const auto given = [&](const char* begin, const char* end) { return Indexed(begin + side + end, kind); };
     std::string& name = (side == "Blue" ? Options.BluePics : Options.RedPics)[kind];
     PictureRow row;
-    const int edge = std::max(FromDIP(32), GetCharHeight() * 2);
+    auto* label = NewLabel(page, caption);
+    row.box = NewBox(page, given("txt", "Picture"), caption);
+    auto* labelled = new wxBoxSizer(wxVERTICAL);
+    labelled->Add(label, wxSizerFlags().Border(wxBOTTOM, FromDIP(kGap / 4)));
+    labelled->Add(row.box, wxSizerFlags().Expand());
+
+    const int edge = labelled->CalcMin().y; // the preview is as high as what stands beside it
     row.preview = new wxStaticBitmap(page, wxID_ANY, wxBitmap(edge, edge));
     row.preview->SetMinSize({edge, edge});
-    NameControl(row.preview, Indexed(("pic" + side + "Preview").c_str(), kind), caption);
-    rows.Add(row.preview, wxSizerFlags().Center());
-    rows.Add(NewLabel(page, caption), wxSizerFlags().CenterVertical());
-    row.box = NewBox(page, Indexed(("txt" + side + "Picture").c_str(), kind), caption);
-    rows.Add(row.box, wxSizerFlags(1).CenterVertical().Expand());
-    rows.Add(NewButton(page, "Load a new picture...", Indexed(("btnChange" + side + "Picture").c_str(), kind),
+    NameControl(row.preview, given("pic", "Preview"), caption);
+    rows.Add(row.preview);
+    rows.Add(labelled, wxSizerFlags(1).Expand());
+    rows.Add(NewButton(page, "Load a new picture...", given("btnChange", "Picture"),
                        "Load a new picture: " + caption, [this, &name] { ChangePicture(name); }),
-             wxSizerFlags().CenterVertical());
-    rows.Add(NewButton(page, "Clear picture", Indexed(("btnClear" + side + "Picture").c_str(), kind),
-                       "Clear picture: " + caption,
+             wxSizerFlags().Bottom());
+    rows.Add(NewButton(page, "Clear picture", given("btnClear", "Picture"), "Clear picture: " + caption,
                        [this, &name] {
                            name = kNoPicture;
                            ShowPictures();
                        }),
-             wxSizerFlags().CenterVertical());
+             wxSizerFlags().Bottom());
     return row;
 }
 
