@@ -1,0 +1,171 @@
+#include "tests/server/LobbyProgram.h"
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+#include <utility>
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tarveth {
+
+namespace {
+
+// Far beyond what anything takes; it only keeps a failing test from hanging.
+constexpr int kPatience = 20000; // milliseconds
+
+[[noreturn]] void RunProgram(const std::vector<std::string>& options, unsigned fileLimit, int log) {
+    dup2(log, STDERR_FILENO);
+    if (fileLimit > 0) {
+        const rlimit limit{fileLimit, fileLimit};
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    std::vector<std::string> words = {LOBBY_PROGRAM, "--port", "0"};
+    words.insert(words.end(), options.begin(), options.end());
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    execv(LOBBY_PROGRAM, arguments.data());
+    _exit(127);
+}
+
+bool WaitFor(int file, short events) {
+    pollfd wait{file, events, 0};
+    return poll(&wait, 1, kPatience) == 1;
+}
+
+} // namespace
+
+LobbyProgram::LobbyProgram(const std::vector<std::string>& options, unsigned fileLimit) {
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        throw std::runtime_error("no pipe");
+    process_ = fork();
+    if (process_ == 0)
+        RunProgram(options, fileLimit, ends[1]);
+    close(ends[1]);
+    log_ = ends[0];
+    const std::string line = LogLine();
+    const std::size_t number = line.rfind(' ');
+    if (line.find(" listens on ") == std::string::npos)
+        throw std::runtime_error("the lobby did not start: " + line);
+    port_ = std::atoi(line.c_str() + number);
+}
+
+LobbyProgram::~LobbyProgram() {
+    if (process_ > 0) {
+        kill(process_, SIGKILL);
+        waitpid(process_, nullptr, 0);
+    }
+    close(log_);
+}
+
+void LobbyProgram::Signal(int signal) const {
+    kill(process_, signal);
+}
+
+std::string LobbyProgram::LogLine() {
+    std::string line;
+    char c = 0;
+    while (WaitFor(log_, POLLIN) && read(log_, &c, 1) == 1 && c != '\n')
+        line += c;
+    return line;
+}
+
+int LobbyProgram::WaitForEnd() {
+    int status = 0;
+    waitpid(std::exchange(process_, -1), &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+LobbyClient::LobbyClient(const LobbyProgram& program)
+    : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<std::uint16_t>(program.Port()));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+        throw std::runtime_error("the lobby can't be reached");
+    const int on = 1;
+    setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+}
+
+LobbyClient::LobbyClient(const LobbyProgram& program, const std::string& nick) : LobbyClient(program) {
+    Say("\251clientver(2.6.4)\251nick(" + nick + ")\251sendnicks()");
+    HearUntil("\251addnick(" + nick + ",");
+}
+
+LobbyClient::LobbyClient(LobbyClient&& other) noexcept
+    : socket_(std::exchange(other.socket_, -1)), heard_(std::move(other.heard_)), ended_(other.ended_) {}
+
+void LobbyClient::Say(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t sent = send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (sent <= 0)
+            return;
+        bytes.remove_prefix(static_cast<std::size_t>(sent));
+    }
+}
+
+bool LobbyClient::Receive() {
+    std::array<char, 65536> bytes{};
+    const ssize_t size = WaitFor(socket_, POLLIN) ? recv(socket_, bytes.data(), bytes.size(), 0) : -1;
+    ended_ = size == 0;
+    if (size > 0)
+        heard_.append(bytes.data(), static_cast<std::size_t>(size));
+    return size > 0;
+}
+
+std::string LobbyClient::HearUntil(std::string_view text) {
+    std::size_t at = heard_.find(text);
+    while (at == std::string::npos) {
+        if (!Receive())
+            return {};
+        at = heard_.find(text);
+    }
+    std::string taken = heard_.substr(0, at + text.size());
+    heard_.erase(0, taken.size());
+    return taken;
+}
+
+std::string LobbyClient::HearToTheEnd() {
+    while (Receive()) {
+    }
+    return ended_ ? std::exchange(heard_, {}) : std::string();
+}
+
+void LobbyClient::StopWriting() {
+    shutdown(socket_, SHUT_WR);
+}
+
+void LobbyClient::Abort() {
+    const linger now{1, 0};
+    setsockopt(socket_, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+    Close();
+}
+
+void LobbyClient::Close() {
+    if (socket_ >= 0)
+        close(std::exchange(socket_, -1));
+}
+
+void StartGame(LobbyClient& inviter, const std::string& inviterNick, LobbyClient& invitee,
+               const std::string& inviteeNick) {
+    inviter.Say("\251invite(" + inviteeNick + "," + inviterNick + ")");
+    invitee.HearUntil("\251invite(" + inviteeNick + "," + inviterNick + ")");
+    invitee.Say("\251accept(" + inviterNick + "," + inviteeNick + ", " + inviteeNick + " accepts)");
+    inviter.HearUntil("\251accept(" + inviterNick + "," + inviteeNick);
+    invitee.HearUntil("\251changenick(" + inviteeNick + "," + inviteeNick + ",1)");
+}
+
+} // namespace tarveth
