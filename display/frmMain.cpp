@@ -32,11 +32,6 @@ constexpr int kSmallestWidth = 640;
 constexpr int kSmallestHeight = 480;
 constexpr int kFrameLine = 1;
 
-// The longest text of lblMessage; the label keeps room for it.
-constexpr char kLongestMessage[] = "To begin play: click on the piece you'd like to move, then click on the "
-                                   "location where you'd like to place "
-                                   "the selected piece. To deselect a selected piece, click it again.";
-
 void NameControl(wxWindow* control, const std::string& given, const std::string& spoken) {
     platform::SetAccessible(control->GetHandle(), given, spoken);
 }
@@ -196,8 +191,8 @@ LayoutMetrics frmMain::Metrics() const {
                                     lblMessage->GetTextExtent(Label1[1]->GetLabel()).x) +
                            FromDIP(10);
     metrics.sideWidth = std::max(FromDIP(metrics.sideWidth), lblMessage->GetCharWidth() * 22);
-    // Broken between words, a text takes about a sixth more than its length.
-    metrics.messageLines = lblMessage->GetTextExtent(kLongestMessage).x * 7 / 6 / metrics.sideWidth + 1;
+    // Room for the longest message; broken between words, it takes about a sixth more than its length.
+    metrics.messageLines = lblMessage->GetTextExtent(ToWx(kToBeginPlay)).x * 7 / 6 / metrics.sideWidth + 1;
     return metrics;
 }
 

@@ -44,10 +44,7 @@ void modMAIN::NewGame() {
     EndTurn();
     if (net_.GameInProgress())
         ports_.network.SendBoard();
-    ports_.window.ShowMessage(
-        "To begin play: click on the piece you'd like to move, then click on the location "
-        "where you'd like to place the selected piece. To deselect a selected piece, click "
-        "it again.");
+    ports_.window.ShowMessage(kToBeginPlay);
 }
 
 void modMAIN::SetGameState(std::int16_t value) {
