@@ -1,0 +1,22 @@
+// Replays what fuzzing found interesting.
+#include "fuzz/savedgame_property.h"
+
+#include "tests/platform/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace tarveth {
+namespace {
+
+TEST(SavedGameCorpus, EveryFileIsRefusedOnALineOrReadsBackAsItIsWritten) {
+    int files = 0;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(TARVETH_SOURCE_DIR "/fuzz/corpus/savedgame")) {
+        EXPECT_EQ(SavedGameFault(GetBytes(entry.path().string())), "") << entry.path();
+        ++files;
+    }
+    EXPECT_GT(files, 8);
+}
+
+} // namespace
+} // namespace tarveth
