@@ -58,6 +58,7 @@ std::string AsLog(const std::vector<std::string>& lines) {
 void PlayStep(GameDesk& desk, const std::string& step, const std::string& nextPrompt) {
     if (step.size() == 1) {
         const Window question = desk.program.WaitForWindow("Return");
+        desk.KeepShot("question-what-comes-back");
         desk.screen.Click(desk.Place(step == "O" ? "picReturnOfficer" : "picReturnPawn").Centre());
         ASSERT_TRUE(question.WaitUntilGone()) << step;
     } else if (step.starts_with("  ")) {

@@ -30,7 +30,7 @@ protected:
     // What is painted while the right button is held down on a square.
     std::string HeldOn(std::string_view square) {
         Press(square, Button::Right);
-        const std::string painted = Painted(desk.Board());
+        std::string painted = Painted(desk.Board());
         desk.screen.Release(Button::Right);
         return painted;
     }

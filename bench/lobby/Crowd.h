@@ -1,0 +1,90 @@
+// Many clients of one server on one thread, speaking the real protocol. Every move and line is numbered, so
+// that one that is lost, doubled or out of order is seen.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sys/epoll.h>
+
+namespace tarveth {
+
+class Crowd {
+public:
+    struct Member {
+        int socket = -1;
+        std::string kept;          // an incomplete message
+        std::string unsent;        // what the socket did not take
+        std::uint64_t markers = 0; // in all that it has been sent
+        std::uint32_t sent = 0;    // number of its next move
+        std::uint32_t heard = 0;   // number of its partner's next move
+    };
+
+    // Connects so many and closes them at the end.
+    Crowd(int port, std::size_t size);
+    ~Crowd();
+    Crowd(const Crowd&) = delete;
+    Crowd& operator=(const Crowd&) = delete;
+
+    // All shake hands at once; returns when each has been told of all. The seconds that it took.
+    double Join();
+    // Each even one invites the next; returns when all play and are done telling each other so.
+    void Pair();
+
+    std::size_t Size() const { return members_.size(); }
+    Member& At(std::size_t member) { return members_[member]; }
+    static std::size_t PartnerOf(std::size_t member) { return member ^ 1U; }
+    static std::string Nick(std::size_t member);
+
+    // Serves what there is, once; hear(member, bytes) is given all that came, an incomplete rest of what came
+    // before it included, and gives how many of the bytes it has understood.
+    using Hear = std::function<std::size_t(std::size_t, std::string_view)>;
+    void Serve(int milliseconds, const Hear& hear);
+    void Send(std::size_t member, std::string_view bytes);
+
+    // The member's next move; time goes with it.
+    void AppendMove(std::string& text, std::size_t member, std::uint64_t time);
+    // Takes the moves from the bytes; onMove(time) for each. How many bytes were whole moves.
+    template <class OnMove>
+    std::size_t TakeMoves(std::size_t member, std::string_view bytes, OnMove onMove);
+
+    std::uint64_t Faults() const { return faults_; }
+
+private:
+    void ServeUntil(const std::function<bool()>& done, const Hear& hear);
+    void Read(std::size_t member, const Hear& hear);
+    void Retry(Member& member) const;
+    void Watch(Member& member, std::uint32_t events, int operation) const;
+
+    int epoll_;
+    std::vector<Member> members_;
+    std::vector<char> buffer_;
+    std::uint64_t faults_ = 0;
+};
+
+template <class OnMove>
+std::size_t Crowd::TakeMoves(std::size_t member, std::string_view bytes, OnMove onMove) {
+    constexpr std::string_view kForm = "\251play(P00000,M(";
+    std::size_t done = 0;
+    for (;;) {
+        const std::size_t end = bytes.find("))", done);
+        if (end == std::string_view::npos)
+            return done;
+        std::uint64_t number = 0;
+        std::uint64_t time = 0;
+        std::size_t at = done + kForm.size();
+        for (; at < end && bytes[at] != ','; ++at)
+            number = number * 10 + static_cast<std::uint64_t>(bytes[at] - '0');
+        for (at += 2; at < end; ++at)
+            time = time * 10 + static_cast<std::uint64_t>(bytes[at] - '0');
+        if (bytes[done] != kForm[0] || number != members_[member].heard++)
+            ++faults_;
+        done = end + 2;
+        onMove(time);
+    }
+}
+
+} // namespace tarveth

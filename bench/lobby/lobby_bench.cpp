@@ -1,0 +1,281 @@
+// lobby_bench [name...]: the lobby beside the relay, in turns. Prints each figure, the ratio, and its bar.
+#include "bench/lobby/Crowd.h"
+#include "bench/lobby/ServerProcess.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <exception>
+#include <map>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace tarveth {
+
+namespace {
+
+constexpr int kRounds = 3;
+constexpr double kRoundSeconds = 2;
+constexpr std::size_t kPlayers = 1000;
+
+const std::vector<std::string> kRelay = {LOBBY_RELAY};
+const std::vector<std::string> kLobby = {LOBBY_PROGRAM, "--port", "0"};
+
+std::vector<std::string> WithoutRates() {
+    std::vector<std::string> command = kLobby;
+    for (const char* option : {"--chat-lines=0", "--chat-characters=0", "--messages=0", "--moves=0"})
+        command.emplace_back(option);
+    return command;
+}
+
+double Median(std::vector<double> values) {
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+void CheckFaults(const Crowd& crowd) {
+    if (crowd.Faults() > 0)
+        std::printf("  %llu messages were lost, doubled or out of order\n",
+                    static_cast<unsigned long long>(crowd.Faults()));
+}
+
+// Both in turns, so that what else the computer does meets both; the median of each, and that of the ratios.
+template <class Measure>
+void Compare(const char* what, const char* bar, Measure measure) {
+    std::vector<double> lobby;
+    std::vector<double> relay;
+    std::vector<double> ratios;
+    for (int round = 0; round < kRounds; ++round) {
+        lobby.push_back(measure(WithoutRates()));
+        relay.push_back(measure(kRelay));
+        ratios.push_back(lobby.back() / relay.back());
+    }
+    std::printf("%-52s lobby %12.6g  relay %12.6g  ratio %.2f  (bar %s)\n", what, Median(lobby),
+                Median(relay), Median(ratios), bar);
+}
+
+// Every player answers each move with one; so many are on their way in each game.
+double MovesPerSecond(const std::vector<std::string>& command, int inFlight) {
+    const ServerProcess server(command);
+    Crowd crowd(server.Port(), kPlayers);
+    crowd.Join();
+    crowd.Pair();
+    std::uint64_t moves = 0;
+    std::string answer;
+    const Crowd::Hear hear = [&](std::size_t member, std::string_view bytes) {
+        answer.clear();
+        const std::size_t done = crowd.TakeMoves(member, bytes, [&](std::uint64_t) {
+            ++moves;
+            crowd.AppendMove(answer, member, 0);
+        });
+        crowd.Send(member, answer);
+        return done;
+    };
+    for (std::size_t i = 0; i < kPlayers; i += 2) {
+        std::string opening;
+        for (int n = 0; n < inFlight; ++n)
+            crowd.AppendMove(opening, i, 0);
+        crowd.Send(i, opening);
+    }
+    for (const double start = SecondsNow(); SecondsNow() - start < kRoundSeconds / 4;)
+        crowd.Serve(100, hear);
+    const std::uint64_t before = moves;
+    const double start = SecondsNow();
+    while (SecondsNow() - start < kRoundSeconds)
+        crowd.Serve(100, hear);
+    const double seconds = SecondsNow() - start;
+    CheckFaults(crowd);
+    return static_cast<double>(moves - before) / seconds;
+}
+
+struct Load {
+    double percentile = 0; // the 99th, of the time a move took, in microseconds
+    double processor = 0;  // microseconds a move
+};
+
+Load OfferedLoad(const std::vector<std::string>& command) {
+    constexpr double kPerSecond = 20000;
+    const ServerProcess server(command);
+    Crowd crowd(server.Port(), kPlayers);
+    crowd.Join();
+    crowd.Pair();
+    std::vector<double> times;
+    const auto microseconds = [] { return static_cast<std::uint64_t>(SecondsNow() * 1e6); };
+    const Crowd::Hear hear = [&](std::size_t member, std::string_view bytes) {
+        const std::uint64_t now = microseconds();
+        return crowd.TakeMoves(member, bytes,
+                               [&](std::uint64_t time) { times.push_back(static_cast<double>(now - time)); });
+    };
+    const double used = server.ProcessorSeconds();
+    const double start = SecondsNow();
+    std::string move;
+    for (std::uint64_t sent = 0; SecondsNow() - start < kRoundSeconds;) {
+        for (; static_cast<double>(sent) < (SecondsNow() - start) * kPerSecond; ++sent) {
+            const std::size_t member = static_cast<std::size_t>(sent * 7919) % kPlayers;
+            move.clear();
+            crowd.AppendMove(move, member, microseconds());
+            crowd.Send(member, move);
+        }
+        crowd.Serve(0, hear);
+    }
+    for (double quiet = SecondsNow(); SecondsNow() - quiet < 0.2;)
+        crowd.Serve(50, hear);
+    CheckFaults(crowd);
+    std::ranges::sort(times);
+    return {times[times.size() * 99 / 100],
+            (server.ProcessorSeconds() - used) * 1e6 / static_cast<double>(times.size())};
+}
+
+// One speaks to all, with a few lines on their way.
+double DeliveriesPerSecond(const std::vector<std::string>& command) {
+    constexpr std::uint64_t kLinesOnTheirWay = 8;
+    const ServerProcess server(command);
+    Crowd crowd(server.Port(), kPlayers + 1);
+    crowd.Join();
+    std::uint64_t said = 0;
+    std::uint64_t heard = 0;
+    std::uint64_t faults = 0;
+    const Crowd::Hear hear = [&](std::size_t member, std::string_view bytes) {
+        constexpr std::string_view kForm = "P00000: line ";
+        std::size_t done = 0;
+        for (std::size_t end = 0; (end = bytes.find('\n', done)) != std::string_view::npos; done = end + 1) {
+            std::uint32_t number = 0;
+            std::from_chars(bytes.data() + done + kForm.size(), bytes.data() + end, number);
+            faults += number == crowd.At(member).heard++ ? 0 : 1;
+            ++heard;
+        }
+        return done;
+    };
+    // What is left of the confirmation of their nicknames.
+    crowd.Serve(100, [](std::size_t, std::string_view bytes) { return bytes.size(); });
+    const double start = SecondsNow();
+    while (SecondsNow() - start < kRoundSeconds) {
+        for (; said < heard / crowd.Size() + kLinesOnTheirWay; ++said)
+            crowd.Send(0, "line " + std::to_string(said) + " of what I have to say\r\n");
+        crowd.Serve(100, hear);
+    }
+    if (faults > 0)
+        std::printf("  %llu lines were lost, doubled or out of order\n",
+                    static_cast<unsigned long long>(faults));
+    return static_cast<double>(heard) / (SecondsNow() - start);
+}
+
+double JoinSeconds(const std::vector<std::string>& command, std::size_t size) {
+    const ServerProcess server(command);
+    Crowd crowd(server.Port(), size);
+    const double seconds = crowd.Join();
+    CheckFaults(crowd);
+    return seconds;
+}
+
+void MeasureMoves() {
+    Compare("500 games, 1 move on its way: moves/s", ">= 0.75",
+            [](const auto& command) { return MovesPerSecond(command, 1); });
+}
+
+void MeasureBursts() {
+    Compare("500 games, 32 moves on their way: moves/s", ">= 0.35",
+            [](const auto& command) { return MovesPerSecond(command, 32); });
+}
+
+void MeasureLoad() {
+    Compare("20,000 moves/s offered: 99th percentile, us", "<= 1.5",
+            [](const auto& command) { return OfferedLoad(command).percentile; });
+    Compare("20,000 moves/s offered: processor us a move", "<= 1.3",
+            [](const auto& command) { return OfferedLoad(command).processor; });
+}
+
+void MeasureChat() {
+    Compare("1 speaker, 1,000 listeners: deliveries/s", ">= 0.7", DeliveriesPerSecond);
+}
+
+void MeasureJoins() {
+    Compare("10,000 users join at once: s", "<= 1.2",
+            [](const auto& command) { return JoinSeconds(command, 10000); });
+}
+
+void MeasureIdle(std::size_t users) {
+    const ServerProcess server(WithoutRates());
+    const double empty = server.MemoryBytes();
+    Crowd crowd(server.Port(), users);
+    crowd.Join();
+    const double full = server.MemoryBytes();
+    const double used = server.ProcessorSeconds();
+    sleep(3);
+    std::printf("%zu idle users: %.2f KiB a user beyond the empty server's %.2f MiB (bar 1.5, 8); "
+                "%.6f s of processor time in 3 s\n",
+                users, (full - empty) / 1024 / static_cast<double>(users), empty / (1 << 20),
+                server.ProcessorSeconds() - used);
+}
+
+void MeasureStart() {
+    std::vector<double> times;
+    for (int i = 0; i < 21; ++i)
+        times.push_back(ServerProcess(kLobby).SecondsToListen() * 1e3);
+    std::printf("listening %.1f ms after its start, the slowest of 21 %.1f ms (bar 15)\n", Median(times),
+                *std::ranges::max_element(times));
+}
+
+// With all limits as they are by default, a move a second a player and a line of chat now and then.
+void MeasureHumans() {
+    const ServerProcess server(kLobby);
+    Crowd crowd(server.Port(), kPlayers);
+    crowd.Join();
+    crowd.Pair();
+    std::uint64_t moves = 0;
+    const Crowd::Hear hear = [&](std::size_t member, std::string_view bytes) {
+        const std::size_t chat = bytes.find('\251') == 0 ? std::string_view::npos : bytes.find('\n');
+        if (chat != std::string_view::npos)
+            return chat + 1;
+        return crowd.TakeMoves(member, bytes, [&](std::uint64_t) { ++moves; });
+    };
+    const double start = SecondsNow();
+    std::string text;
+    for (std::size_t turn = 0; SecondsNow() - start < 8; ++turn) {
+        const std::size_t member = turn % kPlayers;
+        text.clear();
+        crowd.AppendMove(text, member, 0);
+        crowd.Send(member, text);
+        for (const double next = start + static_cast<double>(turn) / kPlayers; SecondsNow() < next;)
+            crowd.Serve(1, hear);
+    }
+    for (double quiet = SecondsNow(); SecondsNow() - quiet < 0.2;)
+        crowd.Serve(50, hear);
+    CheckFaults(crowd);
+    std::printf("500 games at human speed, default limits: %llu moves; %s\n",
+                static_cast<unsigned long long>(moves), server.Figures().c_str());
+}
+
+} // namespace
+
+} // namespace tarveth
+
+int main(int count, char** arguments) {
+    using namespace tarveth;
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_NOFILE, &limit);
+    const std::vector<std::pair<std::string, void (*)()>> benches = {
+        {"start", MeasureStart},
+        {"moves", MeasureMoves},
+        {"bursts", MeasureBursts},
+        {"load", MeasureLoad},
+        {"chat", MeasureChat},
+        {"idle", [] { MeasureIdle(10000); }},
+        {"crowd", [] { MeasureIdle(19000); }},
+        {"joins", MeasureJoins},
+        {"humans", MeasureHumans},
+    };
+    const std::vector<std::string> wanted(arguments + 1, arguments + count);
+    try {
+        for (const auto& [name, measure] : benches)
+            if (wanted.empty() || std::ranges::find(wanted, name) != wanted.end())
+                measure();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "lobby_bench: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
