@@ -79,6 +79,7 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
         {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
         {mnuSetColors, [this] { ShowOptions(); }},
+        {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
         {mnuHelpAbout, [this] { frmSplash(window_, pictures_).ShowModal(); }},

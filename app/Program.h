@@ -7,6 +7,7 @@
 #include "display/frmMain.h"
 #include "display/piecepictures.h"
 #include "display/wx/GameFileDialogs.h"
+#include "display/wx/Help.h"
 #include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
 #include "storage/gamefiles.h"
@@ -60,6 +61,7 @@ private:
     Offline network_;
     modMAIN main_;
     BoardMouse mouse_;
+    Help help_{window_, {writableFolder_, programFolder_}};
     GameFileDialogs fileDialogs_;
     GameFiles files_;
 };

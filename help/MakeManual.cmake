@@ -44,7 +44,7 @@ function(run_halibut folder)
   endif()
 endfunction()
 
-# Puts the pictures in. They are drawn at twice their size, to be sharp on a dense screen.
+# Puts the pictures in.
 function(insert_pictures page)
   file(READ "${page}" text)
   string(REGEX MATCHALL "\\(diagram:[a-z-]+\\)" uses "${text}")
@@ -52,23 +52,12 @@ function(insert_pictures page)
     string(REGEX REPLACE "\\(diagram:(.*)\\)" "\\1" name "${use}")
     file(READ "${diagrams}/${name}.alt" title)
     string(STRIP "${title}" title)
-    picture_size("${diagrams}/${name}.png" width height)
-    set(tag "<img src=\"${name}.png\" width=\"${width}\" height=\"${height}\" alt=\"${title}\">")
+    set(tag "<img src=\"${name}.png\" alt=\"${title}\">")
     string(REPLACE "${use}" "${tag}" text "${text}")
     get_filename_component(folder "${page}" DIRECTORY)
     configure_file("${diagrams}/${name}.png" "${folder}/${name}.png" COPYONLY)
   endforeach()
   file(WRITE "${page}" "${text}")
-endfunction()
-
-# Half the width and height that the PNG's header states.
-function(picture_size file width height)
-  file(READ "${file}" wide OFFSET 16 LIMIT 4 HEX)
-  file(READ "${file}" high OFFSET 20 LIMIT 4 HEX)
-  math(EXPR half_wide "0x${wide} / 2")
-  math(EXPR half_high "0x${high} / 2")
-  set(${width} ${half_wide} PARENT_SCOPE)
-  set(${height} ${half_high} PARENT_SCOPE)
 endfunction()
 
 file(REMOVE_RECURSE "${WORK}/text" "${WORK}/html")

@@ -1,6 +1,7 @@
 #include "tools/diagram/picture.h"
 
 #include "display/board.h"
+#include "display/stretch.h"
 #include "tools/diagram/marks.h"
 
 namespace tarveth::diagram {
@@ -10,8 +11,8 @@ namespace {
 constexpr Pixel kMasterZone = Rgb(255, 0, 0);
 constexpr Pixel kOfficerZone = Rgb(255, 255, 0);
 constexpr Pixel kPaper = Rgb(232, 232, 232);
-constexpr int kMargin = 28; // for letters and numbers
-constexpr int kGap = 12;    // between board and jail
+constexpr int kMargin = 32; // for letters and numbers
+constexpr int kGap = 16;    // between board and jail
 
 // The board is drawn once and nobody looks on.
 struct NoWindow : DisplayPort, PersonPort {
@@ -96,6 +97,13 @@ PixelBuffer WithMargins(const Drawing& drawing) {
     return page;
 }
 
+// Squares of 40 pixels, so that a board and its text fit on a page.
+PixelBuffer Smaller(const PixelBuffer& page) {
+    PixelBuffer smaller(page.Width() * 5 / 8, page.Height() * 5 / 8);
+    StretchPixels(page, smaller);
+    return smaller;
+}
+
 } // namespace
 
 PixelBuffer PictureOf(const Diagram& diagram) {
@@ -103,7 +111,7 @@ PixelBuffer PictureOf(const Diagram& diagram) {
     PaintZones(drawing);
     PaintMarks(drawing);
     if (diagram.WholeBoard())
-        return WithMargins(drawing);
+        return Smaller(WithMargins(drawing));
     const int s = drawing.SquareSize();
     return Part(drawing.board.picBoard.Pixels, (diagram.first.column - 1) * s, (diagram.first.row - 1) * s,
                 (diagram.last.column - diagram.first.column + 1) * s,

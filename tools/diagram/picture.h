@@ -6,7 +6,7 @@
 
 namespace tarveth::diagram {
 
-// Squares are 64 pixels wide, the built-in pictures' size.
+// A whole board has squares of 40 pixels, a part of one those of 64, the built-in pictures' size.
 PixelBuffer PictureOf(const Diagram& diagram);
 
 } // namespace tarveth::diagram

@@ -1,0 +1,75 @@
+#include "display/wx/HelpWindow.h"
+
+#include <wx/filesys.h>
+#include <wx/fs_arc.h>
+#include <wx/html/helpctrl.h>
+#include <wx/html/helpfrm.h>
+#include <wx/html/helpwnd.h>
+#include <wx/image.h>
+#include <wx/log.h>
+#include <wx/splitter.h>
+#include <wx/treectrl.h>
+
+namespace tarveth {
+
+namespace {
+
+constexpr int kStyle =
+    wxHF_FRAME | wxHF_TOOLBAR | wxHF_CONTENTS | wxHF_INDEX | wxHF_SEARCH | wxHF_MERGE_BOOKS;
+
+class HelpBook : public HelpWindow {
+public:
+    HelpBook(wxWindow* parent, const wxString& book)
+        : parent_(parent), book_(book), controller_(kStyle, parent) {
+        wxFileSystem::AddHandler(new wxArchiveFSHandler);
+        if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr)
+            wxImage::AddHandler(new wxPNGHandler);
+        controller_.SetTitleFormat("%s");
+    }
+
+    bool Show() override {
+        if (!open_) {
+            const wxLogNull silence; // whoever asked tells what is wrong
+            open_ = controller_.AddBook(wxFileName(book_));
+        }
+        if (!open_)
+            return false;
+        const bool isNew = controller_.GetFrame() == nullptr;
+        if (!controller_.DisplayContents())
+            return false;
+        if (isNew)
+            Prepare(*controller_.GetFrame());
+        return true;
+    }
+
+private:
+    // As wide as a line of text that is easy to read, and the contents beside it.
+    void Prepare(wxHtmlHelpFrame& frame) {
+        frame.SetClientSize(frame.FromDIP(wxSize(960, 680)));
+        controller_.GetHelpWindow()->GetSplitterWindow()->SetSashPosition(frame.FromDIP(310));
+        controller_.GetHelpWindow()->GetTreeCtrl()->SetFocus();
+        if (const auto* main = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(parent_)))
+            frame.SetIcons(main->GetIcons());
+        frame.Bind(wxEVT_CHAR_HOOK, [&frame](wxKeyEvent& event) {
+            if (event.GetKeyCode() == WXK_ESCAPE)
+                frame.Close();
+            else
+                event.Skip();
+        });
+    }
+
+    wxWindow* parent_;
+    wxString book_;
+    wxHtmlHelpController controller_;
+    bool open_ = false;
+};
+
+} // namespace
+
+} // namespace tarveth
+
+extern "C" WXEXPORT tarveth::HelpWindow* TarvethNewHelpWindow(wxWindow* parent, const char* book);
+
+extern "C" tarveth::HelpWindow* TarvethNewHelpWindow(wxWindow* parent, const char* book) {
+    return new tarveth::HelpBook(parent, wxString::FromUTF8(book));
+}
