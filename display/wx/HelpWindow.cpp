@@ -1,5 +1,7 @@
 #include "display/wx/HelpWindow.h"
 
+#include <memory>
+
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
 #include <wx/html/helpctrl.h>
@@ -21,9 +23,10 @@ class HelpBook : public HelpWindow {
 public:
     HelpBook(wxWindow* parent, const wxString& book)
         : parent_(parent), book_(book), controller_(kStyle, parent) {
-        wxFileSystem::AddHandler(new wxArchiveFSHandler);
+        // The toolkit owns the handlers from then on.
+        wxFileSystem::AddHandler(std::make_unique<wxArchiveFSHandler>().release());
         if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr)
-            wxImage::AddHandler(new wxPNGHandler);
+            wxImage::AddHandler(std::make_unique<wxPNGHandler>().release());
         controller_.SetTitleFormat("%s");
     }
 
