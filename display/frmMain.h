@@ -15,7 +15,6 @@
 #include <wx/frame.h>
 #include <wx/timer.h>
 
-class wxListBox;
 class wxMenu;
 class wxStaticLine;
 class wxStaticText;
@@ -23,6 +22,7 @@ class wxStaticText;
 namespace tarveth {
 
 class BoardView;
+class HistoryList;
 class PictureView;
 
 // What the window works on; all of it outlives the window.
@@ -100,7 +100,7 @@ private:
     wxWindow* surface = nullptr; // holds all the controls
     BoardView* picDisplay = nullptr;
     PictureView* picDisplayJail = nullptr;
-    wxListBox* lstHistory = nullptr;         // none until first shown
+    HistoryList* lstHistory = nullptr;       // none until first shown
     std::array<wxStaticText*, 16> lblGrid{}; // likewise
     std::array<wxStaticText*, 2> Label1{};
     wxStaticText* lblCurPlayer = nullptr;

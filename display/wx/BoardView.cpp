@@ -1,6 +1,7 @@
 #include "display/wx/BoardView.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <wx/dc.h>
 
@@ -66,9 +67,10 @@ BoardView::BoardView(wxWindow* parent) : PictureView(parent, wxWANTS_CHARS) {
     Bind(wxEVT_KILL_FOCUS, &BoardView::OnFocusChange, this);
 }
 
-void BoardView::Connect(const BoardDisplay& board, BoardMouse& mouse) {
+void BoardView::Connect(const BoardDisplay& board, BoardMouse& mouse, std::function<void()> afterInput) {
     board_ = &board;
     mouse_ = &mouse;
+    afterInput_ = std::move(afterInput);
 }
 
 void BoardView::PaintOver(wxDC& dc) {
@@ -98,6 +100,7 @@ void BoardView::OnMouseUp(wxMouseEvent& event) {
         ReleaseMouse();
     const double scale = GetContentScaleFactor();
     mouse_->MouseUp(ButtonOf(event), event.GetX() * scale, event.GetY() * scale);
+    afterInput_();
 }
 
 void BoardView::OnCaptureLost(wxMouseCaptureLostEvent&) {
@@ -122,6 +125,7 @@ void BoardView::OnKeyDown(wxKeyEvent& event) {
     case WXK_NUMPAD_ENTER:
     case WXK_SPACE:
         mouse_->PressCursor();
+        afterInput_();
         break;
     case 'Z':
         mouse_->ShowCursorZone();

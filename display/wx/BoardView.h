@@ -5,14 +5,17 @@
 #include "display/boardmouse.h"
 #include "display/wx/PictureView.h"
 
+#include <functional>
+
 namespace tarveth {
 
 class BoardView : public PictureView {
 public:
     explicit BoardView(wxWindow* parent);
 
-    // Both outlive the window. Until this is called there is no board to see or click.
-    void Connect(const BoardDisplay& board, BoardMouse& mouse);
+    // Both outlive the window; afterInput runs after every square that may have been deposited, so that the
+    // next one cannot take its place. Until this is called there is no board to see or click.
+    void Connect(const BoardDisplay& board, BoardMouse& mouse, std::function<void()> afterInput);
 
     bool AcceptsFocus() const override { return true; }
 
@@ -29,6 +32,7 @@ private:
 
     const BoardDisplay* board_ = nullptr;
     BoardMouse* mouse_ = nullptr;
+    std::function<void()> afterInput_;
 };
 
 } // namespace tarveth

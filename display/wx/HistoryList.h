@@ -1,0 +1,20 @@
+// lstHistory: the moves so far, the newest one selected and in view.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <wx/listbox.h>
+
+namespace tarveth {
+
+class HistoryList : public wxListBox {
+public:
+    explicit HistoryList(wxWindow* parent);
+
+    // Shows these lines: all of them anew, or the last of them where one has been added to what is shown. A
+    // history that takes another's place is to be emptied first.
+    void ShowLines(const std::vector<std::string>& lines);
+};
+
+} // namespace tarveth
