@@ -229,6 +229,7 @@ void Server::Bury(Connection& connection) {
 // What every event ends with: what it caused is sent at once, except announcements, which are gathered until
 // the events that came together with it have been served too.
 void Server::AfterEvent() {
+    ++eventsServed_;
     ServeDue();
     graves_.clear();
     SetAlarm();
@@ -237,9 +238,22 @@ void Server::AfterEvent() {
     if (!lobby_.Out().HasAnnouncements() || announcing_)
         return;
     announcing_ = true;
-    asio::post(io_, [this] {
+    announcementTime_ = Clock::now();
+    GatherAnnouncements();
+}
+
+// While more events come in, a sending to all is put off for as long as the last one took: a crowd that comes
+// in at once is announced in a few sendings, a single line without delay.
+void Server::GatherAnnouncements() {
+    asio::post(io_, [this, before = eventsServed_] {
+        if (eventsServed_ != before && Clock::now() < announcementTime_ + lastSending_) {
+            GatherAnnouncements();
+            return;
+        }
         announcing_ = false;
+        const Time start = Clock::now();
         SendAnnouncements();
+        lastSending_ = Clock::now() - start;
         AfterEvent();
     });
 }

@@ -48,6 +48,7 @@ private:
     void Bury(Connection& connection);
 
     void AfterEvent();
+    void GatherAnnouncements();
     void ServeDue();
     void SendAnnouncements();
     void SetAlarm();
@@ -66,6 +67,9 @@ private:
     std::optional<Time> alarmTime_;
     std::array<char, std::size_t{64} << 10> scratch_{};
     bool announcing_ = false; // SendAnnouncements is on its way
+    Time announcementTime_{}; // since when
+    Clock::duration lastSending_{};
+    std::uint64_t eventsServed_ = 0;
     bool stopping_ = false;
 };
 
