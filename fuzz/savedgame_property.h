@@ -14,8 +14,9 @@ namespace tarveth {
 
 // Does the error name a line of the text, or the one right behind its end?
 inline bool NamesALine(const platform::FileError& error, std::string_view text) {
-    const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
-    return error.Line() && *error.Line() >= 1 && *error.Line() <= lines;
+    const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    const std::size_t lines = ends + (text.empty() || text.ends_with('\n') ? 0 : 1);
+    return error.Line() && *error.Line() >= 1 && *error.Line() <= lines + 1;
 }
 
 // What is broken for a saved game of these bytes; nothing if all is well.

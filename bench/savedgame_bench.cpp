@@ -1,0 +1,125 @@
+// What keeping a game in a file costs: writing and reading 2,000 history lines against the same bytes in one
+// piece, and one more line in a long history against one in an empty history. At most 3 times, 3 times and 1
+// time are wanted.
+#include "platform/atomic_file.h"
+#include "storage/modFileIO.h"
+#include "storage/notation.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using tarveth::Game;
+
+constexpr std::size_t kHistoryLines = 2000;
+constexpr std::size_t kLongHistory = 10'000;
+constexpr std::uintmax_t kLimit = 1 << 20;
+
+Game LongGame(std::size_t lines) {
+    Game game;
+    tarveth::CreatePieces(game);
+    tarveth::PlacePieces(game, tarveth::kImperialBoard);
+    game.Turn = tarveth::Blue;
+    for (std::size_t i = 0; i < lines; ++i)
+        game.lstHistory.emplace_back(i % 3 == 0 ? "R:RO 4C-4D cBP" : "B:BP 4E-4D");
+    return game;
+}
+
+class TemporaryFile {
+public:
+    TemporaryFile() : path_(std::filesystem::temp_directory_path() / "tarveth-savedgame-bench.tsg") {}
+    ~TemporaryFile() { std::filesystem::remove(path_); }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    const std::filesystem::path& Path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+template <class Work>
+double SecondsOf(Work work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double Median(std::vector<double> times) {
+    std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2),
+                     times.end());
+    return times[times.size() / 2];
+}
+
+// The middle times of both, run in turn, so that they share whatever else the machine is doing.
+template <class Work, class Yardstick>
+double Ratio(int rounds, Work work, Yardstick yardstick) {
+    std::vector<double> ours;
+    std::vector<double> theirs;
+    for (int i = 0; i < rounds; ++i) {
+        ours.push_back(SecondsOf(work));
+        theirs.push_back(SecondsOf(yardstick));
+    }
+    return Median(ours) / Median(theirs);
+}
+
+void WriteLongGame(benchmark::State& state) {
+    const TemporaryFile file;
+    const Game game = LongGame(kHistoryLines);
+    const std::string bytes = tarveth::GameText(game, "title");
+    const auto write = [&] { tarveth::WriteGame(game, "title", file.Path()); };
+    while (state.KeepRunning())
+        write();
+    state.counters["times_one_piece"] =
+        Ratio(101, write, [&] { tarveth::platform::WriteFileAtomically(file.Path(), bytes); });
+}
+
+void ReadLongGame(benchmark::State& state) {
+    const TemporaryFile file;
+    tarveth::WriteGame(LongGame(kHistoryLines), "title", file.Path());
+    const auto read = [&] { benchmark::DoNotOptimize(tarveth::ReadGame(file.Path())); };
+    while (state.KeepRunning())
+        read();
+    state.counters["times_one_piece"] = Ratio(
+        1001, read, [&] { benchmark::DoNotOptimize(tarveth::platform::ReadWholeFile(file.Path(), kLimit)); });
+}
+
+// Adds so many lines to a history of that length; the vector's growth is part of it.
+double AddingTo(std::size_t length) {
+    constexpr int kLines = 1000;
+    Game game = LongGame(length);
+    return SecondsOf([&] {
+        for (int i = 0; i < kLines; ++i)
+            tarveth::HistoryAddMove(game, 1);
+    });
+}
+
+void AddHistoryLine(benchmark::State& state) {
+    Game game = LongGame(kLongHistory);
+    while (state.KeepRunning()) {
+        tarveth::HistoryAddMove(game, 1);
+        if (game.lstHistory.size() >= 2 * kLongHistory)
+            game.lstHistory.resize(kLongHistory);
+    }
+    std::vector<double> longTimes;
+    std::vector<double> emptyTimes;
+    for (int i = 0; i < 101; ++i) {
+        longTimes.push_back(AddingTo(kLongHistory));
+        emptyTimes.push_back(AddingTo(0));
+    }
+    state.counters["times_empty"] = Median(longTimes) / Median(emptyTimes);
+}
+
+BENCHMARK(WriteLongGame)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ReadLongGame)->Unit(benchmark::kMicrosecond);
+BENCHMARK(AddHistoryLine);
+
+} // namespace
+
+BENCHMARK_MAIN();
