@@ -1,0 +1,289 @@
+// The options dialog of the real program: its pages, what Okay changes at once and in tarveth.ini, and what
+// Cancel leaves alone.
+
+#include "tests/window/GameDesk.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace tarveth::harness {
+namespace {
+
+constexpr const char* kIni =
+    "[Options]\r\nAnimateMoves=0\r\n"
+    "[Sounds]\r\nNewUserSoundDelay=7\r\nSoundLoser=/sounds/lost.wav\r\n"
+    "[ClientOptions]\r\nTranscriptFontName=Times New Roman\r\nTranscriptFontSize=14\r\n";
+
+// Pictures of 48 pixels; a Blue Master fills most of its square, a Pawn little.
+constexpr const char* kPictures = TARVETH_SOURCE_DIR "/pics/48/";
+
+std::string SchemeOfMastersOnly() {
+    std::string text;
+    for (const std::string side : {"Blue", "Red"}) {
+        text += "[" + side + "]\r\n";
+        for (const char kind : {'1', '2', '3'}) {
+            text += kind + side + "=" + kPictures + (side == "Blue" ? "blue" : "red") + "1.bmp\r\n";
+        }
+    }
+    return text;
+}
+
+class Options : public testing::Test {
+protected:
+    // Opens the dialog by its access keys, on the page with that number.
+    Window Open(int page = 0) {
+        EXPECT_TRUE(desk.window.Activate());
+        desk.Choose("O", "o");
+        Window dialog = desk.program.WaitForWindow("Tarveth Options");
+        for (int i = 0; i < page; ++i) {
+            desk.screen.Key("Down");
+        }
+        if (page > 0) {
+            EXPECT_TRUE(WaitUntil([&] { return Showing("fraOptions(" + std::to_string(page) + ")"); }));
+        }
+        desk.WaitUntilAtRest();
+        // The window manager may still be moving the dialog.
+        EXPECT_TRUE(WaitUntil([&] {
+            LookAround();
+            return inside == dialog.ClientArea();
+        }));
+        return dialog;
+    }
+
+    // Reads all controls once: to ask for each of them takes long.
+    void LookAround() {
+        controls.clear();
+        bool isInside = false;
+        for (const AccessibleNode& control : desk.reader.Read()) {
+            controls[control.id] = control;
+            inside = isInside ? control.extents : inside;
+            isInside = control.name == "Tarveth Options";
+        }
+    }
+    bool Sees(const std::string& id) { return controls[id].Has("showing") && controls[id].Has("sensitive"); }
+    bool Showing(const std::string& id) {
+        const auto control = desk.reader.Find(WithId(id));
+        return control && control->Has("showing");
+    }
+
+    void Press(const std::string& id) {
+        ASSERT_TRUE(Sees(id)) << id;
+        desk.screen.Click(controls[id].extents.Centre());
+    }
+
+    // Clicks on a check box and waits for its mark to come or go.
+    void Toggle(const std::string& id) {
+        ASSERT_NO_FATAL_FAILURE(Press(id));
+        EXPECT_TRUE(WaitUntil([&] {
+            const auto box = desk.reader.Find(WithId(id));
+            return box && box->Has("checked") != controls[id].Has("checked");
+        })) << id;
+    }
+
+    void CloseBy(const Window& dialog, const std::string& id) {
+        Press(id);
+        EXPECT_TRUE(dialog.WaitUntilGone());
+        EXPECT_TRUE(desk.window.Activate());
+        desk.WaitUntilAtRest();
+    }
+
+    // Answers a file dialog of that title with a path.
+    void GiveFile(const char* title, const std::string& path) {
+        const Window dialog = desk.program.WaitForWindow(title);
+        ASSERT_TRUE(desk.reader.WaitFor(WithRoleAndName("push button", "Cancel")));
+        desk.screen.Key("Ctrl+A");
+        desk.screen.Type(path);
+        const auto typed = [&](const AccessibleNode& node) {
+            return node.role == "text" && node.text == path;
+        };
+        ASSERT_TRUE(desk.reader.WaitFor(typed)) << desk.reader.Outline();
+        desk.screen.Key("Return");
+        ASSERT_TRUE(dialog.WaitUntilGone());
+    }
+
+    // The lines of tarveth.ini after the program has closed, without their ends.
+    std::vector<std::string> IniAfterClose() {
+        EXPECT_EQ(desk.Close(), 0);
+        std::vector<std::string> lines;
+        std::string line;
+        for (const char letter : folder.Read("tarveth.ini")) {
+            if (letter == '\n') {
+                lines.push_back(std::exchange(line, {}));
+            } else if (letter != '\r') {
+                line += letter;
+            }
+        }
+        return lines;
+    }
+
+    static bool Has(const std::vector<std::string>& lines, const std::string& line) {
+        return std::find(lines.begin(), lines.end(), line) != lines.end();
+    }
+
+    GameFolder folder{kIni};
+    GameDesk desk{folder};
+    // When last looked at: the controls by their given names, and what surrounds those of the dialog.
+    std::map<std::string, AccessibleNode> controls;
+    Rect inside;
+};
+
+TEST_F(Options, ShowOnePageAtATime) {
+    Open();
+    for (int page = 0; page < 4; ++page) {
+        desk.WaitUntilAtRest();
+        LookAround();
+        for (int other = 0; other < 4; ++other) {
+            EXPECT_EQ(Sees("fraOptions(" + std::to_string(other) + ")"), other == page)
+                << page << ' ' << other;
+        }
+        desk.screen.Key("Down");
+    }
+}
+
+TEST_F(Options, ShowTheSettings) {
+    Open();
+    EXPECT_FALSE(controls["chkPlayOptions(0)"].Has("checked"));
+    EXPECT_TRUE(controls["chkPlayOptions(2)"].Has("checked"));
+    EXPECT_FALSE(controls["chkSounds"].Has("checked"));
+    EXPECT_EQ(controls["txtSample(1)"].text, "Text that your opponent wrote");
+    EXPECT_EQ(controls["txtSampleFont(0)"].text, "14pt Times New Roman");
+    EXPECT_EQ(controls["txtSound(0)"].text, "<beep>");
+    EXPECT_EQ(controls["txtSound(2)"].text, "/sounds/lost.wav");
+    EXPECT_EQ(controls["txtInput"].text, "");
+    EXPECT_EQ(controls["txtPictureScheme"].text, "[none]");
+    EXPECT_EQ(controls["txtRedPicture(3)"].text, "[none]");
+}
+
+TEST_F(Options, TakeEffectAtOnceAndAreKept) {
+    desk.Move("5F", "5E");
+    ASSERT_TRUE(desk.PromptBecomes("Pick piece"));
+    const Window dialog = Open();
+    for (const char* box : {"chkPlayOptions(1)", "chkPlayOptions(2)", "chkPlayOptions(3)"}) {
+        Toggle(box);
+    }
+    desk.screen.Key("Return"); // Okay is the button that Enter presses
+    EXPECT_TRUE(dialog.WaitUntilGone());
+    EXPECT_TRUE(WaitUntil([&] { return Showing("lblGrid(0)") && Showing("lstHistory"); }));
+    EXPECT_EQ(desk.History().size(), 1U);
+    const std::vector<std::string> ini = IniAfterClose();
+    for (const char* line : {"AnimateMoves=0", "GridLabels=-1", "ZOCRight=0", "History=-1", "AutoSaveLog=0",
+                             "NewUserSoundDelay=7", "SoundVictor=", "SoundLoser=/sounds/lost.wav"}) {
+        EXPECT_TRUE(Has(ini, line)) << line;
+    }
+}
+
+TEST_F(Options, AreForgottenByCancelEscapeAndTheCross) {
+    for (const char* way : {"btnCancel", "Escape", "cross"}) {
+        const Window dialog = Open();
+        Toggle("chkPlayOptions(1)");
+        if (way == std::string("btnCancel")) {
+            Press(way);
+        } else if (way == std::string("Escape")) {
+            desk.screen.Key(way);
+        } else {
+            Window(dialog).Close();
+        }
+        EXPECT_TRUE(dialog.WaitUntilGone()) << way;
+        desk.WaitUntilAtRest();
+        EXPECT_FALSE(Showing("lblGrid(0)")) << way;
+    }
+    EXPECT_TRUE(Has(IniAfterClose(), "GridLabels=0"));
+}
+
+TEST_F(Options, DoNotChangeTheDelay) {
+    const Window dialog = Open(2);
+    Press("txtInput");
+    desk.screen.Type("55");
+    Toggle("chkSounds");
+    CloseBy(dialog, "btnOkay");
+    const std::vector<std::string> ini = IniAfterClose();
+    EXPECT_TRUE(Has(ini, "NewUserSoundDelay=7"));
+    EXPECT_TRUE(Has(ini, "UseNewUserSound=-1"));
+}
+
+TEST_F(Options, SetAndClearSounds) {
+    const Window dialog = Open(2);
+    Press("btnChangeSound(1)");
+    GiveFile("Specify Sound File", TARVETH_SOURCE_DIR "/sounds/victory.wav");
+    EXPECT_TRUE(desk.TextBecomes("txtSound(1)", TARVETH_SOURCE_DIR "/sounds/victory.wav"));
+    Press("btnClearSound(2)");
+    EXPECT_TRUE(desk.TextBecomes("txtSound(2)", "<beep>"));
+    CloseBy(dialog, "btnOkay");
+    const std::vector<std::string> ini = IniAfterClose();
+    EXPECT_TRUE(Has(ini, "SoundVictor=" TARVETH_SOURCE_DIR "/sounds/victory.wav"));
+    EXPECT_TRUE(Has(ini, "SoundLoser="));
+}
+
+TEST_F(Options, LoadASchemeThatChangesThePieces) {
+    const std::string scheme = folder.Path() / "masters.tps";
+    folder.Write("masters.tps", SchemeOfMastersOnly());
+    const Picture before = desk.Board();
+    const Window dialog = Open(3);
+    const Picture builtin = desk.screen.Capture(controls["picBluePreview(3)"].extents);
+    Press("btnChangePictureScheme");
+    GiveFile("Specify Picture Scheme", scheme);
+    EXPECT_TRUE(desk.TextBecomes("txtPictureScheme", scheme));
+    EXPECT_EQ(desk.Text("txtBluePicture(3)"), std::string(kPictures) + "blue1.bmp");
+    EXPECT_FALSE(desk.screen.Capture(controls["picBluePreview(3)"].extents) == builtin);
+    Press("btnClearRedPicture(2)");
+    EXPECT_TRUE(desk.TextBecomes("txtRedPicture(2)", "[none]"));
+    CloseBy(dialog, "btnOkay");
+    EXPECT_FALSE(desk.Board() == before);
+    desk.KeepShot("pieces-of-a-scheme");
+    const std::vector<std::string> ini = IniAfterClose();
+    EXPECT_TRUE(Has(ini, "PictureScheme=" + scheme));
+    EXPECT_TRUE(Has(ini, "3Blue=" + std::string(kPictures) + "blue1.bmp"));
+    EXPECT_TRUE(Has(ini, "2Red=[none]"));
+}
+
+TEST_F(Options, SaveASchemeThatCancelLeavesAndAskBeforeTheyOverwriteIt) {
+    const Window dialog = Open(3);
+    Press("btnChangeBluePicture(1)");
+    GiveFile("Specify Picture File", std::string(kPictures) + "blue2.bmp");
+    Press("btnSavePictureScheme");
+    GiveFile("Save Picture Scheme As", folder.Path() / "blue");
+    EXPECT_TRUE(desk.TextBecomes("txtPictureScheme", folder.Path() / "blue.tps"));
+    const std::string written = folder.Read("blue.tps");
+    EXPECT_EQ(written, "[Blue]\r\n1Blue=" + std::string(kPictures) +
+                           "blue2.bmp\r\n2Blue=[none]\r\n3Blue=[none]\r\n"
+                           "[Red]\r\n1Red=[none]\r\n2Red=[none]\r\n3Red=[none]\r\n");
+
+    Press("btnClearBluePicture(1)");
+    Press("btnSavePictureScheme");
+    GiveFile("Save Picture Scheme As", folder.Path() / "blue.tps");
+    ASSERT_TRUE(WaitUntil([&] { return desk.program.Windows().size() == 3; }));
+    const Window question = desk.program.Windows().back();
+    EXPECT_NE(desk.reader.Outline().find("blue.tps\nThis file already exists. Overwrite it?"),
+              std::string::npos);
+    desk.screen.Key("Alt+n");
+    EXPECT_TRUE(question.WaitUntilGone());
+    CloseBy(dialog, "btnCancel");
+    EXPECT_EQ(folder.Read("blue.tps"), written);
+    EXPECT_TRUE(Has(IniAfterClose(), "1Blue=[none]"));
+}
+
+TEST_F(Options, TellOnceAboutPicturesThatCannotBeUsed) {
+    folder.Write("bad.bmp", "no picture");
+    folder.Write("worse.bmp", "BM");
+    folder.Write("bad.tps", "[Blue]\n1Blue=bad.bmp\n[Red]\n3Red=worse.bmp\n1Red=missing.bmp\n");
+    const Picture before = desk.Board();
+    const Window dialog = Open(3);
+    Press("btnChangePictureScheme");
+    GiveFile("Specify Picture Scheme", folder.Path() / "bad.tps");
+    Press("btnOkay");
+    EXPECT_TRUE(dialog.WaitUntilGone());
+    const Window box = desk.MessageBox();
+    const std::string text = desk.MessageBoxText();
+    EXPECT_NE(text.find("bad.bmp"), std::string::npos) << text;
+    EXPECT_NE(text.find("worse.bmp"), std::string::npos) << text;
+    desk.screen.Key("Return");
+    EXPECT_TRUE(box.WaitUntilGone());
+    EXPECT_TRUE(desk.window.Activate());
+    EXPECT_TRUE(desk.Board() == before);
+}
+
+} // namespace
+} // namespace tarveth::harness
