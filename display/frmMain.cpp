@@ -82,7 +82,7 @@ void frmMain::TakeThemeColours() {
     lblCurPlayer->SetBackgroundColour(ground.GetLuminance() < 0.5 ? *wxWHITE : wxColour());
     if (!parts_)
         return;
-    const wxColour jail = ground.ChangeLightness(ground.GetLuminance() < 0.5 ? 115 : 95);
+    const wxColour jail = ground.ChangeLightness(ground.GetLuminance() < 0.5 ? 108 : 95);
     parts_->board.picJail.BackColor = Rgb(jail.Red(), jail.Green(), jail.Blue());
     parts_->board.RedrawBoard();
 }

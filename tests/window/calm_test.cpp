@@ -61,6 +61,16 @@ TEST(AtRest, TheProgramUsesNoProcessor) {
     EXPECT_TRUE(desk.program.Alive());
 }
 
+TEST(InAHurry, ClicksWithNoTimeBetweenThemAreAllPlayed) {
+    const GameFolder folder("[Options]\r\nAnimateMoves=0\r\nHistory=-1\r\n");
+    GameDesk desk(folder);
+    for (const char* square : {"4E", "4D", "5D", "5E", "3F", "3E", "3D", "2D", "7F", "8F"})
+        desk.ClickSquare(square);
+    const std::vector<std::string> moves = {"B:BP 4E-4D", "R:RP 5D-5E", "B:BP 3F-3E", "R:RP 3D-2D",
+                                            "B:BP 7F-8F"};
+    EXPECT_TRUE(WaitUntil([&] { return desk.History() == moves; })) << testing::PrintToString(desk.History());
+}
+
 TEST_F(MovingPiece, ArrivesBeforeANewGameBegins) {
     for (int turn = 0; turn < 3; ++turn) {
         ASSERT_NO_FATAL_FAILURE(SendOff());
