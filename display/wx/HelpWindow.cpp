@@ -1,7 +1,6 @@
 #include "display/wx/HelpWindow.h"
 
-#include <memory>
-
+#include <wx/display.h>
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
 #include <wx/html/helpctrl.h>
@@ -23,10 +22,11 @@ class HelpBook : public HelpWindow {
 public:
     HelpBook(wxWindow* parent, const wxString& book)
         : parent_(parent), book_(book), controller_(kStyle, parent) {
-        // The toolkit owns the handlers from then on.
-        wxFileSystem::AddHandler(std::make_unique<wxArchiveFSHandler>().release());
+        // The toolkit owns the handlers from then on. NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
+        wxFileSystem::AddHandler(new wxArchiveFSHandler);
         if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr)
-            wxImage::AddHandler(std::make_unique<wxPNGHandler>().release());
+            wxImage::AddHandler(new wxPNGHandler);
+        // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
         controller_.SetTitleFormat("%s");
     }
 
@@ -46,9 +46,12 @@ public:
     }
 
 private:
-    // As wide as a line of text that is easy to read, and the contents beside it.
+    // As wide as a line of text that is easy to read and the contents beside it, where the screen has room
+    // for them.
     void Prepare(wxHtmlHelpFrame& frame) {
-        frame.SetClientSize(frame.FromDIP(wxSize(960, 680)));
+        wxSize size = frame.FromDIP(wxSize(960, 720));
+        size.DecTo(wxDisplay(&frame).GetClientArea().GetSize());
+        frame.SetSize(size);
         controller_.GetHelpWindow()->GetSplitterWindow()->SetSashPosition(frame.FromDIP(310));
         controller_.GetHelpWindow()->GetTreeCtrl()->SetFocus();
         if (const auto* main = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(parent_)))
