@@ -23,29 +23,6 @@ constexpr char kUsage[] =
     "are kept beside the program, or in your own data folder where the program's folder\n"
     "cannot be written.\n";
 
-class TarvethApp : public wxApp {
-public:
-    bool OnInit() override {
-        SetAppName("Tarveth");
-        program_ = std::make_unique<Program>();
-        program_->Start(GameFile());
-        return true;
-    }
-
-private:
-    // Absolute, since the program leaves the folder it was started in.
-    std::string GameFile() const {
-        if (argc < 2)
-            return {};
-        std::error_code error;
-        const std::string name = PathFromWx(argv[1]);
-        const std::filesystem::path file = std::filesystem::absolute(name, error);
-        return error ? name : file.lexically_normal().string();
-    }
-
-    std::unique_ptr<Program> program_;
-};
-
 // Answers the command line where it asks for something else than the game; nothing where the game is to
 // start.
 std::optional<int> Answer(int argc, char** argv) {
@@ -68,6 +45,29 @@ std::optional<int> Answer(int argc, char** argv) {
 }
 
 } // namespace
+
+class TarvethApp : public wxApp {
+public:
+    bool OnInit() override {
+        SetAppName("Tarveth");
+        program_ = std::make_unique<Program>();
+        program_->Start(GameFile());
+        return true;
+    }
+
+private:
+    // Absolute, since the program leaves the folder it was started in.
+    std::string GameFile() const {
+        if (argc < 2)
+            return {};
+        std::error_code error;
+        const std::string name = PathFromWx(argv[1]);
+        const std::filesystem::path file = std::filesystem::absolute(name, error);
+        return error ? name : file.lexically_normal().string();
+    }
+
+    std::unique_ptr<Program> program_;
+};
 
 } // namespace tarveth
 

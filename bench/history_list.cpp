@@ -62,12 +62,14 @@ void Compare(const char* what, double Cost::*cost, std::vector<Cost> toLong, std
                 emptyList, longList / emptyList);
 }
 
+} // namespace
+
 class BenchApp : public wxApp {
 public:
     bool OnInit() override {
         auto* frame = new wxFrame(nullptr, wxID_ANY, "History", wxDefaultPosition, {250, 400});
         frame->Show();
-        CallAfter([this, frame] {
+        CallAfter([frame] {
             auto* list = new tarveth::HistoryList(frame);
             list->SetSize(0, 0, 250, 400);
             Measure(list);
@@ -88,8 +90,6 @@ private:
         Compare("painted", &Cost::painted, toLong, toEmpty);
     }
 };
-
-} // namespace
 
 wxIMPLEMENT_APP_NO_MAIN(BenchApp);
 

@@ -107,7 +107,7 @@ std::string GameFiles::TitleOf(const std::string& path) const {
 }
 
 std::string GameFiles::ProposedName() {
-    const std::string title = Trim(record_.GameTitle);
+    std::string title = Trim(record_.GameTitle);
     if (!title.empty())
         return title;
     const std::string opponent = ports_.network.OpponentNick();
