@@ -71,6 +71,8 @@ protected:
 
     void Press(const std::string& id) {
         ASSERT_TRUE(Sees(id)) << id;
+        desk.program.WaitForWindow("Tarveth Options"); // after a file dialog it comes back to the keyboard
+        desk.WaitUntilAtRest();
         desk.screen.Click(controls[id].extents.Centre());
     }
 
