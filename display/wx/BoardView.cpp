@@ -89,7 +89,8 @@ void BoardView::PaintOver(wxDC& dc) {
 
 void BoardView::OnMouseDown(wxMouseEvent& event) {
     SetFocus();
-    if (!HasCapture())
+    // Only a zone needs to hear of a release elsewhere.
+    if (ButtonOf(event) == MouseButton::Right && !HasCapture())
         CaptureMouse();
     const double scale = GetContentScaleFactor();
     mouse_->MouseDown(ButtonOf(event), event.GetX() * scale, event.GetY() * scale);

@@ -61,13 +61,14 @@ TEST(AtRest, TheProgramUsesNoProcessor) {
     EXPECT_TRUE(desk.program.Alive());
 }
 
-TEST(InAHurry, ClicksWithNoTimeBetweenThemAreAllPlayed) {
+TEST(InAHurry, KeysWithNoTimeBetweenThemAreAllPlayed) {
     const GameFolder folder("[Options]\r\nAnimateMoves=0\r\nHistory=-1\r\n");
     GameDesk desk(folder);
-    for (const char* square : {"4E", "4D", "5D", "5E", "3F", "3E", "3D", "2D", "7F", "8F"})
-        desk.ClickSquare(square);
-    const std::vector<std::string> moves = {"B:BP 4E-4D", "R:RP 5D-5E", "B:BP 3F-3E", "R:RP 3D-2D",
-                                            "B:BP 7F-8F"};
+    for (const char* key : {"Up", "Return", "Up", "Return",      // shows the cursor on 4E; to 4D
+                            "Right", "Return", "Down", "Return", // 5D to 5E
+                            "Left", "Left", "Down", "Return", "Up", "Return"}) // 3F to 3E
+        desk.screen.Key(key);
+    const std::vector<std::string> moves = {"B:BP 4E-4D", "R:RP 5D-5E", "B:BP 3F-3E"};
     EXPECT_TRUE(WaitUntil([&] { return desk.History() == moves; })) << testing::PrintToString(desk.History());
 }
 
