@@ -94,11 +94,11 @@ TEST(DiagramInLetters, HasAPieceItsZoneAndMarksInEachSquare) {
     const std::vector<std::string> expected = {
         "      1    2 ",  //
         "   +----+----+", //
-        " A |#RP |    |", //
+        " A |#RP#|    |", //
         "   +----+----+", //
-        " B |   x| BM |", //
+        " B |  x | BM |", //
         "   +----+----+", //
-        " C |#   |   o|", //
+        " C |#  #|  o |", //
         "   +----+----+", //
         "   #  in a Master's zone",
         "   o  may go here",

@@ -23,13 +23,18 @@ bool Holds(const std::vector<Square>& squares, Square square) {
     return std::find(squares.begin(), squares.end(), square) != squares.end();
 }
 
-// Four letters: the zone's sign, the piece in two, the sign for a move.
+// Four letters: the piece in the middle, the zone's sign at both ends, and the sign for a move at the end or,
+// on an empty square, in the middle.
 std::string Cell(const Diagram& diagram, Square square) {
     const int zone = diagram.ZoneAt(square);
-    std::string cell(1, zone == Master ? kMasterZone : zone == Officer ? kOfficerZone : ' ');
+    const char end = zone == Master ? kMasterZone : zone == Officer ? kOfficerZone : ' ';
     const int piece = PieceOn(diagram.game, square);
-    cell += piece != 0 ? PieceLetters(diagram.game.Piece(piece)) : "  ";
-    cell += Holds(diagram.can, square) ? kCan : Holds(diagram.cannot, square) ? kCannot : ' ';
+    std::string cell = end + (piece != 0 ? PieceLetters(diagram.game.Piece(piece)) : "  ") + end;
+    const std::size_t place = piece != 0 ? 3 : 2;
+    if (Holds(diagram.can, square))
+        cell.at(place) = kCan;
+    else if (Holds(diagram.cannot, square))
+        cell.at(place) = kCannot;
     return cell;
 }
 
