@@ -114,6 +114,9 @@ void Program::LoadEverything() {
     problems.insert(problems.end(), more.begin(), more.end());
     problems_ = ProblemText(problems, writableFolder_ + "tarveth.ini");
     AddProblem(LoadPictures());
+    if (!platform::CanCreateFileIn(writableFolder_))
+        AddProblem("Settings, logs and games cannot be kept: neither " + writableFolder_ +
+                   " nor a data folder of your own can be written.");
 }
 
 // In which a relative name is looked up, one after the other.

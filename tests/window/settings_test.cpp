@@ -112,6 +112,17 @@ std::string Bitmap(std::int32_t width, std::int32_t height) {
            std::string(static_cast<std::size_t>(pixels), '\0');
 }
 
+// Runs the program in a folder that cannot be written, with its data folder at `data`.
+GameDeskOptions InReadOnlyFolder(const GameFolder& folder, const std::string& data) {
+    std::filesystem::permissions(folder.Path(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    GameDeskOptions options{.environment = {{"XDG_DATA_HOME", data}}};
+    if (geteuid() == 0) { // for whom permissions do not hold, unless he gives up that right
+        options.through = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
+    }
+    return options;
+}
+
 TEST(SettingsFile, IsWrittenWholeAtTheFirstClose) {
     const GameFolder folder;
     GameDesk desk(folder);
@@ -236,18 +247,25 @@ TEST(SettingsFile, IsTheUsersOwnWhereTheProgramsFolderIsReadOnly) {
     const GameFolder folder;
     const GameFolder home;
     folder.Write("tarveth.ini", "[Options]\r\nGameBoard=2\r\n");
-    std::filesystem::permissions(folder.Path(),
-                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    GameDeskOptions options{.environment = {{"XDG_DATA_HOME", (home.Path() / "data").string()}}};
-    if (geteuid() == 0) { // for whom permissions do not hold, unless he gives up that right
-        options.through = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
-    }
+    const GameDeskOptions options = InReadOnlyFolder(folder, (home.Path() / "data").string());
     GameDesk desk(folder, options);
     desk.Choose("O", "d");
     EXPECT_EQ(desk.Close(), 0);
     EXPECT_EQ(folder.Read("tarveth.ini"), "[Options]\r\nGameBoard=2\r\n");
     EXPECT_NE(home.Read("data/tarveth/tarveth.ini").find("GameBoard=2\r\n"), std::string::npos)
         << home.Read("data/tarveth/tarveth.ini");
+}
+
+TEST(SettingsFile, IsMissedInOneMessageWhereNothingCanBeWritten) {
+    const GameFolder folder;
+    GameDesk desk(folder, InReadOnlyFolder(folder, "/proc/nowhere"));
+    EXPECT_EQ(desk.MessageBoxText(), "Settings, logs and games cannot be kept: neither " +
+                                         folder.Path().string() +
+                                         "/ nor a data folder of your own can be written.");
+    desk.screen.Key("Return");
+    desk.Move("4E", "4D");
+    EXPECT_TRUE(desk.TextBecomes("lblCurPlayer", "Red")) << "and the game is played all the same";
+    EXPECT_EQ(desk.Close(), 0);
 }
 
 } // namespace
