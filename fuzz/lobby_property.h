@@ -1,0 +1,167 @@
+// What must hold for a lobby whose clients send any bytes: pairs and invitations are mutual, nicknames are
+// unique and clean, and whatever a client is sent is well-formed and in the words of the protocol. Shared by
+// the fuzz target and the test that replays its corpus.
+#pragma once
+
+#include "net/framing.h"
+#include "server/Lobby.h"
+#include "server/names.h"
+#include "server/wording.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace tarveth {
+
+// The bytes are a play for four clients: each act begins with a byte that says who acts (bits 0 and 1) and
+// what happens (bits 2 and 3), then for words a byte with their length and the words themselves.
+class LobbyPlay {
+public:
+    explicit LobbyPlay(std::string_view bytes) : bytes_(bytes) {
+        for (std::size_t i = 0; i < clients_.size(); ++i)
+            Replace(i);
+    }
+
+    // What is broken; nothing if all is well.
+    std::string Fault() {
+        std::string fault;
+        while (fault.empty() && !bytes_.empty()) {
+            Act();
+            fault = StateFault();
+            for (std::size_t i = 0; i < clients_.size() && fault.empty(); ++i)
+                fault = OutputFault(*clients_.at(i));
+            lobby_.Out().EndTurn();
+            lobby_.TakeDue();
+        }
+        return fault;
+    }
+
+private:
+    struct Client {
+        explicit Client(const Limits& limits) : session(nullptr, limits) {}
+        Session session;
+        Framer heard;
+    };
+
+    static Limits FuzzLimits() {
+        Limits limits;
+        limits.longestMessage = 300;
+        limits.messages = {100, 1000};
+        return limits;
+    }
+
+    unsigned char NextByte() {
+        if (bytes_.empty())
+            return 0;
+        const auto byte = static_cast<unsigned char>(bytes_.front());
+        bytes_.remove_prefix(1);
+        return byte;
+    }
+
+    void Replace(std::size_t i) {
+        clients_.at(i) = std::make_unique<Client>(lobby_.Bounds());
+        lobby_.Enter(clients_.at(i)->session, now_);
+    }
+
+    void Act() {
+        const unsigned act = NextByte();
+        const std::size_t who = act & 3U;
+        const unsigned what = (act >> 2U) & 3U;
+        Session& session = clients_.at(who)->session;
+        if (what == 0) {
+            lobby_.Leave(session);
+            Replace(who);
+        } else if (what == 1) {
+            now_ += std::chrono::milliseconds(1 + 50 * NextByte());
+            lobby_.Wake(now_);
+        } else {
+            const std::string_view words = bytes_.substr(0, NextByte());
+            bytes_.remove_prefix(std::min(words.size(), bytes_.size()));
+            lobby_.Receive(session, words, now_);
+        }
+    }
+
+    static bool Holds(const std::vector<Session*>& list, const Session* session) {
+        return std::ranges::find(list, session) != list.end();
+    }
+
+    std::string StateFault() {
+        std::set<std::string> names;
+        std::size_t playing = 0;
+        for (const Session* user : lobby_.Users()) {
+            if (!user->IsUser() || CleanNickname(user->nick) != user->nick)
+                return "a user has no proper nickname: " + user->nick;
+            if (!names.insert(FoldCase(user->nick)).second || lobby_.FindUser(user->nick) != user)
+                return "a nickname is there twice, or not found";
+            playing += user->partner != nullptr ? 1 : 0;
+            if (user->partner != nullptr && (user->partner->partner != user || user->partner == user))
+                return "a game is not mutual";
+            for (const Session* invitee : user->invited)
+                if (!invitee->IsUser() || !Holds(invitee->invitedBy, user))
+                    return "an invitation is not mutual";
+            for (const Session* inviter : user->invitedBy)
+                if (!inviter->IsUser() || !Holds(inviter->invited, user))
+                    return "an invitation has no inviter";
+        }
+        return playing == 2 * lobby_.Counts().games ? "" : "the games are not counted rightly";
+    }
+
+    // Sends him what there is, in pieces of odd sizes, and looks at it as his program would.
+    std::string OutputFault(Client& client) {
+        Outbox& box = client.session.box;
+        std::string sent;
+        while (lobby_.Out().Unsent(box) > 0) {
+            std::string some;
+            for (const std::string_view part : lobby_.Out().Pending(box, 3))
+                some += part;
+            some.resize(some.size() > 7 ? some.size() - some.size() % 7 : some.size());
+            lobby_.Out().Sent(box, some.size());
+            sent += some;
+        }
+        std::string text;
+        std::string_view rest = sent;
+        while (const auto piece = client.heard.Next(rest)) {
+            if (piece->kind == Piece::Kind::Text)
+                text += piece->whole;
+            else if (piece->kind == Piece::Kind::TooLong || !IsServerMessage(piece->name))
+                return "a client is sent no message of the protocol: " + std::string(piece->name);
+        }
+        return client.heard.InMessage() ? "a client is sent half a message" : TextFault(text);
+    }
+
+    static bool IsServerMessage(std::string_view name) {
+        static constexpr std::array<std::string_view, 12> kNames = {
+            "changenick", "removenick", "addnick", "update", "oldver", "invite",
+            "refuse",     "accept",     "play",    "end",    "sys",    "alert"};
+        return std::ranges::find(kNames, name) != kNames.end();
+    }
+
+    static std::string TextFault(std::string_view text) {
+        while (!text.empty()) {
+            const std::size_t end = text.find("\r\n");
+            if (end == std::string_view::npos)
+                return "a line has no end";
+            const std::string_view line = text.substr(0, end);
+            if (line.starts_with(kConfirmation)) {
+                const std::string_view nick = line.substr(kConfirmation.size());
+                if (CleanNickname(nick) != nick)
+                    return "a nickname is confirmed that none can have";
+            } else if (LooksLikeConfirmation(line) || line.find(": ") == std::string_view::npos) {
+                return "a line is not signed: " + std::string(line);
+            }
+            text.remove_prefix(end + 2);
+        }
+        return {};
+    }
+
+    std::string_view bytes_;
+    Time now_ = Time{} + std::chrono::hours(1);
+    Lobby lobby_{FuzzLimits(), "Welcome"};
+    std::array<std::unique_ptr<Client>, 4> clients_;
+};
+
+} // namespace tarveth
