@@ -138,6 +138,54 @@ TEST_F(SavedGamesDesk, LoadPutsTheGameWithItsHistoryOnTheBoard) {
     EXPECT_TRUE(desk.History().empty());
 }
 
+// The file of a game with more history than the list can show at once.
+std::string LongGame(const std::string& lastLine) {
+    test::TestGame table;
+    table.game.lstHistory.assign(40, "R:RM 1A-1B");
+    table.game.lstHistory.front() = "B:BM 8H-8G";
+    table.game.lstHistory.push_back(lastLine);
+    return GameText(table.game, "long.tsg");
+}
+
+// Is the line selected and in view, and the first one not?
+bool LineBecomesSelected(const GameDesk& desk, const std::string& line) {
+    const auto cell = [](const std::string& name) {
+        return [=](const AccessibleNode& node) {
+            return node.role == "table cell" && node.name == name && node.extents.height > 0;
+        };
+    };
+    const auto selected = [=](const AccessibleNode& node) {
+        return cell(line)(node) && node.Has("selected");
+    };
+    return desk.reader.WaitFor(selected, Milliseconds(5'000)) && !desk.reader.Find(cell("B:BM 8H-8G"));
+}
+
+TEST_F(SavedGamesDesk, TheNewestLineOfALoadedHistoryIsSelectedAndInView) {
+    folder.Write("long.tsg", LongGame("  RP r2G"));
+    folder.Write("longer.tsg", LongGame("R:RO 4C-4D cBP"));
+    GameDesk desk(folder, {.arguments = {"long.tsg"}});
+    EXPECT_TRUE(LineBecomesSelected(desk, "  RP r2G")) << "opened before the window was there";
+    ASSERT_NO_FATAL_FAILURE(Load(desk, Path("longer.tsg")));
+    EXPECT_TRUE(LineBecomesSelected(desk, "R:RO 4C-4D cBP"));
+    Play(desk, "4E-4D");
+    EXPECT_TRUE(LineBecomesSelected(desk, "B:BP 4E-4D"));
+}
+
+TEST_F(SavedGamesDesk, TheNewestLineIsSelectedAndInViewWhenTheHistoryIsSwitchedOnLater) {
+    folder.Write("tarveth.ini", "[Options]\r\nHistory=0\r\nAnimateMoves=0\r\n");
+    folder.Write("long.tsg", LongGame("  RP r2G"));
+    GameDesk desk(folder, {.arguments = {"long.tsg"}});
+    desk.Choose("O", "o");
+    const Window options = desk.program.WaitForWindow("Tarveth Options");
+    desk.WaitUntilAtRest();
+    const auto box = desk.reader.WaitFor(WithRoleAndName("check box", "Show Move History"));
+    ASSERT_TRUE(box) << desk.reader.Outline();
+    desk.screen.Click(box->extents.Centre());
+    desk.screen.Key("Alt+o");
+    ASSERT_TRUE(options.WaitUntilGone());
+    EXPECT_TRUE(LineBecomesSelected(desk, "  RP r2G"));
+}
+
 TEST_F(SavedGamesDesk, ABadFileIsToldWithItsLineAndLeavesTheGame) {
     folder.Write("bad.tsg", Replaced(TextOf({}, ""), " 26 ", " 27 "));
     GameDesk desk(folder);
