@@ -33,9 +33,9 @@ bool SdlAudio::Load() {
         return false;
     Silence(library);
     return Take(library, "SDL_SetHint", SetHint) && Take(library, "SDL_InitSubSystem", InitSubSystem) &&
-           Take(library, "SDL_QuitSubSystem", QuitSubSystem) && Take(library, "SDL_RWFromFile", RWFromFile) &&
-           Take(library, "SDL_LoadWAV_RW", LoadWAV_RW) && Take(library, "SDL_FreeWAV", FreeWAV) &&
-           Take(library, "SDL_OpenAudioDevice", OpenAudioDevice) &&
+           Take(library, "SDL_QuitSubSystem", QuitSubSystem) && Take(library, "SDL_TLSCleanup", TLSCleanup) &&
+           Take(library, "SDL_RWFromFile", RWFromFile) && Take(library, "SDL_LoadWAV_RW", LoadWAV_RW) &&
+           Take(library, "SDL_FreeWAV", FreeWAV) && Take(library, "SDL_OpenAudioDevice", OpenAudioDevice) &&
            Take(library, "SDL_CloseAudioDevice", CloseAudioDevice) &&
            Take(library, "SDL_PauseAudioDevice", PauseAudioDevice) &&
            Take(library, "SDL_QueueAudio", QueueAudio) &&

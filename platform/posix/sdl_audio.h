@@ -10,6 +10,7 @@ struct SdlAudio {
     decltype(&SDL_SetHint) SetHint = nullptr;
     decltype(&SDL_InitSubSystem) InitSubSystem = nullptr;
     decltype(&SDL_QuitSubSystem) QuitSubSystem = nullptr;
+    decltype(&SDL_TLSCleanup) TLSCleanup = nullptr;
     decltype(&SDL_RWFromFile) RWFromFile = nullptr;
     decltype(&SDL_LoadWAV_RW) LoadWAV_RW = nullptr;
     decltype(&SDL_FreeWAV) FreeWAV = nullptr;

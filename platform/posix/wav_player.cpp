@@ -129,6 +129,8 @@ void WavPlayer::Work::Run() {
     lock.unlock();
     if (begun)
         sdl.QuitSubSystem(SDL_INIT_AUDIO);
+    if (sdl.TLSCleanup != nullptr)
+        sdl.TLSCleanup(); // what it keeps for this thread
     lock.lock();
     ended = true;
     changed.notify_all();
