@@ -27,7 +27,7 @@ inline std::string SavedGameFault(std::string_view bytes) {
     } catch (const platform::FileError& error) {
         return NamesALine(error, bytes) ? "" : std::string("a wrong line: ") + error.what();
     }
-    if (const std::string fault = CheckGame(game); !fault.empty())
+    if (std::string fault = CheckGame(game); !fault.empty())
         return fault;
     const std::string text = GameText(game, "a title");
     const Game again = ParseGame(text, "a.tsg");

@@ -87,7 +87,7 @@ TEST(NothingLost, WhenTheProgramIsKilledAtRandomMomentsOf500Saves) {
     int kills = 0;
     for (int saves = 0; saves < 500; ++kills) {
         const SavingChild child(t, version);
-        std::this_thread::sleep_for(std::chrono::microseconds(dice.Below(12'000)));
+        std::this_thread::sleep_for(std::chrono::microseconds(dice.Below(40'000)));
         const int done = child.Kill();
         const int found = VersionIn(t.folder.File("a.tsg"), t.game);
         ASSERT_TRUE(found == version + done || found == version + done + 1)
