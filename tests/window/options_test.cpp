@@ -92,6 +92,14 @@ protected:
         desk.WaitUntilAtRest();
     }
 
+    // The dialog that opens over the options, once it has the keyboard.
+    Window NextDialog() {
+        EXPECT_TRUE(WaitUntil([&] { return desk.program.Windows().size() == 3; }));
+        Window next = desk.program.Windows().back();
+        EXPECT_TRUE(next.Activate());
+        return next;
+    }
+
     // Answers a file dialog of that title with a path.
     void GiveFile(const char* title, const std::string& path) {
         const Window dialog = desk.program.WaitForWindow(title);
@@ -206,6 +214,33 @@ TEST_F(Options, DoNotChangeTheDelay) {
     EXPECT_TRUE(Has(ini, "UseNewUserSound=-1"));
 }
 
+TEST_F(Options, TakeColorsAndFontsFromTheSystemsDialogs) {
+    const Window dialog = Open(1);
+    Press("btnChange(2)");
+    const Window colors = NextDialog();
+    desk.screen.Key("Alt+n"); // the color's name
+    desk.screen.Key("Ctrl+A");
+    desk.screen.Type("#102030");
+    desk.screen.Key("Tab");
+    desk.screen.Key("Alt+s");
+    ASSERT_TRUE(colors.WaitUntilGone());
+    Press("btnChangeFont(2)");
+    const Window fonts = NextDialog();
+    desk.screen.Type("DejaVu Sans Mono"); // searches
+    ASSERT_TRUE(
+        desk.reader.WaitFor([](const AccessibleNode& node) { return node.text == "DejaVu Sans Mono"; }));
+    desk.screen.Key("Down");
+    desk.screen.Key("Return");
+    ASSERT_TRUE(fonts.WaitUntilGone());
+    EXPECT_TRUE(desk.TextBecomes("txtSampleFont(2)", "8pt DejaVu Sans Mono"));
+    CloseBy(dialog, "btnOkay");
+    const std::vector<std::string> ini = IniAfterClose();
+    EXPECT_TRUE(Has(ini, "TranscriptSysColor=" + std::to_string(0x302010)));
+    EXPECT_TRUE(Has(ini, "TranscriptMyColor=32768"));
+    EXPECT_TRUE(Has(ini, "ChatTextFontName=DejaVu Sans Mono"));
+    EXPECT_TRUE(Has(ini, "TranscriptFontName=Times New Roman"));
+}
+
 TEST_F(Options, SetAndClearSounds) {
     const Window dialog = Open(2);
     Press("btnChangeSound(1)");
@@ -256,8 +291,7 @@ TEST_F(Options, SaveASchemeThatCancelLeavesAndAskBeforeTheyOverwriteIt) {
     Press("btnClearBluePicture(1)");
     Press("btnSavePictureScheme");
     GiveFile("Save Picture Scheme As", folder.Path() / "blue.tps");
-    ASSERT_TRUE(WaitUntil([&] { return desk.program.Windows().size() == 3; }));
-    const Window question = desk.program.Windows().back();
+    const Window question = NextDialog();
     EXPECT_NE(desk.reader.Outline().find("blue.tps\nThis file already exists. Overwrite it?"),
               std::string::npos);
     desk.screen.Key("Alt+n");
