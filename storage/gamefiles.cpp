@@ -43,7 +43,7 @@ std::pair<std::string, std::string> DialogStart(const FileQuestion& question) {
     return {question.folder, name};
 }
 
-GameFiles::GameFiles(Game& game, const NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
+GameFiles::GameFiles(Game& game, NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
                      GameFilesPort& questions, std::string folder)
     : game_(game),
       net_(net),
@@ -91,6 +91,7 @@ void GameFiles::OpenGame(const std::string& path) {
     game_.lstHistory.clear();
     ports_.window.ShowHistory();
     game_ = std::move(loaded);
+    net_.ClearQueues(); // squares that came while the dialog was open belong to the other board
     record_.GameFileName = path;
     ports_.board.RedrawBoard();
     main_.SetTurn(game_.Turn);

@@ -46,7 +46,7 @@ std::pair<std::string, std::string> DialogStart(const FileQuestion& question);
 class GameFiles {
 public:
     // All references outlive the object. Folder: the program's own, with its trailing separator.
-    GameFiles(Game& game, const NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
+    GameFiles(Game& game, NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
               GameFilesPort& questions, std::string folder);
 
     // The commands of the menu. What cannot be written or read gives one message box and changes nothing:
@@ -67,7 +67,7 @@ private:
     void Attempt(std::string_view failure, const std::function<void()>& work);
 
     Game& game_;
-    const NetGame& net_;
+    NetGame& net_;
     GameRecord& record_;
     modMAIN& main_;
     Ports ports_;

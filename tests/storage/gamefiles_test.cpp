@@ -273,6 +273,21 @@ TEST(Load, SendsTheBoardToTheOpponentInANetworkGameOnly) {
     EXPECT_EQ(t.port.boardsSent, 1);
 }
 
+TEST(Load, ForgetsTheOpponentsMovesOnTheBoardBefore) {
+    FilesTable t;
+    t.SaveAs("a.tsg");
+    t.net.NetConnected = t.net.InGame = true;
+    t.asked.onDialog = [&] {
+        t.net.RemoteX = "4|4|";
+        t.net.RemoteY = "5|4|";
+    };
+    t.main.RunCommand([&] { t.files.LoadGame(); });
+    t.main.RunPasses();
+    EXPECT_EQ(t.game.PieceTable, TestGame().game.PieceTable);
+    EXPECT_TRUE(t.game.lstHistory.empty());
+    EXPECT_EQ(t.port.boardsSent, 1);
+}
+
 TEST(Load, TheNextGamesLogIsNamedAfterTheLoadedOne) {
     FilesTable t;
     t.settings.AutoSaveLog = -1;
