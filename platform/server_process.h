@@ -8,6 +8,9 @@ namespace tarveth::platform {
 // Lets the process have as many files and sockets open as its hard limit allows.
 void RaiseOpenFileLimit();
 
+// Lets the process live on when nobody reads its log any more.
+void OutliveLogReader();
+
 // Has the system find out within a minute that the peer of a TCP socket is gone, idle or not. The socket is
 // the system's own handle.
 void WatchPeer(int socket);

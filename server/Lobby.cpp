@@ -155,8 +155,9 @@ void Lobby::MarkDue(Session& session) {
     due_.push_back(&session);
 }
 
-void Lobby::SayGoodbye() {
-    Announce({"\251sys(The lobby is closing. Please come back later.)"});
+void Lobby::SayGoodbye(Session& session) {
+    if (session.stage != Stage::Dismissed)
+        Tell(session, "The lobby is closing. Please come back later.");
 }
 
 void Lobby::Send(Session& session, BlockWriter::Parts parts) {

@@ -32,8 +32,8 @@ public:
     std::optional<Time> NextWake() const { return alarms_.Next(); }
     // Sessions that have something new to send, were dismissed, or may be read from again.
     std::vector<Session*> TakeDue();
-    // Tells all users that the lobby closes.
-    void SayGoodbye();
+    // Tells him that the lobby closes.
+    void SayGoodbye(Session& session);
 
     Outgoing& Out() { return out_; }
     // In no order.

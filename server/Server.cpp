@@ -48,6 +48,7 @@ Server::Server(asio::io_context& io, const Reach& reach, const Limits& limits, s
       alarm_(io),
       retry_(io),
       reach_(reach),
+      addresses_(reach.perAddress),
       lobby_(limits, std::move(messageOfTheDay)) {
     acceptor_.non_blocking(true);
     reserve_.open(asio::ip::tcp::v4());
@@ -89,13 +90,9 @@ void Server::Admit(TcpSocket socket, const asio::ip::address& address) {
         Refuse(socket, "The lobby is full. Please try again later.");
         return;
     }
-    if (!address.is_loopback()) {
-        std::size_t& count = perAddress_[address];
-        if (count >= reach_.perAddress) {
-            Refuse(socket, "There are too many connections from your address.");
-            return;
-        }
-        ++count;
+    if (!addresses_.Enter(address)) {
+        Refuse(socket, "There are too many connections from your address.");
+        return;
     }
     asio::error_code ignored;
     socket.non_blocking(true, ignored);
@@ -206,9 +203,7 @@ void Server::FinishOrDrop(Connection& connection, bool sent) {
 
 void Server::Drop(Connection& connection) {
     lobby_.Leave(connection.session);
-    if (const auto counted = perAddress_.find(connection.address); counted != perAddress_.end())
-        if (--counted->second == 0)
-            perAddress_.erase(counted);
+    addresses_.Leave(connection.address);
     connection.closed = true;
     asio::error_code ignored;
     connection.socket.close(ignored);
@@ -307,12 +302,11 @@ void Server::Stop() {
     asio::error_code ignored;
     acceptor_.close(ignored);
     retry_.cancel();
-    lobby_.SayGoodbye();
-    SendAnnouncements();
-    for (std::size_t i = connections_.size(); i > 0; --i)
-        FinishOrDrop(*connections_[i - 1], true);
+    for (const auto& connection : connections_)
+        lobby_.SayGoodbye(connection->session);
     retry_.expires_after(kGoodbye);
     retry_.async_wait([this](const asio::error_code&) { io_.stop(); });
+    AfterEvent();
 }
 
 void Server::LogFigures() {

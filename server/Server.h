@@ -2,12 +2,12 @@
 // loop.
 #pragma once
 
+#include "server/AddressCount.h"
 #include "server/Connection.h"
 #include "server/Lobby.h"
 #include "server/asio.h"
 
 #include <array>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -60,10 +60,10 @@ private:
     asio::steady_timer alarm_;
     asio::steady_timer retry_;
     Reach reach_;
+    AddressCount addresses_;
     Lobby lobby_;
     std::vector<std::unique_ptr<Connection>> connections_;
     std::vector<std::unique_ptr<Connection>> graves_; // closed, but perhaps in use further up the stack
-    std::map<asio::ip::address, std::size_t> perAddress_;
     std::optional<Time> alarmTime_;
     std::array<char, std::size_t{64} << 10> scratch_{};
     bool announcing_ = false; // SendAnnouncements is on its way

@@ -33,6 +33,10 @@ void RaiseOpenFileLimit() {
     setrlimit(RLIMIT_NOFILE, &limit);
 }
 
+void OutliveLogReader() {
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 void WatchPeer(int socket) {
     SetOption(socket, SOL_SOCKET, SO_KEEPALIVE, 1);
 #ifdef TCP_KEEPIDLE

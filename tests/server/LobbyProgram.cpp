@@ -57,12 +57,18 @@ LobbyProgram::LobbyProgram(const std::vector<std::string>& options, unsigned fil
     log_ = ends[0];
     const std::string line = LogLine();
     const std::size_t number = line.rfind(' ');
-    if (line.find(" listens on ") == std::string::npos)
+    if (line.find(" listens on ") == std::string::npos) {
+        Kill();
         throw std::runtime_error("the lobby did not start: " + line);
+    }
     port_ = std::atoi(line.c_str() + number);
 }
 
 LobbyProgram::~LobbyProgram() {
+    Kill();
+}
+
+void LobbyProgram::Kill() {
     if (process_ > 0) {
         kill(process_, SIGKILL);
         waitpid(process_, nullptr, 0);

@@ -27,6 +27,8 @@ public:
     int WaitForEnd();
 
 private:
+    void Kill();
+
     pid_t process_ = -1;
     int log_ = -1;
     int port_ = 0;

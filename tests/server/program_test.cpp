@@ -21,10 +21,11 @@ TEST(LobbyProgram, EndsCleanlyAndTellsEverybody) {
         LobbyProgram program;
         LobbyClient ann(program, "Ann");
         LobbyClient unnamed(program);
+        unnamed.HearUntil("\251update(");
         program.Signal(signal);
         EXPECT_NE(ann.HearToTheEnd().find("\251sys(The lobby is closing. Please come back later.)"),
                   std::string::npos);
-        unnamed.HearToTheEnd();
+        EXPECT_NE(unnamed.HearToTheEnd().find("\251sys(The lobby is closing."), std::string::npos);
         ann.Close();
         unnamed.Close();
         EXPECT_EQ(program.WaitForEnd(), 0);
