@@ -5,6 +5,10 @@
 #define ASIO_STANDALONE
 #endif
 
+// First, so that every file sees the same of the library's macros: by some of them Asio chooses how it
+// allocates, and what one file allocates another one frees.
+#include <cstdlib>
+
 #include <asio/basic_socket_acceptor.hpp>
 #include <asio/basic_stream_socket.hpp>
 #include <asio/io_context.hpp>

@@ -23,7 +23,7 @@ ServerProcess::ServerProcess(const std::vector<std::string>& command) {
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
     const double start = SecondsNow();
-    process_ = vfork();
+    process_ = fork();
     if (process_ == 0) {
         dup2(ends[1], STDERR_FILENO);
         execv(arguments[0], arguments.data());
