@@ -178,9 +178,16 @@ TEST_F(SavedGamesDesk, TheNewestLineIsSelectedAndInViewWhenTheHistoryIsSwitchedO
     desk.Choose("O", "o");
     const Window options = desk.program.WaitForWindow("Tarveth Options");
     desk.WaitUntilAtRest();
-    const auto box = desk.reader.WaitFor(WithRoleAndName("check box", "Show Move History"));
-    ASSERT_TRUE(box) << desk.reader.Outline();
-    desk.screen.Click(box->extents.Centre());
+    // The window manager may still be moving the dialog, so the box is looked for until it has its mark.
+    const auto box = WithRoleAndName("check box", "Show Move History");
+    ASSERT_TRUE(WaitUntil([&] {
+        const auto found = desk.reader.WaitFor(box);
+        if (found && !found->Has("checked")) {
+            desk.screen.Click(found->extents.Centre());
+            desk.WaitUntilAtRest();
+        }
+        return found && found->Has("checked");
+    })) << desk.reader.Outline();
     desk.screen.Key("Alt+o");
     ASSERT_TRUE(options.WaitUntilGone());
     EXPECT_TRUE(LineBecomesSelected(desk, "  RP r2G"));
