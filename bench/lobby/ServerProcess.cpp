@@ -16,6 +16,7 @@ namespace tarveth {
 ServerProcess::ServerProcess(const std::vector<std::string>& command) {
     std::vector<std::string> words = command;
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);

@@ -218,9 +218,9 @@ void MeasureIdle(std::size_t users) {
 }
 
 void MeasureStart() {
-    std::vector<double> times;
-    for (int i = 0; i < 21; ++i)
-        times.push_back(ServerProcess(kLobby).SecondsToListen() * 1e3);
+    std::vector<double> times(21);
+    for (double& time : times)
+        time = ServerProcess(kLobby).SecondsToListen() * 1e3;
     std::printf("listening %.1f ms after its start, the slowest of 21 %.1f ms (bar 15)\n", Median(times),
                 *std::ranges::max_element(times));
 }

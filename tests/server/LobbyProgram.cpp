@@ -32,6 +32,7 @@ constexpr int kPatience = 20000; // milliseconds
     std::vector<std::string> words = {LOBBY_PROGRAM, "--port", "0"};
     words.insert(words.end(), options.begin(), options.end());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
