@@ -1,5 +1,6 @@
 #include "tests/window/Program.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -66,10 +67,19 @@ Window Program::WaitForWindow(std::string_view title, Milliseconds patience) {
             return found.has_value() || !Alive();
         },
         patience);
-    if (!found || !found->Activate()) {
+    if (found) {
+        found->AskForKeyboard();
+    }
+    if (!found || !WaitUntil([&] { return HasKeyboard(); })) {
         throw std::runtime_error("no window \"" + std::string(title) + "\" of the program: " + Output());
     }
     return *found;
+}
+
+bool Program::HasKeyboard() const {
+    const std::vector<Window> windows = Windows();
+    return std::any_of(windows.begin(), windows.end(),
+                       [&](const Window& window) { return window.Id() == screen_->Active(); });
 }
 
 std::vector<std::string> Program::WindowTitles() const {

@@ -27,8 +27,9 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // The first visible window of this program whose title holds `title`, once it has the keyboard. Throws
-    // std::runtime_error, with what the program wrote, when none comes within `patience`.
+    // The first visible window of this program whose title holds `title`, once it has the keyboard, or a box
+    // of the program that has opened above it. Throws std::runtime_error, with what the program wrote, when
+    // none comes within `patience`.
     Window WaitForWindow(std::string_view title, Milliseconds patience = kPatience);
     // Its windows that are on the screen now, oldest first.
     [[nodiscard]] std::vector<Window> Windows() const;

@@ -75,9 +75,13 @@ void Window::Close() {
     Ask("_NET_CLOSE_WINDOW", CurrentTime, kFromUser);
 }
 
-bool Window::Activate() {
+void Window::AskForKeyboard() {
     constexpr long kFromUser = 2;
     Ask("_NET_ACTIVE_WINDOW", kFromUser, CurrentTime);
+}
+
+bool Window::Activate() {
+    AskForKeyboard();
     return WaitUntil([this] { return screen_->Active() == id_; });
 }
 

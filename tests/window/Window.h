@@ -27,6 +27,8 @@ public:
     void Resize(int clientWidth, int clientHeight);
     // What the cross in the title bar does.
     void Close();
+    // Asks the window manager to bring the window to the front with the keyboard.
+    void AskForKeyboard();
     // Brings the window to the front with the keyboard. False when that does not come about.
     bool Activate();
     // False when the window is still there after `patience`.

@@ -33,8 +33,7 @@ Help
   About Tarveth
 )";
 
-const std::vector<std::string> kUnanswered = {"Connect to Internet", "Options...", "Help on Tarveth",
-                                              "About Tarveth"};
+const std::vector<std::string> kUnanswered = {"Connect to Internet"};
 
 class Menus : public testing::Test {
 protected:
