@@ -36,6 +36,9 @@ public:
     // Their titles.
     [[nodiscard]] std::vector<std::string> WindowTitles() const;
 
+    // True while one of its windows has the keyboard.
+    [[nodiscard]] bool HasKeyboard() const;
+
     [[nodiscard]] pid_t Pid() const { return process_.Pid(); }
     [[nodiscard]] bool Alive() { return process_.Alive(); }
     // As Process::WaitForExit.
