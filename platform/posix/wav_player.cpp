@@ -29,7 +29,7 @@ public:
         if (std::filesystem::file_size(path, error) > kLargestFile || error)
             return;
         SDL_RWops* const file = sdl.RWFromFile(path.c_str(), "rb");
-        if (file == nullptr || sdl.LoadWAV_RW(file, 1, &spec, &bytes, &count) == nullptr)
+        if (file == nullptr || sdl.LoadWAV_RW(file, 1, &format, &bytes, &count) == nullptr)
             bytes = nullptr;
     }
     ~Samples() {
@@ -41,15 +41,15 @@ public:
 
     // Whether there is anything that a device can be asked to play.
     bool Playable() const {
-        return bytes != nullptr && count > 0 && spec.freq >= 1000 && spec.freq <= 384'000 &&
-               spec.channels >= 1 && spec.channels <= 8;
+        return bytes != nullptr && count > 0 && format.freq >= 1000 && format.freq <= 384'000 &&
+               format.channels >= 1 && format.channels <= 8;
     }
     std::chrono::duration<double> Length() const {
-        return std::chrono::duration<double>(count) / (SDL_AUDIO_BITSIZE(spec.format) / 8.0) / spec.channels /
-               spec.freq;
+        return std::chrono::duration<double>(count) / (SDL_AUDIO_BITSIZE(format.format) / 8.0) /
+               format.channels / format.freq;
     }
 
-    SDL_AudioSpec spec{};
+    SDL_AudioSpec format{};
     Uint8* bytes = nullptr;
     Uint32 count = 0; // of bytes
 
@@ -71,7 +71,7 @@ void PlayFile(const SdlAudio& sdl, const std::string& path, StopsWithin stopsWit
     const Samples samples(sdl, path);
     if (!samples.Playable())
         return;
-    const SDL_AudioSpec wanted = WantedFrom(samples.spec);
+    const SDL_AudioSpec wanted = WantedFrom(samples.format);
     const SDL_AudioDeviceID device = sdl.OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (device == 0)
         return;
