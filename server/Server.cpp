@@ -43,7 +43,7 @@ std::size_t SendSome(TcpSocket& socket, const std::vector<std::string_view>& par
 
 Server::Server(asio::io_context& io, const Reach& reach, const Limits& limits, std::string messageOfTheDay)
     : io_(io),
-      acceptor_(io, {asio::ip::make_address(reach.bind), reach.port}),
+      acceptor_(io, {asio::ip::make_address(reach.bind), reach.port}, platform::NeedsLeaveToListenAgain()),
       reserve_(io),
       alarm_(io),
       retry_(io),

@@ -87,7 +87,8 @@ std::optional<LobbyOptions> ReadCommandLine(int count, char** arguments, int& ex
     app.add_option("--log-level", options.logLevel, "What goes to the standard error stream")
         ->capture_default_str()
         ->check(CLI::IsMember({"debug", "info", "warn", "error", "off"}));
-    app.footer("Ends on SIGINT and SIGTERM, and tells its users. Logs its figures on SIGUSR1.");
+    app.footer("Ends on SIGINT and SIGTERM, and tells its users. Logs its figures on SIGUSR1, on Windows on "
+               "Ctrl+Break.");
     try {
         app.parse(count, arguments);
     } catch (const CLI::ParseError& error) {

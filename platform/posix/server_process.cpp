@@ -37,6 +37,10 @@ void OutliveLogReader() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
+bool NeedsLeaveToListenAgain() {
+    return true;
+}
+
 void WatchPeer(int socket) {
     SetOption(socket, SOL_SOCKET, SO_KEEPALIVE, 1);
 #ifdef TCP_KEEPIDLE
@@ -51,6 +55,10 @@ void WatchPeer(int socket) {
 
 std::optional<int> FiguresSignal() {
     return SIGUSR1;
+}
+
+bool SignalsComeOnAThreadOfTheirOwn() {
+    return false;
 }
 
 } // namespace tarveth::platform
