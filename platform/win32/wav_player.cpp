@@ -1,0 +1,29 @@
+// The system plays by itself; nothing has to be kept.
+#include "platform/wav_player.h"
+
+#include <windows.h>
+
+#include <mmsystem.h>
+
+namespace tarveth::platform {
+
+namespace {
+
+// Asynchronous, for this application, dropped while the driver is busy: 8321.
+constexpr UINT kFlags = SND_ASYNC | SND_APPLICATION | SND_NOWAIT;
+
+} // namespace
+
+struct WavPlayer::Work {};
+
+WavPlayer::WavPlayer() = default;
+
+WavPlayer::~WavPlayer() {
+    sndPlaySoundA(nullptr, 0);
+}
+
+bool WavPlayer::Play(const std::string& path) {
+    return sndPlaySoundA(path.c_str(), kFlags) != FALSE;
+}
+
+} // namespace tarveth::platform
