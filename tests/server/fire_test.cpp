@@ -158,8 +158,7 @@ TEST_F(UnderFire, EveryTrickWithANickname) {
                                              "nickname set to Watcher",
                                              "\x01\x02",
                                              "sys",
-                                             "Watch\240"
-                                             "er"};
+                                             "Watch\240er"};
     for (const std::string& trick : tricks) {
         LobbyClient client(program);
         client.Say("\251clientver(2.6.4)\251nick(" + trick + ")\251sendnicks()");
@@ -187,6 +186,7 @@ TEST_F(UnderFire, SpoofedNames) {
 
 TEST_F(UnderFire, AThousandThatSayNothing) {
     std::vector<LobbyClient> silent;
+    silent.reserve(1000);
     for (int i = 0; i < 1000; ++i)
         silent.emplace_back(program);
     const LobbyClient cid(program, "Cid");
@@ -241,6 +241,7 @@ struct FewFiles : UnderFire {
 TEST_F(FewFiles, WhenNoneAreLeftItRefusesPolitelyAndRecovers) {
     {
         std::vector<LobbyClient> crowd;
+        crowd.reserve(100);
         for (int i = 0; i < 100; ++i)
             crowd.emplace_back(program);
         EXPECT_EQ(crowd.back().HearToTheEnd(), "\251alert(The lobby is full. Please try again later.)");
