@@ -118,6 +118,12 @@ void frmMain::ShowPlayer(std::string_view text, std::uint32_t colour) {
     lblCurPlayer->SetLabelText(ToWx(text));
 }
 
+void frmMain::ShowLocalSide(std::int16_t side) {
+    const wxColour own = side == NoSide ? wxNullColour : side == Blue ? *wxBLUE : *wxRED;
+    Label1[1]->SetForegroundColour(own);
+    Label1[1]->Refresh();
+}
+
 void frmMain::ShowCaption(std::string_view text) {
     SetTitle(ToWx(text));
 }

@@ -62,6 +62,7 @@ public:
     void ShowMessage(std::string_view text) override;
     void ShowPrompt(std::string_view text) override;
     void ShowPlayer(std::string_view text, std::uint32_t colour) override;
+    void ShowLocalSide(std::int16_t side) override;
     void ShowCaption(std::string_view text) override;
     void ShowMarker(bool visible) override;
     void ShowHistory() override;

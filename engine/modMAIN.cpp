@@ -105,10 +105,14 @@ void modMAIN::RunPasses() {
 }
 
 void modMAIN::RunCommand(std::function<void()> command) {
-    waitingCommands_.push_back(std::move(command));
     if (busy_)
         ports_.board.FinishAnimation();
-    else
+    RunWhenFree(std::move(command));
+}
+
+void modMAIN::RunWhenFree(std::function<void()> command) {
+    waitingCommands_.push_back(std::move(command));
+    if (!busy_)
         RunWaitingCommands();
 }
 

@@ -57,6 +57,8 @@ public:
     // Runs a command of the menus. In the middle of a pass or of another command the running animation is
     // brought to its end, and the command waits until that is over.
     void RunCommand(std::function<void()> command);
+    // The same for what comes from outside: the running animation takes its time.
+    void RunWhenFree(std::function<void()> command);
     // A pass or a command is running: this event is being handled while it waits.
     bool Busy() const { return busy_; }
 

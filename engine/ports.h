@@ -16,8 +16,10 @@ struct MainWindowPort {
     virtual void ShowMessage(std::string_view text) = 0;                      // lblMessage
     virtual void ShowPrompt(std::string_view text) = 0;                       // lblMoveStatus
     virtual void ShowPlayer(std::string_view text, std::uint32_t colour) = 0; // lblCurPlayer
-    virtual void ShowCaption(std::string_view text) = 0;                      // the window's title
-    virtual void ShowMarker(bool visible) = 0;                                // Shape1
+    // Label1(1): in the colour of the side that is played at this screen; in the window's own for NoSide.
+    virtual void ShowLocalSide(std::int16_t side) = 0;
+    virtual void ShowCaption(std::string_view text) = 0; // the window's title
+    virtual void ShowMarker(bool visible) = 0;           // Shape1
     virtual void ShowHistory() = 0; // lstHistory has changed; the newest line is to be selected
 };
 

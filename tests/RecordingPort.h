@@ -20,6 +20,7 @@ public:
     std::string player;  // lblCurPlayer
     std::uint32_t playerColour = 0;
     std::string caption;
+    std::int16_t localSide = NoSide;
     bool marker = false;
     int beeps = 0;
     int redraws = 0;
@@ -48,6 +49,7 @@ public:
         playerColour = colour;
         calls.push_back("player " + player);
     }
+    void ShowLocalSide(std::int16_t side) override { localSide = side; }
     void ShowCaption(std::string_view text) override {
         caption = text;
         calls.push_back("caption " + caption);

@@ -1,0 +1,33 @@
+#include "net/modSockets.h"
+
+#include "net/framing.h"
+
+#include <utility>
+
+namespace tarveth {
+
+modSockets::modSockets(AsyncSocket& socket, NetGame& net, ClientWindowPort& window, ClientPersonPort& person)
+    : socket_(socket), net_(net), window_(window), person_(person) {}
+
+bool modSockets::ConnectToServer() {
+    return false;
+}
+
+bool modSockets::Connected() {
+    return false;
+}
+
+void modSockets::SendMessage(std::string_view text) {
+    Transmit(kMarker + std::string(text));
+}
+
+void modSockets::SendRawText(std::string_view text) {
+    Transmit(std::string(text));
+}
+
+void modSockets::Transmit(std::string text) {
+    socket_.SendBuffer = std::move(text);
+    socket_.Send();
+}
+
+} // namespace tarveth
