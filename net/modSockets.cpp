@@ -17,6 +17,11 @@ bool modSockets::Connected() {
     return false;
 }
 
+std::string modSockets::Receive() {
+    std::string text = socket_.Receive();
+    return text == "\r" ? std::string() : text;
+}
+
 void modSockets::SendMessage(std::string_view text) {
     Transmit(kMarker + std::string(text));
 }

@@ -5,6 +5,7 @@
 #include "net/AsyncSocket.h"
 #include "net/ClientPorts.h"
 
+#include <string>
 #include <string_view>
 
 namespace tarveth {
@@ -20,6 +21,9 @@ public:
     bool ConnectToServer();
     // For the socket's connect event. False if there is no connection; the person has been told.
     bool Connected();
+
+    // What the data event brought; a lone carriage return counts as nothing.
+    std::string Receive();
 
     // A message, to which the marker is added.
     void SendMessage(std::string_view text);
