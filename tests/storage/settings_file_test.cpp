@@ -2,6 +2,7 @@
 #include "storage/settings.h"
 #include "storage/window_positions.h"
 
+#include "tests/FirstSettings.h"
 #include "tests/platform/ForkedChild.h"
 #include "tests/platform/TempFolder.h"
 
@@ -35,53 +36,8 @@ protected:
     WindowPosition position = {1200, -15, 9000.5F, 7200};
 };
 
-constexpr const char* kFirstClose = R"([ClientOptions]
-TranscriptFontName=MS Sans Serif
-TranscriptFontSize=8
-TranscriptMyColor=32768
-TranscriptOppColor=0
-TranscriptSysColor=8388736
-TranscriptColor=0
-UserListFontName=MS Sans Serif
-UserListFontSize=8
-ChatTextFontName=MS Sans Serif
-ChatTextFontSize=8
-[Options]
-GameBoard=1
-ZOCRight=-1
-GridLabels=0
-AnimateMoves=-1
-History=0
-AutoSaveLog=0
-Nickname=Bubba
-[Sounds]
-UseNewUserSound=0
-NewUserSound=
-NewUserSoundDelay=1
-SoundVictor=
-SoundLoser=
-[Pictures]
-PictureScheme=[none]
-1Blue=[none]
-2Blue=[none]
-3Blue=[none]
-1Red=[none]
-2Red=[none]
-3Red=[none]
-[BoardBlack]
-R=0
-G=0
-B=0
-[BoardWhite]
-R=255
-G=255
-B=255
-[Position]
-X= 1200
-Y=-15
-W= 9000.5
-H= 7200
-)";
+// With the position of the fixture.
+const std::string kFirstClose = std::string(test::kFirstSettings) + "X= 1200\nY=-15\nW= 9000.5\nH= 7200\n";
 
 TEST_F(SettingsFile, TheFirstCloseCreatesItWithAllSections) {
     EXPECT_TRUE(Close());
@@ -144,7 +100,7 @@ TEST_F(SettingsFile, EditedByHandKeepsAllThatIsNotASetting) {
     EXPECT_EQ(settings.Nickname, "Ann ; me");
     settings.Nickname = "Ann";
     EXPECT_TRUE(Close());
-    const std::string first = kFirstClose;
+    const std::string& first = kFirstClose;
     const std::size_t sounds = first.find("[Sounds]");
     EXPECT_EQ(GetBytes(file),
               "; my own file\n\n[OPTIONS]\r\nnickname=Ann\r\nFavourite=9\r\ngameboard=2\r\n" +

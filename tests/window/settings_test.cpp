@@ -1,6 +1,7 @@
 // tarveth.ini through the whole program: what it writes, what it makes of what stands there, and where the
 // file is.
 
+#include "tests/FirstSettings.h"
 #include "tests/window/GameDesk.h"
 
 #include <gtest/gtest.h>
@@ -14,49 +15,7 @@ constexpr int kTwips = 15; // in a pixel
 
 // The whole file of a first start; the position is the window's frame, in twips with a blank in front.
 std::string FirstFile(const Rect& frame) {
-    std::string text = R"([ClientOptions]
-TranscriptFontName=MS Sans Serif
-TranscriptFontSize=8
-TranscriptMyColor=32768
-TranscriptOppColor=0
-TranscriptSysColor=8388736
-TranscriptColor=0
-UserListFontName=MS Sans Serif
-UserListFontSize=8
-ChatTextFontName=MS Sans Serif
-ChatTextFontSize=8
-[Options]
-GameBoard=1
-ZOCRight=-1
-GridLabels=0
-AnimateMoves=-1
-History=0
-AutoSaveLog=0
-Nickname=Bubba
-[Sounds]
-UseNewUserSound=0
-NewUserSound=
-NewUserSoundDelay=1
-SoundVictor=
-SoundLoser=
-[Pictures]
-PictureScheme=[none]
-1Blue=[none]
-2Blue=[none]
-3Blue=[none]
-1Red=[none]
-2Red=[none]
-3Red=[none]
-[BoardBlack]
-R=0
-G=0
-B=0
-[BoardWhite]
-R=255
-G=255
-B=255
-[Position]
-)";
+    std::string text = test::kFirstSettings;
     text += "X= " + std::to_string(frame.x * kTwips) + "\nY= " + std::to_string(frame.y * kTwips) + "\n";
     text +=
         "W= " + std::to_string(frame.width * kTwips) + "\nH= " + std::to_string(frame.height * kTwips) + "\n";
