@@ -11,13 +11,14 @@ namespace tarveth::platform {
 
 namespace {
 
-// A peer is asked after so many idle seconds, and is gone when it has not answered so often, so long apart.
+// A peer is asked after so many idle seconds, and is gone when it has not answered so often, so long apart:
+// within a minute, and the timers' own slack.
 constexpr int kIdleSeconds = 30;
-constexpr int kSecondsBetween = 10;
+constexpr int kSecondsBetween = 8;
 constexpr int kAttempts = 3;
 
 // The same for bytes that it has not confirmed, which keep the system from asking.
-[[maybe_unused]] constexpr int kUnconfirmedMilliseconds = 60000;
+[[maybe_unused]] constexpr int kUnconfirmedMilliseconds = 50000;
 
 void SetOption(int socket, int level, int name, int value) {
     setsockopt(socket, level, name, &value, sizeof value);

@@ -13,7 +13,7 @@ namespace {
 // A peer is asked after so long without a word; after that the system itself counts the attempts, which are
 // ten, and they come fast enough to be over within the minute.
 constexpr ULONG kIdleMilliseconds = 30000;
-constexpr ULONG kMillisecondsBetween = 3000;
+constexpr ULONG kMillisecondsBetween = 2500;
 
 } // namespace
 
