@@ -4,9 +4,9 @@
 #pragma once
 
 #include "net/framing.h"
+#include "net/nickname.h"
+#include "net/plaintext.h"
 #include "server/Lobby.h"
-#include "server/names.h"
-#include "server/wording.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,12 @@
 #include "server/Lobby.h"
 
 #include "net/modPARSER.h"
+#include "net/nickname.h"
+#include "net/plaintext.h"
 #include "server/chat.h"
 #include "server/games.h"
 #include "server/messages.h"
 #include "server/names.h"
-#include "server/wording.h"
 #include "version.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "server/chat.h"
 
 #include "net/modPARSER.h"
-#include "server/names.h"
-#include "server/wording.h"
+#include "net/nickname.h"
+#include "net/plaintext.h"
 
 #include <algorithm>
 #include <array>

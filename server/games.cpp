@@ -1,6 +1,7 @@
 #include "server/games.h"
 
-#include "server/names.h"
+#include "net/nickname.h"
+#include "net/plaintext.h"
 #include "server/wording.h"
 
 #include <algorithm>
