@@ -1,5 +1,7 @@
 // The lobby as this program sees it: who is there, who has invited whom, what is said; and the link to the
 // opponent. It is there for the life of the program; a client window opens and closes it.
+// modClient.cpp: opening, closing, sending. dispatch.cpp: what the server says. lobby.cpp: handshake, users,
+// invitations. chat.cpp: the transcripts and the input line.
 #pragma once
 
 #include "net/ClientPorts.h"
@@ -10,9 +12,13 @@
 #include "storage/settings.h"
 #include "storage/sounds.h"
 
+#include <array>
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,13 +35,15 @@ public:
     modClient(Game& game, NetGame& net, Settings& settings, modMAIN& main, MainWindowPort& mainWindow,
               Sounds& sounds);
 
-    // The client window is there: asks for a server and connects. The ports and the socket live until Close.
+    // The client window is there: asks for a server and connects, as a command of its own if the game is busy
+    // with one. The ports and the socket live until Close.
     void Open(ClientWindowPort& window, ClientPersonPort& person, AsyncSocket& socket);
     // The client window goes, and with it the connection and the link. What is on the board can be played on.
+    // To be called between two passes of the game, as modMAIN::RunCommand does.
     void Close();
     bool IsOpen() const { return window_ != nullptr; }
 
-    // What the window's controls do. To be called while it is open.
+    // What the window's controls do, while it is open. These four wait for their turn like any command.
     void Invite();
     void Break();
     void ChangeNickname();
@@ -55,17 +63,66 @@ public:
     // A line for the transcripts, in the colour of whoever said it.
     void AppendTranscript(std::string_view text, bool isNotice);
 
+    // While there is no opponent, nothing is sent.
     void SendGameMessage(std::string_view inner) override;
-    void SendBoard() override { tools_.SendBoard(); }
+    void SendBoard() override;
     void AnnounceVictory(bool blueWon) override;
     void ShowNotice(std::string_view text) override { AppendTranscript(text, true); }
     void ShowPrivateLine(std::string_view text) override;
     std::string OpponentNick() const override { return opponentNick_; }
 
 private:
+    // A message of the server's: its argument text, and the fields of it, without the blanks around them.
+    struct LobbyMessage {
+        std::string_view arguments;
+        std::array<std::string_view, 3> fields;
+    };
+    struct MessageRow;
+    static std::span<const MessageRow> MessageTable();
+
+    std::function<void()> WhileOpen(void (modClient::*handle)());
+    void ConnectEvents();
+    void Connect();
+    void HandleConnected();
+    void HandleData();
+    void HandleClosed();
+    void Unload();
+    void Send(std::string_view name, std::initializer_list<std::string_view> fields);
+
+    void DispatchMessage(const Piece& piece);
+    void HandleChangeNick(const LobbyMessage& message);
+    void HandleRemoveNick(const LobbyMessage& message);
+    void HandleAddNick(const LobbyMessage& message);
+    void HandleUpdate(const LobbyMessage& message);
+    void HandleOldVersion(const LobbyMessage& message);
+    void HandleInvite(const LobbyMessage& message);
+    void HandleRefuse(const LobbyMessage& message);
+    void HandleAccept(const LobbyMessage& message);
+    void HandlePlay(const LobbyMessage& message);
+    void HandleEnd(const LobbyMessage& message);
+    void HandleSystem(const LobbyMessage& message);
+    void HandleAlert(const LobbyMessage& message);
+
+    void RefuseBusily(std::string_view from);
+    void RefuseInvitation(std::string_view from);
+    void AcceptInvitation(std::string_view from);
+    void InviteSelected();
+    void BreakGame();
+    void AskNickname();
+    void SwapSides();
+
     void SetCaption();
     void SetInGame(bool inGame);
     void EndGameLink();
+    void TellCritical(std::string_view text, std::string_view title);
+    void TellListIsLimited();
+    void ShowUsersIfChanged();
+
+    void ShowLines(std::string_view text);
+    void TakeConfirmation(std::string_view text);
+    LineKind KindOf(std::string_view text) const;
+    void SayPrivately(std::string_view text);
+    void SayToAll(std::string_view text);
 
     NetGame& net_;
     Settings& settings_;
@@ -78,10 +135,15 @@ private:
     ClientWindowPort* window_ = nullptr;
     ClientPersonPort* person_ = nullptr;
     std::optional<modSockets> connection_;
-    std::shared_ptr<const void> visit_; // gone, so are the events of this window's socket that still wait
+    AsyncSocket* socket_ = nullptr;
+    // Gone as soon as the window is to close, so are the events of its socket that still wait.
+    std::shared_ptr<const char> visit_;
+    bool connectionBroke_ = false;
     Framer framer_;
     bool prevUpdate_ = false; // the server has been answered
     UserList users_;
+    bool usersChanged_ = false; // since the window was told
+    bool toldListIsLimited_ = false;
 
     std::string nickName_;
     std::string opponentNick_; // empty while there is none

@@ -42,6 +42,21 @@ std::vector<std::string_view> SplitFields(std::string_view text, std::string_vie
     return fields;
 }
 
+std::size_t SplitFields(std::string_view text, std::string_view separators, unsigned options,
+                        std::span<std::string_view> fields) {
+    std::size_t count = 0;
+    std::size_t begin = 0;
+    const auto put = [&](std::size_t end) {
+        if (count < fields.size())
+            fields[count] = text.substr(begin, end - begin);
+        ++count;
+        begin = end + 1;
+    };
+    ForEachSeparator(text, separators, options, put);
+    put(text.size());
+    return count;
+}
+
 void MessageFields::SplitArgs(std::string_view text, std::string_view separators, unsigned options) {
     Args.assign(1, {});
     ArgSeparators.assign(1, {});
@@ -69,18 +84,17 @@ int FindClosingParen(std::string_view text) {
     return 0;
 }
 
-std::optional<std::string> TakeShortArgs(std::string& text) {
+std::optional<std::string_view> TakeShortArgs(std::string_view& text) {
     constexpr std::size_t kHead = 2;
-    const std::string_view behind = std::string_view(text).substr(text.size() < kHead ? text.size() : kHead);
+    const std::string_view behind = text.substr(text.size() < kHead ? text.size() : kHead);
     const int closing = FindClosingParen(behind);
     if (closing == 0) {
-        text.clear();
+        text = {};
         return std::nullopt;
     }
     const auto length = static_cast<std::size_t>(closing) - 1;
-    std::string inside(behind.substr(0, length));
-    text.erase(0, kHead + length + 1);
-    return inside;
+    text.remove_prefix(kHead + length + 1);
+    return behind.substr(0, length);
 }
 
 std::string_view TrimBlanks(std::string_view text) {

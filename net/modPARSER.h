@@ -2,7 +2,9 @@
 // separated by single characters, and parentheses nest. Positions and field numbers count from 1.
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +22,9 @@ int CountSeparators(std::string_view text, std::string_view separators, unsigned
 // The fields of the text, untrimmed, as views into it; an empty text is one empty field.
 std::vector<std::string_view> SplitFields(std::string_view text, std::string_view separators,
                                           unsigned options);
+// The same into fields, as many as it takes. How many there are in all.
+std::size_t SplitFields(std::string_view text, std::string_view separators, unsigned options,
+                        std::span<std::string_view> fields);
 
 // The fields of the last split, and what stood between them.
 struct MessageFields {
@@ -37,7 +42,7 @@ int FindClosingParen(std::string_view text);
 
 // Takes one message with a two-character head, such as "M(", from the front of the text and gives what its
 // parentheses hold. If they never close, the whole text is taken and nothing given.
-std::optional<std::string> TakeShortArgs(std::string& text);
+std::optional<std::string_view> TakeShortArgs(std::string_view& text);
 
 // Without the blanks at both ends.
 std::string_view TrimBlanks(std::string_view text);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace tarveth {
 namespace {
 
@@ -97,7 +99,7 @@ TEST(FindClosingParen, IsZeroWhenNothingCloses) {
 }
 
 TEST(TakeShortArgs, TakesTheFirstMessageOfTheText) {
-    std::string text = "M(3,4)R(2)";
+    std::string_view text = "M(3,4)R(2)";
     EXPECT_EQ(TakeShortArgs(text), "3,4");
     EXPECT_EQ(text, "R(2)");
     EXPECT_EQ(TakeShortArgs(text), "2");
@@ -105,13 +107,13 @@ TEST(TakeShortArgs, TakesTheFirstMessageOfTheText) {
 }
 
 TEST(TakeShortArgs, KeepsNestedParentheses) {
-    std::string text = "X(so (so))M(1,2)";
+    std::string_view text = "X(so (so))M(1,2)";
     EXPECT_EQ(TakeShortArgs(text), "so (so)");
     EXPECT_EQ(text, "M(1,2)");
 }
 
 TEST(TakeShortArgs, AMessageThatNeverClosesIsTakenWhole) {
-    for (std::string text : {"M(3,4", "M(", "M", "", "X((a)"}) {
+    for (std::string_view text : {"M(3,4", "M(", "M", "", "X((a)"}) {
         EXPECT_EQ(TakeShortArgs(text), std::nullopt);
         EXPECT_EQ(text, "");
     }
@@ -121,6 +123,19 @@ TEST(TrimBlanks, TakesBlanksFromBothEndsOnly) {
     EXPECT_EQ(TrimBlanks("  a b "), "a b");
     EXPECT_EQ(TrimBlanks("   "), "");
     EXPECT_EQ(TrimBlanks(""), "");
+}
+
+TEST(SplitFields, FillsTheRoomThatThereIsAndCountsAll) {
+    std::array<std::string_view, 2> fields;
+    EXPECT_EQ(SplitFields("a,(b,c),d", ",", kGroupParentheses, fields), 3U);
+    EXPECT_EQ(fields, (std::array<std::string_view, 2>{"a", "(b,c)"}));
+}
+
+TEST(SplitFields, LeavesTheFieldsAloneThatAreNotThere) {
+    std::array<std::string_view, 3> fields{"", "", "z"};
+    EXPECT_EQ(SplitFields("x,", ",", 0, fields), 2U);
+    EXPECT_EQ(fields, (std::array<std::string_view, 3>{"x", "", "z"}));
+    EXPECT_EQ(SplitFields("", ",", 0, fields), 1U);
 }
 
 } // namespace
