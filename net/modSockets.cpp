@@ -10,10 +10,36 @@ modSockets::modSockets(AsyncSocket& socket, NetGame& net, ClientWindowPort& wind
     : socket_(socket), net_(net), window_(window), person_(person) {}
 
 bool modSockets::ConnectToServer() {
-    return false;
+    socket_.RemoteHost = person_.AskServer();
+    net_.NetConnected = !socket_.RemoteHost.empty();
+    if (!net_.NetConnected)
+        return false;
+    net_.PlayingBlue = true;
+    PrepareSocket();
+    try {
+        socket_.CreateSocket();
+        socket_.Connect();
+    } catch (const SocketError& error) {
+        if (error.Number() != kWouldBlock) {
+            person_.ShowMessageBox(error.what(), {}, BoxIcon::None);
+            return true;
+        }
+    }
+    window_.ShowWaiting(true);
+    return true;
+}
+
+void modSockets::PrepareSocket() {
+    socket_.RemotePort = kServerPort;
+    socket_.LocalAddress = "0.0.0.0";
+    socket_.LocalPort = 0;
 }
 
 bool modSockets::Connected() {
+    window_.ShowWaiting(false);
+    if (socket_.PeerAddress() != kNoPeer)
+        return true;
+    person_.ShowMessageBox("Could not connect.", {}, BoxIcon::None);
     return false;
 }
 

@@ -17,7 +17,8 @@ public:
     // All outlive the object.
     modSockets(AsyncSocket& socket, NetGame& net, ClientWindowPort& window, ClientPersonPort& person);
 
-    // Asks for a server and begins to connect. False when the person chose none; then there is no connection.
+    // Asks for a server and begins to connect. False when the person chose none. If connecting can't even
+    // begin, the person is told, and no connect event will come.
     bool ConnectToServer();
     // For the socket's connect event. False if there is no connection; the person has been told.
     bool Connected();
@@ -31,6 +32,7 @@ public:
     void SendRawText(std::string_view text);
 
 private:
+    void PrepareSocket();
     void Transmit(std::string text);
 
     AsyncSocket& socket_;

@@ -34,7 +34,8 @@ need() {
 }
 
 # What the game itself is built with.
-BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev halibut libpng-dev libsdl2-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev halibut libpng-dev libsdl2-dev
+    libasio-dev)
 
 # What the lobby server is built with.
 LOBBY_PACKAGES=(libasio-dev libcli11-dev libspdlog-dev)
@@ -43,4 +44,4 @@ LOBBY_PACKAGES=(libasio-dev libcli11-dev libspdlog-dev)
 WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core
     libatspi2.0-dev libxtst-dev libxdamage-dev)
 
-FUZZ_PACKAGES=(clang libclang-rt-14-dev cmake ninja-build)
+FUZZ_PACKAGES=(clang libclang-rt-14-dev cmake ninja-build libasio-dev)
