@@ -1,0 +1,276 @@
+// From an invitation to a game, and to its end: what is asked, sent and told, with every byte.
+#include "tests/net/Delivered.h"
+
+namespace tarveth::test {
+namespace {
+
+TARVETH_DELIVERED(Invitation);
+TARVETH_DELIVERED(Link);
+
+void Select(TestClient& c, int index) {
+    c.Receive("\251addnick(Ann,0)\251addnick(Bob,0)\251addnick(Cid,1)\251addnick(ANN,0)");
+    c.client.SelectUser(index);
+}
+
+std::string InviteSelected(TestClient& c) {
+    c.client.Invite();
+    return c.Sent();
+}
+
+TEST_P(Invitation, IsSentToTheSelectedUser) {
+    TestClient c(GetParam());
+    Select(c, 1);
+    EXPECT_EQ(InviteSelected(c), "\251invite(Bob,Ann)");
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInviting);
+    EXPECT_EQ(c.window.focused, 1);
+    EXPECT_FALSE(c.net.InGame);
+}
+
+TEST_P(Invitation, GoesToTheNicknameWithoutItsSign) {
+    TestClient c(GetParam());
+    Select(c, 2);
+    EXPECT_EQ(InviteSelected(c), "\251invite(Cid,Ann)");
+}
+
+TEST_P(Invitation, NeedsASelectedUser) {
+    TestClient c(GetParam());
+    Select(c, UserList::kNobody);
+    EXPECT_EQ(InviteSelected(c), "");
+    EXPECT_EQ(c.window.boxes, Strings{"|You must select a user to invite into a game."});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkIdle);
+    EXPECT_EQ(c.window.focused, 1);
+}
+
+TEST_P(Invitation, ToOneselfIsRefusedWhateverTheCase) {
+    for (const int index : {0, 3}) {
+        TestClient c(GetParam());
+        Select(c, index);
+        EXPECT_EQ(InviteSelected(c), "");
+        EXPECT_EQ(c.window.boxes, Strings{"|You can't invite yourself to a game."});
+        EXPECT_EQ(c.client.GameLinkState(), kLinkIdle);
+    }
+}
+
+TEST_P(Invitation, ThatIsAcceptedBringsAGameAsBlueAndTheBoardIsSent) {
+    TestClient c(GetParam());
+    Select(c, 1);
+    InviteSelected(c);
+    const std::string sent = c.Receive("\251accept(Ann,Bob,Bob has accepted your invitation.)");
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInGame);
+    EXPECT_EQ(c.client.OpponentNick(), "Bob");
+    EXPECT_EQ(c.window.caption, "Internet Tarveth (Ann vs. Bob)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Bob has accepted your invitation."});
+    EXPECT_TRUE(c.net.InGame);
+    EXPECT_TRUE(c.window.inGame);
+    EXPECT_TRUE(c.net.PlayingBlue);
+    EXPECT_EQ(c.port.localSide, Blue);
+    EXPECT_TRUE(sent.starts_with("\251play(Bob,C(board))\251play(Bob,P(")) << sent;
+    EXPECT_TRUE(sent.ends_with("\251play(Bob,T(1))\251play(Bob,C(play))")) << sent;
+}
+
+TEST_P(Invitation, ThatIsRefusedLeavesUsIdle) {
+    TestClient c(GetParam());
+    Select(c, 1);
+    InviteSelected(c);
+    EXPECT_EQ(c.Receive("\251refuse(Ann, Bob has turned down your invitation.)"), "");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Bob has turned down your invitation."});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkIdle);
+}
+
+TEST_P(Invitation, IsAskedAboutAndAccepted) {
+    TestClient c(GetParam());
+    c.window.answers = {true};
+    EXPECT_EQ(c.Receive("\251invite(Ann,Bob)"),
+              "\251accept(Bob,Ann,Ann has accepted your invitation. Play may begin.)");
+    EXPECT_EQ(c.window.questions, Strings{"Join Game?|Bob is inviting you to a game."});
+    EXPECT_EQ(c.Lines(), Strings{"notice|You have accepted the invitation from Bob"});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInGame);
+    EXPECT_EQ(c.client.OpponentNick(), "Bob");
+    EXPECT_EQ(c.window.caption, "Internet Tarveth (Ann vs. Bob)");
+    EXPECT_TRUE(c.net.InGame);
+    EXPECT_FALSE(c.net.PlayingBlue);
+    EXPECT_EQ(c.port.localSide, Red);
+}
+
+TEST_P(Invitation, AcceptedBeginsANewGameAndSendsNoBoard) {
+    TestClient c(GetParam());
+    const int before = c.port.newRecords;
+    c.window.answers = {true};
+    EXPECT_EQ(c.Receive("\251invite(Ann,Bob)").find("play("), std::string::npos);
+    EXPECT_EQ(c.port.newRecords, before + 1);
+    EXPECT_EQ(c.game.Turn, Blue);
+}
+
+TEST_P(Invitation, IsAskedAboutAndRefused) {
+    TestClient c(GetParam());
+    EXPECT_EQ(c.Receive("\251invite(Ann,Bob)"), "\251refuse(Bob, Ann has turned down your invitation.)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|You have refused the invitation from Bob"});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkIdle);
+    EXPECT_FALSE(c.net.InGame);
+}
+
+TEST_P(Invitation, WhileOursIsUnansweredIsRefusedUnasked) {
+    TestClient c(GetParam());
+    Select(c, 1);
+    InviteSelected(c);
+    EXPECT_EQ(c.Receive("\251invite(Ann,Cid)"), "\251refuse(Cid, [Auto] Ann is negotiating a game.)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Cid tried to invite you to a game."});
+    EXPECT_EQ(c.window.questions, Strings{});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInviting);
+}
+
+TEST_P(Invitation, InAGameIsRefusedUnasked) {
+    TestClient c(GetParam());
+    c.StartGame();
+    EXPECT_EQ(c.Receive("\251invite(Ann,Cid)\251invite(Ann,Dan)"),
+              "\251refuse(Cid, [Auto] Ann is in a game already.)"
+              "\251refuse(Dan, [Auto] Ann is in a game already.)");
+    EXPECT_EQ(c.Lines(), (Strings{"notice|Cid tried to invite you to a game.",
+                                  "notice|Dan tried to invite you to a game."}));
+    EXPECT_EQ(c.window.questions, Strings{});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInGame);
+    EXPECT_EQ(c.client.OpponentNick(), "Bob");
+}
+
+TEST_P(Invitation, OfNobodyIsIgnored) {
+    TestClient c(GetParam());
+    EXPECT_EQ(c.Receive("\251invite(Ann)\251invite(Ann, )\251accept(Ann,)"), "");
+    EXPECT_EQ(c.window.questions, Strings{});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkIdle);
+}
+
+TEST_P(Invitation, FromSomeoneWithAnOddNameIsAnsweredInAWholeMessage) {
+    TestClient c(GetParam());
+    EXPECT_EQ(c.Receive("\251invite(Ann,(Bob,x))"), "\251refuse([Bob, Ann has turned down your invitation.)");
+}
+
+TEST_P(Invitation, CannotBeSentFromWithinAGame) {
+    TestClient c(GetParam());
+    c.StartGame();
+    Select(c, 2);
+    EXPECT_EQ(InviteSelected(c), "");
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInGame);
+}
+
+TEST_P(Link, ALateAcceptanceEndsTheOthersGameAndNotOurs) {
+    TestClient c(GetParam());
+    c.StartGame();
+    EXPECT_EQ(c.Receive("\251accept(Ann,Cid,Cid has accepted your invitation.)"), "\251end(Cid,Ann)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Cid has accepted your invitation, but you are in a game already."});
+    EXPECT_EQ(c.client.OpponentNick(), "Bob");
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInGame);
+}
+
+TEST_P(Link, TheOpponentsAcceptanceSaidTwiceIsHeardOnce) {
+    TestClient c(GetParam());
+    c.StartGame();
+    EXPECT_EQ(c.Receive("\251accept(Ann,Bob,again)"), "");
+    EXPECT_EQ(c.Lines(), Strings{});
+}
+
+TEST_P(Link, ALateRefusalDoesNotEndTheGame) {
+    TestClient c(GetParam());
+    c.StartGame();
+    c.Receive("\251refuse(Ann, Cid has turned down your invitation.)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Cid has turned down your invitation."});
+    EXPECT_EQ(c.client.GameLinkState(), kLinkInGame);
+}
+
+void ExpectNoGame(const TestClient& c) {
+    EXPECT_EQ(c.client.GameLinkState(), kLinkIdle);
+    EXPECT_EQ(c.client.OpponentNick(), "");
+    EXPECT_EQ(c.window.caption, "Internet Tarveth (Ann vs. <nobody>)");
+    EXPECT_FALSE(c.net.InGame);
+    EXPECT_FALSE(c.window.inGame);
+    EXPECT_TRUE(c.net.PlayingBlue);
+    EXPECT_EQ(c.port.localSide, NoSide);
+}
+
+TEST_P(Link, EndsWhenTheOpponentBreaksIt) {
+    TestClient c(GetParam());
+    c.window.answers = {true};
+    c.Receive("\251invite(Ann,Bob)");
+    c.Lines();
+    EXPECT_EQ(c.Receive("\251end(Ann,Bob)"), "");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Bob has broken the connection with you."});
+    ExpectNoGame(c);
+}
+
+TEST_P(Link, EndsOnce) {
+    TestClient c(GetParam());
+    c.StartGame();
+    c.Receive("\251end(Ann,Bob)\251end(Ann,Bob)\251removenick(Bob)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Bob has broken the connection with you."});
+    EXPECT_EQ(c.Receive("\251end(Ann,Bob)"), "");
+    EXPECT_EQ(c.Lines(), Strings{});
+}
+
+TEST_P(Link, EndsWhenWeBreakIt) {
+    TestClient c(GetParam());
+    c.StartGame();
+    c.client.Break();
+    EXPECT_EQ(c.Sent(), "\251end(Bob,Ann)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|You have broken the connection with Bob."});
+    ExpectNoGame(c);
+    c.client.Break();
+    EXPECT_EQ(c.Sent(), "");
+}
+
+TEST_P(Link, EndsWhenTheOpponentLeavesWithoutAWord) {
+    TestClient c(GetParam());
+    c.StartGame();
+    c.Receive("\251addnick(Bob,1)\251removenick(Cid)\251removenick(Bob)\251end(Ann,Bob)");
+    EXPECT_EQ(c.Lines(), Strings{"notice|Bob has left."});
+    EXPECT_EQ(c.client.Users().Entries(), Strings{});
+    ExpectNoGame(c);
+}
+
+TEST_P(Link, FollowsTheOpponentToAnotherNickname) {
+    TestClient c(GetParam());
+    c.StartGame();
+    c.Receive("\251changenick(Bob,Robert,1)");
+    EXPECT_EQ(c.client.OpponentNick(), "Robert");
+    EXPECT_EQ(c.window.caption, "Internet Tarveth (Ann vs. Robert)");
+    EXPECT_EQ(c.Enter("/p hello"), "\251play(Robert,X(hello))");
+}
+
+TEST_P(Link, PlayIsHeardInAGameOnly) {
+    TestClient c(GetParam());
+    EXPECT_EQ(c.Receive("\251play(Ann,X(hello))\251play(Ann,C(board))"), "");
+    EXPECT_EQ(c.Lines(), Strings{});
+    EXPECT_EQ(c.game.GameState, kPickPiece);
+    c.StartGame();
+    c.Receive("\251play(Ann,X(hello))");
+    EXPECT_EQ(c.Lines(), Strings{"opponent|Bob:[p] hello"});
+}
+
+TEST_P(Link, ABoardArrivesAndIsPlayedOn) {
+    TestClient c(GetParam());
+    c.window.answers = {true};
+    c.Receive("\251invite(Ann,Bob)");
+    c.Receive("\251play(Ann,C(board))");
+    EXPECT_EQ(c.game.GameState, kGetBoard);
+    c.Receive("\251play(Ann,T(2))\251play(Ann,C(play))");
+    EXPECT_EQ(c.game.GameState, kPickPiece);
+    EXPECT_EQ(c.game.Turn, Red);
+}
+
+TEST_P(Link, SwapIsDoneAndSent) {
+    TestClient c(GetParam());
+    c.StartGame();
+    c.client.Swap();
+    EXPECT_EQ(c.Sent(), "\251play(Bob,C(swap))");
+    EXPECT_FALSE(c.net.PlayingBlue);
+    EXPECT_EQ(c.Receive("\251play(Ann,C(swap))"), "");
+    EXPECT_TRUE(c.net.PlayingBlue);
+}
+
+TEST_P(Link, WithoutAnOpponentNothingIsSwapped) {
+    TestClient c(GetParam());
+    c.client.Swap();
+    EXPECT_EQ(c.Sent(), "");
+    EXPECT_TRUE(c.net.PlayingBlue);
+}
+
+} // namespace
+} // namespace tarveth::test

@@ -1,0 +1,109 @@
+#include "net/userlist.h"
+
+#include <gtest/gtest.h>
+
+namespace tarveth {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+UserList ListOf(std::initializer_list<const char*> nicks) {
+    UserList users;
+    for (const char* nick : nicks)
+        users.Add(nick, 0);
+    return users;
+}
+
+TEST(UserList, AnEntryIsTheNicknameAndTheSignOfStatusOne) {
+    UserList users;
+    EXPECT_TRUE(users.Add("Ann", 0));
+    EXPECT_TRUE(users.Add("Bob", 1));
+    EXPECT_TRUE(users.Add("Cid", 2));
+    EXPECT_EQ(users.Entries(), (Strings{"Ann", "Bob\256", "Cid"}));
+}
+
+TEST(UserList, TheNicknameInAnEntryStandsBeforeTheSign) {
+    EXPECT_EQ(NickOf("Ann"), "Ann");
+    EXPECT_EQ(NickOf("Ann\256"), "Ann");
+    EXPECT_EQ(NickOf(" Ann of Green \256 x"), "Ann of Green");
+    EXPECT_EQ(NickOf(""), "");
+}
+
+TEST(UserList, AChangedUserGoesToTheEnd) {
+    UserList users = ListOf({"Ann", "Bob", "Cid"});
+    EXPECT_TRUE(users.Change("Ann", "Anna", 1));
+    EXPECT_EQ(users.Entries(), (Strings{"Bob", "Cid", "Anna\256"}));
+    EXPECT_TRUE(users.Change("Anna", "Anna", 0));
+    EXPECT_EQ(users.Entries(), (Strings{"Bob", "Cid", "Anna"}));
+}
+
+TEST(UserList, WhoIsNotListedCannotBeChangedOrRemoved) {
+    UserList users = ListOf({"Ann"});
+    EXPECT_FALSE(users.Change("ann", "Bob", 0));
+    EXPECT_FALSE(users.Remove("Bob"));
+    EXPECT_EQ(users.Entries(), Strings{"Ann"});
+}
+
+TEST(UserList, TheFirstOfTwoWithOneNicknameIsRemoved) {
+    UserList users;
+    users.Add("Ann", 1);
+    users.Add("Bob", 0);
+    users.Add("Ann", 0);
+    EXPECT_TRUE(users.Remove("Ann"));
+    EXPECT_EQ(users.Entries(), (Strings{"Bob", "Ann"}));
+}
+
+TEST(UserList, AChangeLeavesTheSelectionOnItsPlace) {
+    UserList users = ListOf({"Ann", "Bob", "Cid"});
+    users.Select(1);
+    users.Change("Ann", "Anna", 0);
+    EXPECT_EQ(users.Selected(), 1);
+    EXPECT_EQ(users.SelectedNick(), "Cid");
+}
+
+TEST(UserList, ARemovalLeavesTheSelectionWithItsUser) {
+    UserList users = ListOf({"Ann", "Bob", "Cid"});
+    users.Select(1);
+    users.Remove("Cid");
+    EXPECT_EQ(users.SelectedNick(), "Bob");
+    users.Remove("Ann");
+    EXPECT_EQ(users.SelectedNick(), "Bob");
+    users.Remove("Bob");
+    EXPECT_EQ(users.Selected(), UserList::kNobody);
+}
+
+TEST(UserList, OnlyAListedUserIsSelected) {
+    UserList users = ListOf({"Ann"});
+    users.Select(1);
+    EXPECT_EQ(users.Selected(), UserList::kNobody);
+    users.Select(-5);
+    EXPECT_EQ(users.Selected(), UserList::kNobody);
+    EXPECT_EQ(users.SelectedNick(), "");
+    users.Select(0);
+    EXPECT_EQ(users.SelectedNick(), "Ann");
+    users.Clear();
+    EXPECT_EQ(users.Selected(), UserList::kNobody);
+}
+
+TEST(UserList, HoldsNoMoreThanItsMost) {
+    UserList users;
+    for (std::size_t i = 0; i < UserList::kMostEntries; ++i)
+        ASSERT_TRUE(users.Add("x", 0));
+    EXPECT_FALSE(users.Add("Ann", 0));
+    EXPECT_EQ(users.Entries().size(), UserList::kMostEntries);
+    EXPECT_TRUE(users.Change("x", "Ann", 0));
+    EXPECT_TRUE(users.Remove("x"));
+    EXPECT_TRUE(users.Add("Bob", 0));
+}
+
+TEST(UserList, TakesNoNicknameThatIsTooLong) {
+    const std::string longest(UserList::kLongestNick, 'x');
+    UserList users = ListOf({"Ann"});
+    EXPECT_TRUE(users.Add(longest, 0));
+    EXPECT_FALSE(users.Add(longest + "x", 0));
+    EXPECT_FALSE(users.Change("Ann", longest + "x", 0));
+    EXPECT_EQ(users.Entries(), (Strings{"Ann", longest}));
+}
+
+} // namespace
+} // namespace tarveth
