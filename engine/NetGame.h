@@ -1,8 +1,9 @@
 // What the turn machine knows of a network game: who plays which side, and the squares the opponent has sent.
 #pragma once
 
+#include "engine/TextQueue.h"
+
 #include <cstdint>
-#include <string>
 
 namespace tarveth {
 
@@ -12,22 +13,15 @@ struct NetGame {
     bool PlayingBlue = true; // a local game counts the local player as Blue
     bool RemoteMove = false; // the pending square came from the opponent
 
-    // Text queues, each item followed by '|'. A return is a "0" in X and Y in front of its square, and one
-    // item in each of the other three.
-    std::string RemoteX, RemoteY;
-    std::string ReturnPieceIndex, ReturnSlot; // PieceTable index; JailTable index
-    std::string ReturnPieceName;              // "Pawn" or "Officer"
+    // A return is a "0" in X and Y in front of its square, and one item in each of the other three.
+    TextQueue RemoteX, RemoteY;
+    TextQueue ReturnPieceIndex, ReturnSlot; // PieceTable index; JailTable index
+    TextQueue ReturnPieceName;              // "Pawn" or "Officer"
 
     bool GameInProgress() const { return NetConnected && InGame; }
     bool IsLocalSide(std::int16_t side) const;
+    // Forgets what the opponent has sent; whoever calls clears the pending square.
     void ClearQueues();
 };
-
-// Takes the first item off a queue; an empty queue gives the empty text.
-std::string PopQueueItem(std::string& queue);
-
-// The number an item stands for: its leading decimal digits, with a minus sign or without. Anything that is
-// no number or does not fit 16 bits gives -1, which no square, piece or slot is.
-std::int16_t QueueNumber(const std::string& item);
 
 } // namespace tarveth

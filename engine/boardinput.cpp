@@ -34,6 +34,8 @@ void modMAIN::DepositSquare(Square square) {
         ShowStatus("Not your turn.");
         return;
     }
+    if (net_.RemoteMove)
+        return; // his square comes first
     if (!square.OnBoard())
         square = {};
     game_.ClickX = static_cast<std::int16_t>(square.column);

@@ -11,6 +11,9 @@ namespace {
 constexpr std::array<std::string_view, 9> kPrompts{
     "", "Pick piece", "Place piece", "Return piece", "Allow Return", "", "Get Board", "", "Game Over"};
 
+// A burst of squares leaves the window time for the rest of its events.
+constexpr int kPassesAtOnce = 64;
+
 constexpr std::uint32_t kPureBlue = 0xFF0000; // red in the low byte
 constexpr std::uint32_t kPureRed = 0x0000FF;
 
@@ -76,7 +79,7 @@ void modMAIN::ShowStatus(std::string_view text) {
 
 bool modMAIN::HasWork() const {
     return game_.ClickX > 0 || game_.GameState == kAllowReturn || game_.GameState == kTurnOver ||
-           game_.GameState == kBoardArrived || ReturnUndecided() || !net_.RemoteX.empty();
+           game_.GameState == kBoardArrived || ReturnUndecided() || !net_.RemoteX.IsEmpty();
 }
 
 bool modMAIN::Pass() {
@@ -94,14 +97,15 @@ bool modMAIN::Pass() {
     return game_.GameState != kReset;
 }
 
-void modMAIN::RunPasses() {
+bool modMAIN::RunPasses() {
     if (busy_)
-        return;
-    bool running = Pass();
-    while (running && (HasWork() || !waitingCommands_.empty())) {
+        return false;
+    for (int passes = 0; passes < kPassesAtOnce; ++passes) {
         RunWaitingCommands();
-        running = Pass();
+        if (!Pass() || (!HasWork() && waitingCommands_.empty()))
+            return false;
     }
+    return true;
 }
 
 void modMAIN::RunCommand(std::function<void()> command) {
@@ -125,17 +129,6 @@ void modMAIN::RunWaitingCommands() {
     }
 }
 
-void modMAIN::HandleBoardTransfer() {
-    if (game_.GameState == kGetBoard) {
-        game_.ClearClick();
-        ports_.window.ShowMessage("Getting updated board information.");
-    } else if (game_.GameState == kBoardArrived) {
-        ports_.board.RedrawBoard();
-        SetGameState(kPickPiece);
-        ports_.window.ShowMessage("Play may commence.");
-    }
-}
-
 void modMAIN::HandleIdle() {
     if (game_.GameState == kAllowReturn || ReturnUndecided())
         CheckReturnDue();
@@ -154,7 +147,7 @@ void modMAIN::HandleSquare() {
         PlacePiece();
         break;
     case kReturnPiece:
-        if (MayPlaceReturn())
+        if (MayPlaceReturn() && !net_.RemoteMove) // an opponent's return comes as one, never as a square
             ReturnPiece();
         else
             ShowStatus("Waiting for placement of returned piece.");

@@ -51,9 +51,9 @@ public:
     bool Pass();
     // Whether another pass has something to do. At rest it has not.
     bool HasWork() const;
-    // Passes until there is nothing left to do. A call from within a pass or a command comes back at once:
-    // passes never nest.
-    void RunPasses();
+    // Passes until there is nothing left to do, or for now: true when there is more. A call from within a
+    // pass or a command comes back at once: passes never nest.
+    bool RunPasses();
     // Runs a command of the menus. In the middle of a pass or of another command the running animation is
     // brought to its end, and the command waits until that is over.
     void RunCommand(std::function<void()> command);
@@ -63,8 +63,21 @@ public:
     bool Busy() const { return busy_; }
 
     // Deposits a square for the next pass as a left click on it does: refused out of turn, off the board,
-    // while a piece is moving, after the end of the game, and where a returned piece finds the square taken.
+    // while a piece is moving, after the end of the game, while a square of the opponent's waits, and where a
+    // returned piece finds the square taken.
     void DepositSquare(Square square);
+
+    // Brings the game to rest between two turns: a selected piece is put down, a return that is due is given
+    // up, a turn that is over ends, and squares that wait are forgotten. To be called between two passes, as
+    // the three below.
+    void SettleForTransfer();
+    // A board is going to arrive; until it has, no squares are taken.
+    void AwaitBoard();
+    // It has arrived and is sound: it takes the place of the game, whose log is written.
+    void TakeBoard(Game board);
+    // There is no more of it to come: the game there is goes on.
+    void EndTransfer();
+
     // True when no piece stands on the pending square.
     bool IsSquareFree() const;
 

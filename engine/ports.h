@@ -49,6 +49,9 @@ struct RecordPort {
     virtual ~RecordPort() = default;
     // Writes the log of the game so far, if the settings ask for it, and forgets the game's file name.
     virtual void BeginNewRecord() = 0;
+    // The same for a board from the opponent. A game without a move leaves no log: it may have begun just for
+    // this board, and the log of the one before is written already.
+    virtual void BeginReceivedRecord() = 0;
 };
 
 // The opponent's program.

@@ -6,9 +6,9 @@ namespace tarveth {
 
 void modMAIN::TakeRemoteSquare() {
     // A burst is played in the order it was sent: nothing is taken while a turn is still being completed.
-    if (net_.RemoteX.empty())
+    if (net_.RemoteX.IsEmpty())
         return;
-    const bool isReturn = net_.RemoteX.starts_with("0|") && net_.RemoteY.starts_with("0|");
+    const bool isReturn = net_.RemoteX.Text().starts_with("0|") && net_.RemoteY.Text().starts_with("0|");
     if (game_.GameState == kTurnOver || (game_.GameState == kAllowReturn && !isReturn))
         return;
 
@@ -52,10 +52,12 @@ bool modMAIN::IsPossibleReturn(int piece, int slot) const {
     const bool stateFits = game_.GameState == kReturnPiece || game_.GameState == kAllowReturn;
     if (!stateFits || piece < 1 || piece > game_.PieceCount() || slot < 1 || slot > game_.JailCount())
         return false;
-    const PieceRecord& record = game_.Piece(piece);
+    const std::int16_t kind = game_.Piece(piece).Kind;
+    const ReturnCandidates due = FindReturnCandidates(game_, game_.CapturedPiece);
+    const bool kindIsDue = kind == Officer ? due.officerSlot != 0 : kind == Pawn && due.pawnSlot != 0;
     const PieceRecord& jailed = game_.Jailed(slot);
-    return record.InJail() && record.Side == game_.Turn && record.Kind != Master &&
-           jailed.Side == record.Side && jailed.Kind == record.Kind;
+    return kindIsDue && piece == PieceToReturn(game_, kind) && jailed.Side == game_.Turn &&
+           jailed.Kind == kind;
 }
 
 } // namespace tarveth

@@ -15,15 +15,26 @@ std::string GameRecord::LogPath() const {
 }
 
 void GameRecord::BeginNewRecord() {
-    if (settings_.AutoSaveLog != 0) {
-        try {
-            WriteGameLog(game_, LogPath());
-        } catch (const platform::FileError& error) {
-            person_.ShowMessageBox(std::string("The log of the last game is not saved.\n") + error.what());
-        }
-    }
+    WriteLog();
     GameTitle.clear();
     GameFileName.clear();
+}
+
+void GameRecord::BeginReceivedRecord() {
+    if (!game_.lstHistory.empty())
+        WriteLog();
+    GameTitle.clear();
+    GameFileName.clear();
+}
+
+void GameRecord::WriteLog() {
+    if (settings_.AutoSaveLog == 0)
+        return;
+    try {
+        WriteGameLog(game_, LogPath());
+    } catch (const platform::FileError& error) {
+        person_.ShowMessageBox(std::string("The log of the last game is not saved.\n") + error.what());
+    }
 }
 
 } // namespace tarveth

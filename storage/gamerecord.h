@@ -20,10 +20,14 @@ public:
     // Writes the log if "AutoSaveLog" is on; one that cannot be written gives a message box. Then title and
     // file name are empty.
     void BeginNewRecord() override;
+    // Without moves no log is written.
+    void BeginReceivedRecord() override;
     // The game's own file with ".log" behind it, or "lastgame.log" in the folder.
     std::string LogPath() const;
 
 private:
+    void WriteLog();
+
     const Game& game_;
     const Settings& settings_;
     PersonPort& person_;

@@ -27,6 +27,7 @@ public:
     int animations = 0;
     int finishedAnimations = 0;
     int newRecords = 0;
+    int receivedRecords = 0;
     int boardsSent = 0;
     int returnQuestions = 0;
     int returnChoice = 1; // what ChooseReturn answers: 1 Pawn, 2 Officer
@@ -79,6 +80,10 @@ public:
     void BeginNewRecord() override {
         ++newRecords;
         calls.emplace_back("record");
+    }
+    void BeginReceivedRecord() override {
+        ++receivedRecords;
+        calls.emplace_back("received record");
     }
     void SendGameMessage(std::string_view inner) override { sent.emplace_back(inner); }
     void SendBoard() override {

@@ -13,7 +13,12 @@ TestGame::TestGame(std::string_view position) : TestGame() {
 
 void TestGame::Click(std::string_view square) {
     main.DepositSquare(SquareOf(square));
-    main.RunPasses();
+    Settle();
+}
+
+void TestGame::Settle() {
+    while (main.RunPasses()) {
+    }
 }
 
 void TestGame::ClickOnePass(std::string_view square) {

@@ -26,6 +26,8 @@ struct TestGame {
     void Click(std::string_view square);
     // The same, one pass only.
     void ClickOnePass(std::string_view square);
+    // Every pass there is something to do in.
+    void Settle();
     // Selects and places.
     void Move(std::string_view from, std::string_view to);
     // The piece on a square, 0 for none.

@@ -124,11 +124,11 @@ TEST(Commands, NoPassRunsAndNoSquareIsTakenInTheMiddleOfOne) {
     TestGame g("turn B | BM 4D | RM 8H");
     g.net.NetConnected = g.net.InGame = true;
     g.main.RunCommand([&] {
-        g.net.RemoteX = g.net.RemoteY = "4|";
+        g.net.RemoteX = g.net.RemoteY = TextQueue("4|");
         g.Click("4D");
         g.main.RunPasses();
         EXPECT_EQ(g.game.ClickX, 0);
-        EXPECT_EQ(g.net.RemoteX, "4|");
+        EXPECT_EQ(g.net.RemoteX.Text(), "4|");
     });
     EXPECT_EQ(g.game.GameState, 1);
     g.main.RunPasses();
@@ -180,10 +180,10 @@ TEST(Passes, SquaresThatArriveDuringAnAnimationAreHandledAfterIt) {
     g.settings.AnimateMoves = -1;
     g.port.onAnimate = [&] {
         const Gliding gliding(g, 1);
-        g.net.RemoteX = "8|8|";
-        g.net.RemoteY = "8|7|";
+        g.net.RemoteX = TextQueue("8|8|");
+        g.net.RemoteY = TextQueue("8|7|");
         g.main.RunPasses();
-        EXPECT_EQ(g.net.RemoteX, "8|8|");
+        EXPECT_EQ(g.net.RemoteX.Text(), "8|8|");
         g.port.onAnimate = nullptr;
     };
     g.Move("4D", "4F");
@@ -197,8 +197,8 @@ TEST(Passes, TheLinkMayEndDuringAnAnimation) {
     g.net.PlayingBlue = false;
     g.settings.AnimateMoves = -1;
     g.port.onAnimate = [&] { g.net.InGame = false; };
-    g.net.RemoteX = "4|4|";
-    g.net.RemoteY = "4|5|";
+    g.net.RemoteX = TextQueue("4|4|");
+    g.net.RemoteY = TextQueue("4|5|");
     g.main.RunPasses();
     EXPECT_EQ(g.port.returnQuestions, 1);
     EXPECT_EQ(g.game.GameState, 3);

@@ -205,7 +205,7 @@ TEST(MainLoop, AtRestThereIsNothingToDo) {
     g.game.ClickX = g.game.ClickY = 1;
     EXPECT_TRUE(g.main.HasWork());
     g.game.ClearClick();
-    g.net.RemoteX = "1|";
+    g.net.RemoteX = TextQueue("1|");
     EXPECT_TRUE(g.main.HasWork());
 }
 
@@ -320,8 +320,8 @@ TEST(NetworkReturns, ARefusedReturnSquareIsNotSent) {
 TEST(NetworkReturns, TheWaitingPlayerIsAskedNothingAndMayNotPlaceIt) {
     TestGame g("turn B | BM 4D | RM 4E | jail BP BO");
     StartNetworkGame(g, false);
-    g.net.RemoteX = "4|4|";
-    g.net.RemoteY = "4|5|";
+    g.net.RemoteX = TextQueue("4|4|");
+    g.net.RemoteY = TextQueue("4|5|");
     g.main.RunPasses();
     EXPECT_EQ(g.game.GameState, 3);
     EXPECT_EQ(g.port.returnQuestions, 0);
@@ -346,16 +346,16 @@ TEST(NetworkReturns, RedPlacesItsOwnInANetworkGame) {
 TEST(NetworkReturns, TheWaitingSideEndsTheTurnWhenNoneIsDue) {
     TestGame none("turn B | BM 4D | RM 4E | jail BM");
     StartNetworkGame(none, false);
-    none.net.RemoteX = "4|4|";
-    none.net.RemoteY = "4|5|";
+    none.net.RemoteX = TextQueue("4|4|");
+    none.net.RemoteY = TextQueue("4|5|");
     none.main.RunPasses();
     EXPECT_EQ(none.game.GameState, 1);
     EXPECT_EQ(none.game.Turn, Red);
 
     TestGame ownSide("turn B | BM 4D | BO 4E | jail BP");
     StartNetworkGame(ownSide, false);
-    ownSide.net.RemoteX = "4|4|";
-    ownSide.net.RemoteY = "4|5|";
+    ownSide.net.RemoteX = TextQueue("4|4|");
+    ownSide.net.RemoteY = TextQueue("4|5|");
     ownSide.main.RunPasses();
     EXPECT_EQ(ownSide.game.GameState, 1);
     EXPECT_EQ(ownSide.game.Turn, Red);
@@ -369,8 +369,8 @@ protected:
         StartNetworkGame(g, false);
         g.game.ReturnKind = Officer; // left from an earlier return
         g.game.ReturnSlot = 9;
-        g.net.RemoteX = "4|4|";
-        g.net.RemoteY = "4|5|";
+        g.net.RemoteX = TextQueue("4|4|");
+        g.net.RemoteY = TextQueue("4|5|");
         g.main.RunPasses();
         g.port.returnChoice = 2;
     }

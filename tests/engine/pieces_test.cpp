@@ -262,12 +262,17 @@ TEST(NewGame, SendsNothingWhileOnlyConnected) {
 TEST(NewGame, ClearsTheHistoryTheJailAndWhatTheOpponentSent) {
     TestGame g("turn B | BM 4D | RP 4E<4F | jail BP");
     g.game.lstHistory = {"B:BP 1A-1B"};
-    g.net.RemoteX = g.net.RemoteY = g.net.ReturnPieceIndex = g.net.ReturnSlot = g.net.ReturnPieceName = "4|";
+    TextQueue* const queues[] = {&g.net.RemoteX, &g.net.RemoteY, &g.net.ReturnPieceIndex, &g.net.ReturnSlot,
+                                 &g.net.ReturnPieceName};
+    for (TextQueue* queue : queues)
+        queue->Append("4");
+    g.net.RemoteMove = true;
     g.main.NewGame();
     EXPECT_TRUE(g.game.lstHistory.empty());
     EXPECT_EQ(g.game.JailTable.size(), 1U);
-    EXPECT_EQ(g.net.RemoteX + g.net.RemoteY, "");
-    EXPECT_EQ(g.net.ReturnPieceIndex + g.net.ReturnSlot + g.net.ReturnPieceName, "");
+    for (const TextQueue* queue : queues)
+        EXPECT_TRUE(queue->IsEmpty());
+    EXPECT_FALSE(g.net.RemoteMove) << "the next click is the local player's";
     ExpectLayout(g.game, kImperial);
 }
 

@@ -16,38 +16,53 @@ struct RemoteGame : TestGame {
         net.PlayingBlue = false;
     }
     void QueueSquare(std::string_view square) {
-        net.RemoteX += std::to_string(SquareOf(square).column) + '|';
-        net.RemoteY += std::to_string(SquareOf(square).row) + '|';
+        net.RemoteX.Append(std::to_string(SquareOf(square).column));
+        net.RemoteY.Append(std::to_string(SquareOf(square).row));
     }
     void QueueReturn(const std::string& x, const std::string& y, const std::string& piece,
                      const std::string& slot, const std::string& name) {
-        net.RemoteX += "0|" + x + '|';
-        net.RemoteY += "0|" + y + '|';
-        net.ReturnPieceIndex += piece + '|';
-        net.ReturnSlot += slot + '|';
-        net.ReturnPieceName += name + '|';
+        net.RemoteX.Append("0");
+        net.RemoteY.Append("0");
+        net.RemoteX.Append(x);
+        net.RemoteY.Append(y);
+        net.ReturnPieceIndex.Append(piece);
+        net.ReturnSlot.Append(slot);
+        net.ReturnPieceName.Append(name);
     }
     bool QueuesEmpty() const {
-        return (net.RemoteX + net.RemoteY + net.ReturnPieceIndex + net.ReturnSlot + net.ReturnPieceName)
-            .empty();
+        return net.RemoteX.IsEmpty() && net.RemoteY.IsEmpty() && net.ReturnPieceIndex.IsEmpty() &&
+               net.ReturnSlot.IsEmpty() && net.ReturnPieceName.IsEmpty();
     }
 };
 
 TEST(Queues, GiveTheirItemsInOrderAndThenTheEmptyText) {
-    std::string queue = "3|4||12|";
+    TextQueue queue("3|4||12|");
     EXPECT_EQ(PopQueueItem(queue), "3");
     EXPECT_EQ(PopQueueItem(queue), "4");
     EXPECT_EQ(PopQueueItem(queue), "");
-    EXPECT_EQ(queue, "12|");
+    EXPECT_EQ(queue.Text(), "12|");
     EXPECT_EQ(PopQueueItem(queue), "12");
-    EXPECT_EQ(queue, "");
+    EXPECT_TRUE(queue.IsEmpty());
     EXPECT_EQ(PopQueueItem(queue), "");
 }
 
 TEST(Queues, AnItemWithoutItsEndMarkIsTakenWhole) {
-    std::string queue = "34";
+    TextQueue queue("34");
     EXPECT_EQ(PopQueueItem(queue), "34");
-    EXPECT_EQ(queue, "");
+    EXPECT_TRUE(queue.IsEmpty());
+}
+
+TEST(Queues, HoldWhatIsAddedWhileTheyAreTakenFrom) {
+    TextQueue queue;
+    int taken = 0;
+    for (int i = 0; i < 1000; ++i) {
+        queue.Append(std::to_string(2 * i));
+        queue.Append(std::to_string(2 * i + 1));
+        EXPECT_EQ(PopQueueItem(queue), std::to_string(taken++));
+    }
+    while (!queue.IsEmpty())
+        EXPECT_EQ(PopQueueItem(queue), std::to_string(taken++));
+    EXPECT_EQ(taken, 2000);
 }
 
 TEST(Queues, NumbersAreReadByValueWhatIsNoneIsMinusOne) {
@@ -136,15 +151,15 @@ TEST(Remote, SquaresWaitWhileATurnIsBeingCompleted) {
         g.game.GameState = state;
         g.main.Pass();
         EXPECT_EQ(g.game.GameState, state);
-        EXPECT_EQ(g.net.RemoteX, "4|") << state;
+        EXPECT_EQ(g.net.RemoteX.Text(), "4|") << state;
     }
 }
 
 TEST(Remote, ASquareOffTheBoardIsRefusedWithANoticeAndChangesNothing) {
     for (const char* x : {"9", "-1", "0", "x", "", "65540", "99999999"}) {
         RemoteGame g("turn B | BM 4D | jail BP");
-        g.net.RemoteX = std::string(x) + '|';
-        g.net.RemoteY = "4|";
+        g.net.RemoteX = TextQueue(std::string(x) + '|');
+        g.net.RemoteY = TextQueue("4|");
         const Game before = g.game;
         g.main.RunPasses();
         EXPECT_EQ(g.game, before) << x;
@@ -166,11 +181,11 @@ TEST(Remote, SquaresAfterTheEndOfTheGameAreDropped) {
 
 TEST(Remote, AQueueWithoutItsPartnerIsUsedUp) {
     RemoteGame g("turn B | BM 4D");
-    g.net.RemoteX = "4|0|0|4|";
+    g.net.RemoteX = TextQueue("4|0|0|4|");
     const Game before = g.game;
     g.main.RunPasses();
     EXPECT_EQ(g.game, before);
-    EXPECT_EQ(g.net.RemoteX, "");
+    EXPECT_TRUE(g.net.RemoteX.IsEmpty());
 }
 
 class RemoteReturn : public testing::Test {

@@ -278,8 +278,8 @@ TEST(Load, ForgetsTheOpponentsMovesOnTheBoardBefore) {
     t.SaveAs("a.tsg");
     t.net.NetConnected = t.net.InGame = true;
     t.asked.onDialog = [&] {
-        t.net.RemoteX = "4|4|";
-        t.net.RemoteY = "5|4|";
+        t.net.RemoteX = TextQueue("4|4|");
+        t.net.RemoteY = TextQueue("5|4|");
     };
     t.main.RunCommand([&] { t.files.LoadGame(); });
     t.main.RunPasses();
