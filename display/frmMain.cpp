@@ -213,8 +213,9 @@ void frmMain::OnMove(wxMoveEvent& event) {
 }
 
 void frmMain::OnIdle(wxIdleEvent& event) {
-    if (parts_)
-        parts_->main.RunPasses(); // after every event, so that what a command did is judged as well
+    // After every event, so that what a command did is judged as well.
+    if (parts_ && parts_->main.RunPasses())
+        event.RequestMore();
     event.Skip();
 }
 
