@@ -20,10 +20,19 @@ constexpr char kNote[] =
     "The servers displayed in the drop down list come from the 'servers.txt' file in the "
     "directory that contains this program.";
 constexpr int kLineLetters = 56; // the width of the dialog
+constexpr int kAddressLetters = 24;
+constexpr std::size_t kLongestItem = 200; // letters; the list is as wide as its longest item
 
 void NameControl(wxWindow* control, const std::string& given, const std::string& spoken) {
     control->SetName(given);
     platform::SetAccessible(control->GetHandle(), given, spoken);
+}
+
+wxString ItemOf(const Server& server) {
+    wxString item = ToWx(server.description) + " (" + ToWx(server.address) + ')';
+    if (item.length() > kLongestItem)
+        item = item.Left(kLongestItem) + "...";
+    return item;
 }
 
 } // namespace
@@ -62,7 +71,7 @@ void frmEnterIP::LoadServers(const std::vector<std::string>& folders) {
     }
     wxArrayString items;
     for (const Server& server : servers_)
-        items.Add(ToWx(server.description) + " (" + ToWx(server.address) + ')');
+        items.Add(ItemOf(server));
     cmbServers->Append(items);
     if (servers_.empty())
         return;
@@ -73,6 +82,8 @@ void frmEnterIP::LoadServers(const std::vector<std::string>& folders) {
 void frmEnterIP::LayOut() {
     const int gap = FromDIP(12);
     const int width = GetCharWidth() * kLineLetters;
+    // The toolkit thinks of a box that is not on the screen yet as lower than it will be.
+    txtIP->SetMinSize({GetCharWidth() * kAddressLetters, txtIP->GetCharHeight() + FromDIP(16)});
     cmbServers->SetMinSize({width, wxDefaultCoord}); // however long a description is
     lblNote_->Wrap(width);
 
