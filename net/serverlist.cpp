@@ -3,6 +3,7 @@
 #include "net/modPARSER.h"
 #include "platform/atomic_file.h"
 #include "platform/file_exists.h"
+#include "platform/file_text.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -39,7 +40,8 @@ std::vector<Server> ParseServerList(std::string_view text) {
 std::vector<Server> ReadServerList(const std::vector<std::string>& folders) {
     for (const std::string& folder : folders)
         if (platform::FileExists(folder + "servers.txt"))
-            return ParseServerList(platform::ReadWholeFile(folder + "servers.txt", kLongestFile));
+            return ParseServerList(
+                platform::TextFromFile(platform::ReadWholeFile(folder + "servers.txt", kLongestFile)));
     return {};
 }
 

@@ -9,8 +9,15 @@ namespace tarveth::platform {
 // The separator of the system's paths.
 char PathSeparator();
 
+// The folder with one separator behind it.
+std::string WithSeparator(std::string folder);
+
 // The folder of the running executable, with a trailing separator.
 std::string ProgramFolder();
+
+// The user's own data folder of this program, with a trailing separator. It may not be there yet. Empty where
+// the system names none.
+std::string UserDataFolder();
 
 // Whether a file can be created in the folder.
 bool CanCreateFileIn(const std::string& folder);

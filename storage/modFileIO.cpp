@@ -3,6 +3,7 @@
 #include "engine/modMAIN.h"
 #include "platform/atomic_file.h"
 #include "platform/file_error.h"
+#include "platform/file_text.h"
 #include "storage/val.h"
 
 #include <algorithm>
@@ -223,17 +224,18 @@ Game ParseGame(std::string_view text, const std::string& nameForErrors) {
 }
 
 void WriteGame(const Game& game, std::string_view gameTitle, const std::filesystem::path& path) {
-    platform::WriteFileAtomically(path, GameText(game, gameTitle));
+    platform::WriteFileAtomically(path, platform::TextForFile(GameText(game, gameTitle)));
 }
 
 Game ReadGame(const std::filesystem::path& path) {
-    return ParseGame(platform::ReadWholeFile(path, kLongestFile), path.string());
+    const std::string bytes = platform::ReadWholeFile(path, kLongestFile);
+    return ParseGame(platform::TextFromFile(bytes), path.string());
 }
 
 void WriteGameLog(const Game& game, const std::filesystem::path& path) {
     Writer writer;
     writer.Lines(game.lstHistory);
-    platform::WriteFileAtomically(path, writer.Take());
+    platform::WriteFileAtomically(path, platform::TextForFile(writer.Take()));
 }
 
 } // namespace tarveth

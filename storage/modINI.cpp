@@ -1,5 +1,6 @@
 #include "storage/modINI.h"
 
+#include "platform/file_text.h"
 #include "storage/trim.h"
 
 #include <array>
@@ -29,8 +30,9 @@ std::string modINI::IniGetString(const std::string& key, const std::string& defa
     if (!IsRegistered())
         return {};
     std::array<char, 255> buffer = {};
-    const auto count = profile_.GetPrivateProfileStringA(section_, key, defaultText, buffer, file_);
-    return {buffer.data(), count};
+    const auto count =
+        profile_.GetPrivateProfileStringA(section_, key, platform::TextForFile(defaultText), buffer, file_);
+    return platform::TextFromFile({buffer.data(), count});
 }
 
 std::int32_t modINI::IniPutNumber(const std::string& key, std::int32_t value) {
@@ -38,7 +40,8 @@ std::int32_t modINI::IniPutNumber(const std::string& key, std::int32_t value) {
 }
 
 std::int32_t modINI::IniPutString(const std::string& key, const std::string& value) {
-    return IsRegistered() && profile_.WritePrivateProfileStringA(section_, key, value, file_) ? 1 : 0;
+    const std::string bytes = platform::TextForFile(value);
+    return IsRegistered() && profile_.WritePrivateProfileStringA(section_, key, bytes, file_) ? 1 : 0;
 }
 
 bool modINI::IniFlush() {

@@ -1,22 +1,15 @@
 #include "platform/posix/profile_text.h"
 
+#include "platform/profile_line.h"
+
 #include <algorithm>
 
 namespace tarveth::platform {
 
 namespace {
 
-// Control-Z ended a text file once, and some editors still leave one.
-constexpr std::string_view kBlanks = " \t\v\f\x1a";
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
-
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos)
-        return {};
-    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
 
 char Lower(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -27,14 +20,10 @@ bool SameName(std::string_view a, std::string_view b) {
                       [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
-bool FitsALine(std::string_view text) {
-    return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos;
-}
-
 } // namespace
 
 std::string_view BareValue(std::string_view value) {
-    value = Trimmed(value);
+    value = TrimmedProfileText(value);
     const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'');
     return quoted && value.front() == value.back() ? value.substr(1, value.size() - 2) : value;
 }
@@ -65,19 +54,19 @@ ProfileText::Line ProfileText::LineAt(std::size_t begin) const {
     line.next = line.end + (text.substr(line.end, 2) == kLineEnds ? 2 : line.end < text.size() ? 1 : 0);
 
     const std::string_view whole = text.substr(line.begin, line.end - line.begin);
-    const std::string_view content = Trimmed(whole.substr(0, whole.find('\0')));
+    const std::string_view content = TrimmedProfileText(whole.substr(0, whole.find('\0')));
     const std::size_t bracket = content.rfind(']');
     const std::size_t equals = content.find('=');
     if (content.empty()) {
         line.kind = whole.find('\0') == std::string_view::npos ? Line::Kind::Blank : Line::Kind::Other;
     } else if (content.front() == '[' && bracket != std::string_view::npos) {
         line.kind = Line::Kind::Section;
-        line.name = Trimmed(content.substr(1, bracket - 1));
+        line.name = TrimmedProfileText(content.substr(1, bracket - 1));
     } else if (content.front() == '[' || content.front() == ';' || equals == std::string_view::npos) {
         line.kind = Line::Kind::Other;
     } else {
         line.kind = Line::Kind::Key;
-        line.name = Trimmed(content.substr(0, equals));
+        line.name = TrimmedProfileText(content.substr(0, equals));
         line.value = content.substr(equals + 1);
     }
     return line;
@@ -101,7 +90,7 @@ ProfileText::Place ProfileText::Look(std::string_view section, std::string_view 
 }
 
 std::optional<std::string_view> ProfileText::Find(std::string_view section, std::string_view key) const {
-    const Place place = Look(Trimmed(section), Trimmed(key));
+    const Place place = Look(TrimmedProfileText(section), TrimmedProfileText(key));
     if (!place.key)
         return std::nullopt;
     return BareValue(place.key->value);
@@ -117,10 +106,9 @@ void ProfileText::InsertLine(std::size_t at, std::string line) {
 }
 
 bool ProfileText::Put(std::string_view section, std::string_view key, std::string_view value) {
-    section = Trimmed(section);
-    key = Trimmed(key);
-    if (section.empty() || key.empty() || key.find('=') != key.npos || key.front() == ';' ||
-        key.front() == '[' || !FitsALine(section) || !FitsALine(key) || !FitsALine(value))
+    section = TrimmedProfileText(section);
+    key = TrimmedProfileText(key);
+    if (!ReadsBack(section, key, value))
         return false;
 
     const Place place = Look(section, key);

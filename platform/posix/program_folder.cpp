@@ -9,27 +9,6 @@
 
 namespace tarveth::platform {
 
-namespace {
-
-std::string WithSeparator(std::string folder) {
-    if (folder.empty() || folder.back() != PathSeparator())
-        folder += PathSeparator();
-    return folder;
-}
-
-// Empty when the environment names no absolute folder; a relative one is to be ignored.
-std::string UserDataFolder() {
-    const char* data = std::getenv("XDG_DATA_HOME");
-    if (data != nullptr && data[0] == '/')
-        return WithSeparator(data) + "tarveth/";
-    const char* home = std::getenv("HOME");
-    if (home != nullptr && home[0] == '/')
-        return WithSeparator(home) + ".local/share/tarveth/";
-    return {};
-}
-
-} // namespace
-
 char PathSeparator() {
     return '/';
 }
@@ -38,6 +17,17 @@ std::string ProgramFolder() {
     std::error_code error;
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
     return WithSeparator(error ? "." : executable.parent_path().string());
+}
+
+// A relative folder in the environment is to be ignored.
+std::string UserDataFolder() {
+    const char* data = std::getenv("XDG_DATA_HOME");
+    if (data != nullptr && data[0] == '/')
+        return WithSeparator(data) + "tarveth/";
+    const char* home = std::getenv("HOME");
+    if (home != nullptr && home[0] == '/')
+        return WithSeparator(home) + ".local/share/tarveth/";
+    return {};
 }
 
 // Only trying tells: permission bits say nothing of a read-only disk.
@@ -49,16 +39,6 @@ bool CanCreateFileIn(const std::string& folder) {
     close(file);
     unlink(probe.c_str());
     return true;
-}
-
-std::string WritableFolder(const std::string& programFolder) {
-    if (CanCreateFileIn(programFolder))
-        return WithSeparator(programFolder);
-    const std::string userFolder = UserDataFolder();
-    std::error_code error;
-    if (!userFolder.empty())
-        std::filesystem::create_directories(userFolder, error);
-    return !userFolder.empty() && CanCreateFileIn(userFolder) ? userFolder : WithSeparator(programFolder);
 }
 
 } // namespace tarveth::platform

@@ -1,6 +1,8 @@
 // The system plays by itself; nothing has to be kept.
 #include "platform/wav_player.h"
 
+#include "platform/win32/wide_text.h"
+
 #include <windows.h>
 
 #include <mmsystem.h>
@@ -23,7 +25,8 @@ WavPlayer::~WavPlayer() {
 }
 
 bool WavPlayer::Play(const std::string& path) {
-    return sndPlaySoundA(path.c_str(), kFlags) != FALSE;
+    const auto file = AnsiPath(path);
+    return file && sndPlaySoundA(file->c_str(), kFlags) != FALSE;
 }
 
 } // namespace tarveth::platform

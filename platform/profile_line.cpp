@@ -1,0 +1,28 @@
+#include "platform/profile_line.h"
+
+namespace tarveth::platform {
+
+namespace {
+
+// Control-Z ended a text file once, and some editors still leave one.
+constexpr std::string_view kBlanks = " \t\v\f\x1a";
+
+bool FitsALine(std::string_view text) {
+    return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos;
+}
+
+} // namespace
+
+std::string_view TrimmedProfileText(std::string_view text) {
+    const std::size_t begin = text.find_first_not_of(kBlanks);
+    if (begin == std::string_view::npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
+bool ReadsBack(std::string_view section, std::string_view key, std::string_view value) {
+    return !section.empty() && !key.empty() && key.find('=') == key.npos && key.front() != ';' &&
+           key.front() != '[' && FitsALine(section) && FitsALine(key) && FitsALine(value);
+}
+
+} // namespace tarveth::platform

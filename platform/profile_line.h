@@ -1,0 +1,14 @@
+// What a line of an INI file may hold.
+#pragma once
+
+#include <string_view>
+
+namespace tarveth::platform {
+
+// Without the blanks around it.
+std::string_view TrimmedProfileText(std::string_view text);
+
+// Whether a value would be found again under this section and key, both trimmed, if it was written there.
+bool ReadsBack(std::string_view section, std::string_view key, std::string_view value);
+
+} // namespace tarveth::platform

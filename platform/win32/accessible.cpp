@@ -1,0 +1,36 @@
+#include "platform/accessible.h"
+
+#include "platform/win32/wide_text.h"
+
+#include <windows.h>
+
+#include <initguid.h>
+#include <oleacc.h>
+
+namespace tarveth::platform {
+
+namespace {
+
+bool IsLabel(HWND control) {
+    wchar_t kind[32] = {};
+    GetClassNameW(control, kind, 32);
+    return lstrcmpiW(kind, L"Static") == 0;
+}
+
+} // namespace
+
+// Programs find a control here by its window's own number and text; `name` is for other systems.
+void SetAccessible(void* nativeWidget, const std::string&, const std::string& description) {
+    auto* const control = static_cast<HWND>(nativeWidget);
+    IAccPropServices* services = nullptr;
+    if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                                reinterpret_cast<void**>(&services))))
+        return;
+    // A label's name is its text for as long as it is given no other.
+    services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
+                             IsLabel(control) ? PROPID_ACC_DESCRIPTION : PROPID_ACC_NAME,
+                             WideFromText(description).c_str());
+    services->Release();
+}
+
+} // namespace tarveth::platform

@@ -1,0 +1,24 @@
+#include "platform/program_folder.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace tarveth::platform {
+
+std::string WithSeparator(std::string folder) {
+    if (folder.empty() || folder.back() != PathSeparator())
+        folder += PathSeparator();
+    return folder;
+}
+
+std::string WritableFolder(const std::string& programFolder) {
+    if (CanCreateFileIn(programFolder))
+        return WithSeparator(programFolder);
+    const std::string userFolder = UserDataFolder();
+    std::error_code error;
+    if (!userFolder.empty())
+        std::filesystem::create_directories(userFolder, error);
+    return !userFolder.empty() && CanCreateFileIn(userFolder) ? userFolder : WithSeparator(programFolder);
+}
+
+} // namespace tarveth::platform
