@@ -6,45 +6,18 @@
 #include "storage/frmClientOptions.h"
 #include "storage/frmSplash.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>
 
-#include <wx/display.h>
 #include <wx/msgdlg.h>
 
 namespace tarveth {
 
 namespace {
 
-constexpr float kNowhere = 9e6F; // twips; stands for a place that the file does not give
-
 void ShowIniError(const std::string& text, const std::string& title) {
     wxMessageBox(wxString::FromUTF8(text), wxString::FromUTF8(title), wxOK | wxICON_ERROR);
-}
-
-std::vector<ScreenRect> ScreensInTwips() {
-    std::vector<ScreenRect> screens;
-    for (unsigned i = 0; i < wxDisplay::GetCount(); ++i) {
-        const wxRect area = wxDisplay(i).GetClientArea();
-        const auto twips = [](int pixels) { return static_cast<float>(pixels * kTwipsPerPixelX); };
-        screens.push_back({twips(area.x), twips(area.y), twips(area.width), twips(area.height)});
-    }
-    return screens;
-}
-
-// A size from a file may be more than any window system can show.
-WindowPosition NoLargerThan(const std::vector<ScreenRect>& screens, WindowPosition window) {
-    float right = 0;
-    float bottom = 0;
-    for (const ScreenRect& screen : screens) {
-        right = std::max(right, screen.Left + screen.Width);
-        bottom = std::max(bottom, screen.Top + screen.Height);
-    }
-    window.Width = std::clamp(window.Width, 0.0F, right);
-    window.Height = std::clamp(window.Height, 0.0F, bottom);
-    return window;
 }
 
 } // namespace
@@ -58,6 +31,7 @@ Program::Program()
       board_(game_, settings_, pictures_, *window_, *window_),
       zones_(game_, board_, *window_, *window_),
       record_(game_, settings_, *window_, writableFolder_),
+      network_(game_, net_, settings_, main_, *window_, sounds_),
       main_(game_, net_, settings_, Ports{*window_, board_, *window_, record_, network_}),
       mouse_(settings_, board_, zones_, main_),
       fileDialogs_(window_),
@@ -76,6 +50,7 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuFileLoad, [this] { files_.LoadGame(); }},
         {mnuFileSave, [this] { files_.SaveGame(); }},
         {mnuFileSaveAs, [this] { files_.SaveGameAs(); }},
+        {mnuFileInternet, [this] { ShowClient(); }},
         {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
         {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
         {mnuSetColors, [this] { ShowOptions(); }},
@@ -151,6 +126,8 @@ void Program::ApplyOptions() {
     const std::string problems = LoadPictures();
     window_->ApplyDisplaySettings();
     board_.RedrawBoard();
+    if (client_)
+        client_->ApplySettings();
     if (!problems.empty())
         window_->ShowMessageBox(problems);
 }
@@ -162,17 +139,8 @@ void Program::AddProblem(const std::string& text) {
 }
 
 void Program::ShowWindow() {
-    const WindowPosition first = window_->Position();
-    WindowPosition position = {kNowhere, kNowhere, first.Width, first.Height};
-    LoadMainPosition(position, ini_, writableFolder_);
-    const std::vector<ScreenRect> screens = ScreensInTwips();
-    position = NoLargerThan(screens, position);
-    if (position.Left == kNowhere || position.Top == kNowhere) { // the window system finds a place
-        window_->SetPosition({first.Left, first.Top, position.Width, position.Height});
-        window_->Show();
-    } else {
-        window_->ShowAt(KeepOnScreen(position, screens));
-    }
+    window_->ShowPlaced(
+        [this](WindowPosition& position) { LoadMainPosition(position, ini_, writableFolder_); });
     window_->CallAfter([this] {
         window_->TakeIcons(programFolder_);
         if (!problems_.empty())
@@ -180,7 +148,30 @@ void Program::ShowWindow() {
     });
 }
 
+// Comes back when a server has been chosen; the game waits for that.
+void Program::ShowClient() {
+    if (network_.IsOpen()) {
+        client_->Iconize(false);
+        client_->Raise();
+        return;
+    }
+    const auto load = [this](WindowPosition& position) {
+        LoadClientPosition(position, ini_, writableFolder_);
+    };
+    const auto save = [this](const WindowPosition& position) { SaveClient(position); };
+    client_ = new frmClient({network_, main_, settings_, Folders(), load, save});
+    client_->SetIcons(window_->GetIcons());
+    client_->Load();
+}
+
+void Program::SaveClient(const WindowPosition& position) {
+    SaveClientPosition(position, ini_, writableFolder_);
+    ini_.IniFlush();
+}
+
 void Program::SaveEverything(const WindowPosition& position) {
+    if (client_)
+        client_->Close(true);
     SaveClientOptions(settings_, ini_, writableFolder_);
     SaveSettings(settings_, ini_, writableFolder_);
     SaveMainPosition(position, ini_, writableFolder_);

@@ -1,7 +1,6 @@
 // All the objects of the running program, made in the order they need each other and joined to the windows.
 #pragma once
 
-#include "app/Offline.h"
 #include "app/Speaker.h"
 #include "display/boardmouse.h"
 #include "display/frmMain.h"
@@ -10,6 +9,7 @@
 #include "display/wx/Help.h"
 #include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
+#include "net/frmClient.h"
 #include "storage/gamefiles.h"
 #include "storage/gamerecord.h"
 #include "storage/modINI.h"
@@ -19,6 +19,8 @@
 #include <map>
 #include <string>
 #include <vector>
+
+#include <wx/weakref.h>
 
 namespace tarveth {
 
@@ -39,6 +41,8 @@ private:
     void ApplyOptions();
     std::vector<std::string> Folders() const;
     void ShowWindow();
+    void ShowClient();
+    void SaveClient(const WindowPosition& position);
     void SaveEverything(const WindowPosition& position);
     MainWindowParts Parts();
     std::map<int, std::function<void()>> Commands();
@@ -47,7 +51,8 @@ private:
     std::string writableFolder_; // of settings and logs: the same one where it can be written
     std::string problems_;       // found while starting; told once the window is there
 
-    frmMain* window_; // the toolkit destroys it when it has closed
+    frmMain* window_;             // the toolkit destroys it when it has closed
+    wxWeakRef<frmClient> client_; // this one too, which is there only while it is wanted
     Game game_;
     NetGame net_;
     Settings settings_;
@@ -58,7 +63,7 @@ private:
     BoardDisplay board_;
     ZoneDisplay zones_;
     GameRecord record_;
-    Offline network_;
+    modClient network_;
     modMAIN main_;
     BoardMouse mouse_;
     Help help_{window_, {writableFolder_, programFolder_}};

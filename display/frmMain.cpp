@@ -5,9 +5,6 @@
 #include "display/wx/HistoryList.h"
 #include "display/wx/text.h"
 #include "engine/frmReturn.h"
-#include "platform/window_place.h"
-
-#include <cmath>
 
 #include <wx/evtloop.h>
 #include <wx/filefn.h>
@@ -29,14 +26,13 @@ constexpr int kSmallestHeight = 480;
 
 } // namespace
 
-frmMain::frmMain() : wxFrame(nullptr, wxID_ANY, "Tarveth"), Timer1(this) {
+frmMain::frmMain() : PlacedFrame("Tarveth"), Timer1(this) {
     CreateMenus();
     CreateControls();
     const LayoutBox inside = SizeForBoard(FromDIP(kFirstBoardEdge), Metrics());
     SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
     SetClientSize(inside.width, inside.height);
     surface->Bind(wxEVT_SIZE, &frmMain::OnSize, this);
-    Bind(wxEVT_MOVE, &frmMain::OnMove, this);
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
     Bind(wxEVT_IDLE, &frmMain::OnIdle, this);
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { parts_->board.AnimationTick(); });
@@ -174,41 +170,9 @@ void frmMain::Yield() {
     wxEventLoopBase::GetActive()->Dispatch();
 }
 
-WindowPosition frmMain::Position() const {
-    const wxRect place = normalPlace_.IsEmpty() ? GetRect() : normalPlace_;
-    const wxPoint corner = ToDIP(place.GetPosition());
-    const wxSize size = ToDIP(place.GetSize());
-    const auto twips = [](int pixels) { return static_cast<float>(pixels * kTwipsPerPixelX); };
-    return {twips(corner.x), twips(corner.y), twips(size.x), twips(size.y)};
-}
-
-void frmMain::SetPosition(const WindowPosition& position) {
-    const auto pixels = [](float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixelX)); };
-    const wxPoint corner = FromDIP(wxPoint(pixels(position.Left), pixels(position.Top)));
-    SetSize(wxRect(corner, FromDIP(wxSize(pixels(position.Width), pixels(position.Height)))));
-}
-
-void frmMain::ShowAt(const WindowPosition& position) {
-    SetPosition(position);
-    const wxPoint corner = GetPosition();
-    Show();
-    platform::PlaceAtFirstShow(GetHandle(), corner.x, corner.y);
-}
-
-void frmMain::RememberPosition() {
-    if (IsShown() && !IsMaximized() && !IsIconized() && !IsFullScreen())
-        normalPlace_ = GetRect();
-}
-
 void frmMain::OnSize(wxSizeEvent& event) {
     if (parts_)
         LayOut();
-    RememberPosition();
-    event.Skip();
-}
-
-void frmMain::OnMove(wxMoveEvent& event) {
-    RememberPosition();
     event.Skip();
 }
 
@@ -225,7 +189,6 @@ void frmMain::OnClose(wxCloseEvent& event) {
         parts_->main.RunCommand([this] { Close(true); }); // the command itself keeps it busy
         return;
     }
-    RememberPosition();
     parts_->saveSettings(Position());
     Timer1.Stop();
     parts_->main.SetGameState(kReset);

@@ -4,15 +4,14 @@
 #include "display/board.h"
 #include "display/boardmouse.h"
 #include "display/layout.h"
+#include "display/wx/PlacedFrame.h"
 #include "engine/modMAIN.h"
-#include "storage/window_positions.h"
 
 #include <array>
 #include <functional>
 #include <map>
 #include <memory>
 
-#include <wx/frame.h>
 #include <wx/timer.h>
 
 class wxMenu;
@@ -38,19 +37,13 @@ struct MainWindowParts {
     std::function<void(bool localPlayerWon)> gameEndSound;
 };
 
-class frmMain : public wxFrame, public MainWindowPort, public PersonPort, public DisplayPort {
+class frmMain : public PlacedFrame, public MainWindowPort, public PersonPort, public DisplayPort {
 public:
     frmMain();
     ~frmMain() override;
 
     // Joins the window to the game. Called once, before anything else.
     void Connect(const MainWindowParts& parts);
-
-    // Where the window is, and where it goes, in twips.
-    WindowPosition Position() const;
-    void SetPosition(const WindowPosition& position);
-    // Shows the window for the first time, there.
-    void ShowAt(const WindowPosition& position);
 
     // Takes the window's icons from pics/ in the folder (with its trailing separator), if they are there.
     void TakeIcons(const std::string& folder);
@@ -89,13 +82,10 @@ private:
     void CheckBoardVariant();
 
     void OnSize(wxSizeEvent& event);
-    void OnMove(wxMoveEvent& event);
     void OnClose(wxCloseEvent& event);
     void OnIdle(wxIdleEvent& event);
-    void RememberPosition();
 
     std::unique_ptr<MainWindowParts> parts_; // null until Connect
-    wxRect normalPlace_;                     // while neither maximised nor minimised
 
     wxMenu* mnuOptions = nullptr;
     wxWindow* surface = nullptr; // holds all the controls

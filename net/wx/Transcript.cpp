@@ -1,0 +1,43 @@
+#include "net/wx/Transcript.h"
+
+#include "net/wx/wiretext.h"
+
+namespace tarveth {
+
+Transcript::Transcript(wxWindow* parent)
+    : wxTextCtrl(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                 wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2) {
+    SetBackgroundColour(*wxWHITE); // in every theme, as the user has chosen the colours on white
+}
+
+void Transcript::ApplySettings(const Settings& settings) {
+    const auto colour = [](std::int32_t value) { return wxColour(static_cast<unsigned long>(value)); };
+    colours_ = {colour(settings.TranscriptColor), colour(settings.TranscriptMyColor),
+                colour(settings.TranscriptOppColor), colour(settings.TranscriptSysColor)};
+    SetFont(UserFont(settings.TranscriptFontName, settings.TranscriptFontSize));
+    lines_.TakeUpdate();
+    Clear();
+    AppendFrom(0);
+}
+
+void Transcript::ShowUpdate() {
+    const TranscriptLines::Update update = lines_.TakeUpdate();
+    if (update.gone > 0)
+        Remove(0, static_cast<long>(update.gone));
+    AppendFrom(update.firstNew);
+}
+
+// Lines of one colour that follow each other are one text for the toolkit.
+void Transcript::AppendFrom(std::size_t line) {
+    const auto& lines = lines_.Lines();
+    while (line < lines.size()) {
+        const LineKind kind = lines[line].kind;
+        std::string text;
+        for (; line < lines.size() && lines[line].kind == kind; ++line)
+            text += lines[line].text + '\n';
+        SetDefaultStyle(wxTextAttr(colours_[static_cast<std::size_t>(kind)]));
+        AppendText(WxFromWire(text));
+    }
+}
+
+} // namespace tarveth
