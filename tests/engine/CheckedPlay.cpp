@@ -1,6 +1,7 @@
 #include "tests/engine/CheckedPlay.h"
 
 #include "engine/checkgame.h"
+#include "tests/PickTurn.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -68,7 +69,7 @@ bool CheckedPlay::ClickThroughGame(int most) {
 }
 
 void CheckedPlay::PlayTurn() {
-    const CompleteTurn turn = PickTurn();
+    const CompleteTurn turn = PickTurn(table_.game, dice_);
     if (dice_.Percent(15))
         ClickAnywhere();
     if (table_.game.GameState == kPlacePiece) // that has picked a piece: put it down
@@ -88,20 +89,6 @@ void CheckedPlay::PlayTurn() {
         return;
     Require(table_.game.GameState == kTurnOver, "a listed turn was not taken");
     Pass();
-}
-
-CompleteTurn CheckedPlay::PickTurn() {
-    const std::vector<CompleteTurn> turns = ListTurns(table_.game);
-    Require(!turns.empty(), "there is no turn");
-    const auto takesOpponent = [&](const CompleteTurn& turn) {
-        return turn.captured != 0 && table_.game.Piece(turn.captured).Side != table_.game.Turn;
-    };
-    const CompleteTurn& first = dice_.OneOf(turns);
-    if (takesOpponent(first) || dice_.Percent(20))
-        return first;
-    std::vector<CompleteTurn> captures;
-    std::copy_if(turns.begin(), turns.end(), std::back_inserter(captures), takesOpponent);
-    return captures.empty() ? first : dice_.OneOf(captures);
 }
 
 void CheckedPlay::ClickAnywhere() {

@@ -1,7 +1,6 @@
 // Plays whole games through the turn machine by chance, and watches every pass.
 #pragma once
 
-#include "engine/turns.h"
 #include "tests/Dice.h"
 #include "tests/TestGame.h"
 
@@ -24,7 +23,6 @@ public:
 private:
     void NewGame();
     void PlayTurn();
-    CompleteTurn PickTurn();
     void ClickAnywhere();
     void Click(Square square);
     void Pass();

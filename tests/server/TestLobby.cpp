@@ -39,11 +39,14 @@ void TestLobby::Pass(std::chrono::milliseconds time) {
     lobby.Wake(now_);
 }
 
-std::string TestLobby::Heard(TestClient& client) {
+std::string TestLobby::TakeBytes(TestClient& client) {
     Deliver();
-    std::string heard = std::exchange(client.heard, {});
+    return std::exchange(client.heard, {});
+}
+
+std::string TestLobby::Heard(TestClient& client) {
     std::string shown;
-    for (const char c : heard)
+    for (const char c : TakeBytes(client))
         if (c != '\r')
             shown += c == kMarker ? '@' : c == '\n' ? '$' : c;
     return shown;

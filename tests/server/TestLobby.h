@@ -29,6 +29,8 @@ public:
     void Pass(std::chrono::milliseconds time);
     // What the client was sent since the last time, markers as "@", line ends as "$".
     std::string Heard(TestClient& client);
+    // The same as it goes over the wire.
+    std::string TakeBytes(TestClient& client);
     void ForgetAll();
 
     Lobby lobby;

@@ -1,0 +1,130 @@
+// Two whole programs, without their windows, that play each other through a lobby.
+#pragma once
+
+#include "engine/modMAIN.h"
+#include "engine/turns.h"
+#include "net/modClient.h"
+#include "storage/sounds.h"
+#include "tests/Dice.h"
+#include "tests/net/FakeSocket.h"
+#include "tests/server/TestLobby.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarveth::test {
+
+// Windows in front of which a person sits who says yes to all and returns what he is told to.
+class SilentWindows : public MainWindowPort,
+                      public BoardPort,
+                      public PersonPort,
+                      public RecordPort,
+                      public SoundPort,
+                      public ClientWindowPort,
+                      public ClientPersonPort {
+public:
+    explicit SilentWindows(const Game& game) : game_(game) {}
+
+    std::vector<std::string> log; // of the game before, as the file would hold it
+    std::string status;           // lblMessage
+    int returnChoice = 1;
+    int notices = 0;
+
+    void ShowMessage(std::string_view text) override { status = text; }
+    void ShowPrompt(std::string_view) override {}
+    void ShowPlayer(std::string_view, std::uint32_t) override {}
+    void ShowLocalSide(std::int16_t) override {}
+    void ShowCaption(std::string_view) override {}
+    void ShowMarker(bool) override {}
+    void ShowHistory() override {}
+    void RedrawBoard() override {}
+    void AnimateMove(int, Square) override {}
+    void FinishAnimation() override {}
+    void Beep() override {}
+    void ShowMessageBox(std::string_view) override {}
+    void GameEndSound(bool) override {}
+    int ChooseReturn(std::int16_t) override { return returnChoice; }
+    void BeginNewRecord() override { log = game_.lstHistory; }
+    void BeginReceivedRecord() override { log = game_.lstHistory; }
+    void PlayWav(const std::string&) override {}
+    void ShowLine(std::string_view, LineKind kind) override { notices += kind == LineKind::Notice ? 1 : 0; }
+    void ShowUsers() override {}
+    void ShowInGame(bool) override {}
+    void ShowPrivateMode(bool) override {}
+    void ShowWaiting(bool) override {}
+    void FocusInput() override {}
+    void Unload() override {}
+    void ShowMessageBox(std::string_view, std::string_view, BoxIcon) override {}
+    bool AskYesNo(std::string_view, std::string_view) override { return true; }
+    std::string AskServer() override { return "lobby.example"; }
+    std::optional<std::string> AskText(std::string_view, std::string_view, std::string_view) override {
+        return std::nullopt;
+    }
+
+private:
+    const Game& game_;
+};
+
+// One of them, at its place in the lobby.
+struct LobbyProgram {
+    LobbyProgram(TestLobby& lobby, const std::string& nick);
+    LobbyProgram(const LobbyProgram&) = delete;
+    LobbyProgram& operator=(const LobbyProgram&) = delete;
+
+    Game game;
+    NetGame net;
+    Settings settings;
+    SilentWindows windows{game};
+    Sounds sounds{settings, windows};
+    FakeSocket socket;
+    modMAIN main;
+    modClient client;
+    TestClient& place;
+    std::size_t historyStart = 0; // lines in front of it are of before the board that both have
+
+    bool IsToMove() const { return net.IsLocalSide(game.Turn); }
+    void Settle();
+};
+
+// After everything that one of them does, all messages are delivered, in whole batches or message by message,
+// and both must have the same tables, turn, state and history. Throws std::logic_error otherwise.
+class TwoPrograms {
+public:
+    explicit TwoPrograms(std::uint64_t seed);
+
+    // Plays a game from a board that one of them has begun or loaded. It may stop anywhere, in the middle of
+    // a turn too. True when it was won.
+    bool PlayGame(int longest);
+    // The link is broken, and the other one invites.
+    void LinkAnew();
+
+    int Messages() const { return messages_; }
+
+private:
+    LobbyProgram& OneOfThem() { return *programs_[static_cast<std::size_t>(dice_.Below(2))]; }
+    LobbyProgram& Mover();
+    LobbyProgram& Waiting();
+    void BeginBoard();
+    void PutLoadedBoard(LobbyProgram& program);
+    void PlayTurn(bool mayStop);
+    void PlaceReturn(const CompleteTurn& turn);
+    void ClickWithoutSense();
+    void Click(LobbyProgram& program, Square square);
+    void SwapNowAndThen();
+    void Invite();
+    void ShareHistoryFrom(LobbyProgram& sender);
+    void Exchange();
+    void Deliver(LobbyProgram& program, const std::string& bytes);
+    void CompareBoards() const;
+    void CompareLogs() const;
+
+    TestLobby lobby_;
+    Dice dice_;
+    LobbyProgram ann_{lobby_, "Ann"}, bob_{lobby_, "Bob"};
+    std::array<LobbyProgram*, 2> programs_{&ann_, &bob_};
+    int messages_ = 0;
+};
+
+} // namespace tarveth::test
