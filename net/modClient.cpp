@@ -4,6 +4,8 @@
 #include "net/nickname.h"
 #include "net/plaintext.h"
 
+#include <utility>
+
 namespace tarveth {
 
 modClient::modClient(Game& game, NetGame& net, Settings& settings, modMAIN& main, MainWindowPort& mainWindow,
@@ -62,12 +64,13 @@ std::function<void()> modClient::WhileOpen(void (modClient::*handle)()) {
 
 // Bytes wait in the socket while anything else is going on, so that all is handled in its order.
 void modClient::ConnectEvents() {
-    const auto whenFree = [this](void (modClient::*handle)()) {
-        return [this, run = WhileOpen(handle)] { main_.RunWhenFree(run); };
-    };
-    socket_->ConnectEvent = whenFree(&modClient::HandleConnected);
-    socket_->DataArrivalEvent = whenFree(&modClient::HandleData);
-    socket_->CloseEvent = whenFree(&modClient::HandleClosed);
+    socket_->ConnectEvent = WhenFree(WhileOpen(&modClient::HandleConnected));
+    socket_->DataArrivalEvent = WhenFree(WhileOpen(&modClient::HandleData));
+    socket_->CloseEvent = WhenFree(WhileOpen(&modClient::HandleClosed));
+}
+
+std::function<void()> modClient::WhenFree(std::function<void()> run) {
+    return [this, run = std::move(run)] { main_.RunWhenFree(run); };
 }
 
 void modClient::Connect() {

@@ -81,6 +81,7 @@ private:
     static std::span<const MessageRow> MessageTable();
 
     std::function<void()> WhileOpen(void (modClient::*handle)());
+    std::function<void()> WhenFree(std::function<void()> run);
     void ConnectEvents();
     void Connect();
     void HandleConnected();
