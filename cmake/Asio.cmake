@@ -11,6 +11,9 @@ else()
   find_path(ASIO_HEADERS asio.hpp REQUIRED)
   target_include_directories(tarveth_asio SYSTEM INTERFACE "${ASIO_HEADERS}")
 endif()
+if(TARVETH_SANITIZE MATCHES "thread")
+  target_compile_definitions(tarveth_asio INTERFACE ASIO_DISABLE_FENCED_BLOCK) # ThreadSanitizer knows no fences
+endif()
 if(WIN32)
   # Windows 10, and select in place of completion ports: the lobby waits until its acceptor is ready, and with
   # completion ports Asio does that by reading from it, which is an error.

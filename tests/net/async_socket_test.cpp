@@ -1,0 +1,445 @@
+// The socket on real connections of this computer: connecting, sending, receiving, and every end.
+#include "tests/net/OwnerQueue.h"
+#include "tests/net/PlainPeer.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <vector>
+
+namespace tarveth {
+namespace {
+
+constexpr std::size_t kMebibyte = std::size_t{1} << 20;
+
+// Bytes of which no stretch looks like another one near it.
+std::string Bytes(std::size_t size) {
+    std::string bytes(size, 0);
+    unsigned number = 1;
+    for (char& c : bytes) {
+        number = number * 1664525 + 1013904223;
+        c = static_cast<char>(number >> 24);
+    }
+    return bytes;
+}
+
+struct Socket : testing::Test {
+    OwnerQueue owner;
+    PlainListener listener;
+    std::unique_ptr<AsyncSocket> socket;
+    std::vector<std::string> events;
+    std::string text; // received in the events
+
+    Socket() { MakeSocket(); }
+
+    void MakeSocket(int connectSeconds = kConnectSeconds) {
+        socket = CreateAsyncSocket(owner.Post(), connectSeconds);
+        socket->ConnectEvent = [this] { events.emplace_back("connect"); };
+        socket->DataArrivalEvent = [this] {
+            events.emplace_back("data");
+            text += socket->Receive();
+        };
+        socket->CloseEvent = [this] { events.emplace_back("close"); };
+    }
+
+    void BeginToConnect(const std::string& host, int port) {
+        socket->RemoteHost = host;
+        socket->RemotePort = port;
+        socket->CreateSocket();
+        socket->Connect();
+    }
+
+    bool HasTold(const std::string& event) {
+        return owner.RunUntil([&] { return !events.empty() && events.back() == event; });
+    }
+
+    PlainPeer Connect() {
+        BeginToConnect("127.0.0.1", listener.Port());
+        PlainPeer peer = listener.Accept();
+        EXPECT_TRUE(HasTold("connect"));
+        return peer;
+    }
+
+    void Send(const std::string& bytes) {
+        socket->SendBuffer = bytes;
+        socket->Send();
+    }
+
+    void DestroyIn(std::function<void()> AsyncSocket::*event) {
+        socket.get()->*event = [this] {
+            socket.reset();
+            events.emplace_back("destroyed");
+        };
+    }
+};
+
+using Events = std::vector<std::string>;
+
+TEST_F(Socket, TellsThePeersAddressWhenItHasConnected) {
+    EXPECT_EQ(socket->PeerAddress(), kNoPeer);
+    const PlainPeer peer = Connect();
+    EXPECT_EQ(socket->PeerAddress(), "127.0.0.1");
+    EXPECT_EQ(events, Events{"connect"});
+}
+
+TEST_F(Socket, LooksANameUpAndTriesItsAddressesInTurn) {
+    BeginToConnect("localhost", listener.Port()); // on the address of the older kind alone is listened
+    const PlainPeer peer = listener.Accept();
+    EXPECT_TRUE(HasTold("connect"));
+    EXPECT_EQ(socket->PeerAddress(), "127.0.0.1");
+}
+
+TEST_F(Socket, ConnectsFromTheLocalAddressAndPortAskedFor) {
+    const int free = RefusingPort().Port();
+    socket->LocalAddress = "127.0.0.1";
+    socket->LocalPort = free;
+    const PlainPeer peer = Connect();
+    EXPECT_EQ(peer.RemotePort(), free);
+}
+
+TEST_F(Socket, HasNoPeerWhenTheConnectionIsRefused) {
+    const RefusingPort refusing;
+    BeginToConnect("127.0.0.1", refusing.Port());
+    EXPECT_TRUE(HasTold("connect"));
+    EXPECT_EQ(socket->PeerAddress(), kNoPeer);
+}
+
+TEST_F(Socket, HasNoPeerWhenNobodyKnowsTheName) {
+    MakeSocket(1); // some systems take long to admit it
+    BeginToConnect("does-not-exist.invalid", 9090);
+    EXPECT_TRUE(HasTold("connect"));
+    EXPECT_EQ(socket->PeerAddress(), kNoPeer);
+}
+
+TEST_F(Socket, HasNoPeerWhenTheHostKeepsSilent) {
+    const SilentPort silent;
+    MakeSocket(1);
+    BeginToConnect("127.0.0.1", silent.Port());
+    EXPECT_TRUE(HasTold("connect"));
+    EXPECT_EQ(socket->PeerAddress(), kNoPeer);
+}
+
+TEST_F(Socket, CanBeCreatedAnewAfterAFailure) {
+    const RefusingPort refusing;
+    BeginToConnect("127.0.0.1", refusing.Port());
+    EXPECT_TRUE(HasTold("connect"));
+    events.clear();
+    const PlainPeer peer = Connect();
+    EXPECT_EQ(socket->PeerAddress(), "127.0.0.1");
+}
+
+TEST_F(Socket, CreatedAnewInItsOwnEventStillTellsTheNextOne) {
+    const RefusingPort refusing;
+    socket->ConnectEvent = [this] {
+        events.emplace_back(socket->PeerAddress());
+        if (events.size() == 1)
+            BeginToConnect("127.0.0.1", listener.Port());
+    };
+    BeginToConnect("127.0.0.1", refusing.Port());
+    EXPECT_TRUE(HasTold("0.0.0.0"));
+    const PlainPeer peer = listener.Accept();
+    EXPECT_TRUE(HasTold("127.0.0.1"));
+    EXPECT_EQ(events, (Events{"0.0.0.0", "127.0.0.1"}));
+}
+
+TEST_F(Socket, ReceivesWhatThePeerSaysInItsOrder) {
+    const PlainPeer peer = Connect();
+    for (const char* word : {"one ", "two ", "three"})
+        peer.Say(word);
+    EXPECT_TRUE(owner.RunUntil([this] { return text == "one two three"; }));
+}
+
+TEST_F(Socket, TellsOfDataOnceUntilItIsReceived) {
+    socket->DataArrivalEvent = [this] { events.emplace_back("data"); };
+    PlainPeer peer = Connect();
+    peer.Say("one");
+    EXPECT_TRUE(HasTold("data"));
+    peer.Say("two");
+    peer.Close();
+    text = socket->Receive();
+    socket->DataArrivalEvent = [this] { text += socket->Receive(); };
+    EXPECT_TRUE(HasTold("close"));
+    EXPECT_EQ(text, "onetwo");
+    EXPECT_EQ(events, (Events{"connect", "data", "close"}));
+}
+
+TEST_F(Socket, SendsWhatItIsGivenInItsOrder) {
+    const PlainPeer peer = Connect();
+    Send("one ");
+    Send("two ");
+    Send("three");
+    EXPECT_EQ(peer.Hear(13), "one two three");
+}
+
+TEST_F(Socket, SendsNothingWhileThereIsNoConnection) {
+    Send("too early");
+    BeginToConnect("127.0.0.1", listener.Port());
+    Send("too early");
+    const PlainPeer peer = listener.Accept();
+    EXPECT_TRUE(HasTold("connect"));
+    Send("now");
+    EXPECT_EQ(peer.Hear(3), "now");
+}
+
+TEST_F(Socket, CarriesLargeTextsBothWays) {
+    const PlainPeer peer = Connect();
+    const std::string down = Bytes(16 * kMebibyte);
+    std::size_t said = 0;
+    EXPECT_TRUE(owner.RunUntil([&] {
+        if (text.size() == said && said < down.size()) {
+            peer.Say(std::string_view(down).substr(said, kMebibyte / 4));
+            said += kMebibyte / 4;
+        }
+        return text.size() == down.size();
+    }));
+    EXPECT_TRUE(text == down);
+
+    const std::string up = Bytes(kMebibyte);
+    Send(up);
+    EXPECT_TRUE(peer.Hear(up.size()) == up);
+}
+
+TEST_F(Socket, TellsOfTheLastDataBeforeTheClose) {
+    PlainPeer peer = Connect();
+    peer.Say("farewell");
+    peer.Close();
+    EXPECT_TRUE(HasTold("close"));
+    EXPECT_EQ(text, "farewell");
+    EXPECT_EQ(events, (Events{"connect", "data", "close"}));
+    EXPECT_EQ(socket->PeerAddress(), kNoPeer);
+}
+
+TEST_F(Socket, TellsOfTheLastDataEvenIfSendingHasFailed) {
+    socket->DataArrivalEvent = [this] { events.emplace_back("data"); };
+    PlainPeer peer = Connect();
+    const std::string farewell = Bytes(1000);
+    for (const char c : farewell) // in more pieces than are read ahead
+        peer.Say({&c, 1});
+    peer.Close();
+    EXPECT_TRUE(HasTold("data"));
+    for (int i = 0; i < 3; ++i) // the first is answered with a reset, and so the next one fails
+        Send("anyone there?");
+    socket->DataArrivalEvent = [this] { text += socket->Receive(); };
+    text = socket->Receive();
+    EXPECT_TRUE(HasTold("close"));
+    EXPECT_TRUE(text == farewell);
+}
+
+TEST_F(Socket, ClosesWhenThePeerResets) {
+    PlainPeer peer = Connect();
+    peer.Reset();
+    EXPECT_TRUE(HasTold("close"));
+}
+
+TEST_F(Socket, ClosesWhenThePeerStopsWriting) {
+    const PlainPeer peer = Connect();
+    peer.StopWriting();
+    EXPECT_TRUE(HasTold("close"));
+    EXPECT_EQ(peer.HearToTheEnd(), "");
+}
+
+TEST_F(Socket, TakesNoMoreThanTwoPiecesThatNobodyReceives) {
+    socket->DataArrivalEvent = [this] { events.emplace_back("data"); };
+    const PlainPeer peer = Connect();
+    const std::string flood = Bytes(48 * kMebibyte);
+    const std::size_t taken =
+        peer.SayWhatIsTaken(flood); // what the system itself buffers is beyond our power
+    EXPECT_LT(taken, flood.size());
+    EXPECT_TRUE(HasTold("data"));
+    EXPECT_EQ(events, (Events{"connect", "data"}));
+    text = socket->Receive();
+    EXPECT_LE(text.size(), std::size_t{128} << 10);
+
+    socket->DataArrivalEvent = [this] { text += socket->Receive(); };
+    EXPECT_TRUE(owner.RunUntil([&] { return text.size() >= taken; }));
+    EXPECT_TRUE(text == flood.substr(0, taken));
+}
+
+TEST_F(Socket, ClosesWhenThePeerTakesTooLittleOfWhatIsSent) {
+    const PlainPeer peer = Connect();
+    const std::string much = Bytes(kMebibyte / 4);
+    for (int i = 0; i < 4000 && events.back() != "close"; ++i) {
+        Send(much);
+        owner.Run();
+    }
+    EXPECT_TRUE(HasTold("close"));
+    EXPECT_EQ(socket->PeerAddress(), kNoPeer);
+}
+
+TEST_F(Socket, ClosesInsteadOfSendingMoreThanAMebibyteAtOnce) {
+    const PlainPeer peer = Connect();
+    Send(Bytes(kMebibyte + 1));
+    EXPECT_TRUE(HasTold("close"));
+    EXPECT_EQ(peer.HearToTheEnd(), "");
+}
+
+TEST_F(Socket, TellsTheNextEventWhenTheHandlerBeforeHasReturned) {
+    socket->ConnectEvent = [this] {
+        listener.Accept().Say("welcome");                                          // and closes
+        EXPECT_TRUE(owner.RunUntil([runs = 0]() mutable { return ++runs == 2; })); // as a message box does
+        events.emplace_back("connected");
+    };
+    BeginToConnect("127.0.0.1", listener.Port());
+    EXPECT_TRUE(HasTold("close"));
+    EXPECT_EQ(events, (Events{"connected", "data", "close"}));
+}
+
+// Destroying: nothing is told any more, whatever was under way.
+
+TEST_F(Socket, CanBeDestroyedBeforeItIsConnected) {
+    socket->CreateSocket();
+    socket.reset();
+    owner.Run();
+    EXPECT_EQ(events, Events{});
+}
+
+TEST_F(Socket, CanBeDestroyedWhileItLooksANameUp) {
+    for (int i = 0; i < 20; ++i) {
+        BeginToConnect(i % 2 == 0 ? "does-not-exist.invalid" : "localhost", listener.Port());
+        MakeSocket();
+    }
+    socket.reset();
+    owner.Run();
+    EXPECT_EQ(events, Events{});
+}
+
+TEST_F(Socket, CanBeDestroyedWhileItConnects) {
+    const SilentPort silent;
+    BeginToConnect("127.0.0.1", silent.Port());
+    socket.reset();
+    owner.Run();
+    EXPECT_EQ(events, Events{});
+}
+
+TEST_F(Socket, CanBeDestroyedWithEventsUnderWay) {
+    BeginToConnect("127.0.0.1", listener.Port());
+    PlainPeer peer = listener.Accept();
+    peer.Say("welcome");
+    socket.reset();
+    owner.Run();
+    EXPECT_EQ(events, Events{});
+    EXPECT_EQ(peer.HearToTheEnd(), "");
+}
+
+TEST_F(Socket, CanBeDestroyedWhileItIsFlooded) {
+    socket->DataArrivalEvent = [this] { events.emplace_back("data"); };
+    const PlainPeer peer = Connect();
+    peer.Say(Bytes(kMebibyte / 2));
+    EXPECT_TRUE(HasTold("data"));
+    socket.reset();
+    owner.Run();
+    EXPECT_EQ(events, (Events{"connect", "data"}));
+}
+
+TEST_F(Socket, CanBeDestroyedWhileThePeerDoesNotRead) {
+    const PlainPeer peer = Connect();
+    Send(Bytes(kMebibyte));
+    socket.reset();
+    owner.Run();
+    EXPECT_EQ(events, Events{"connect"});
+}
+
+TEST_F(Socket, CanBeDestroyedAfterItsEnd) {
+    PlainPeer peer = Connect();
+    peer.Close();
+    EXPECT_TRUE(HasTold("close"));
+    socket.reset();
+    owner.Run();
+    EXPECT_EQ(events, (Events{"connect", "close"}));
+}
+
+TEST_F(Socket, CanBeDestroyedInTheConnectEvent) {
+    DestroyIn(&AsyncSocket::ConnectEvent);
+    BeginToConnect("127.0.0.1", listener.Port());
+    listener.Accept().Say("welcome"); // and closes
+    EXPECT_TRUE(HasTold("destroyed"));
+    owner.Run();
+    EXPECT_EQ(events, Events{"destroyed"});
+}
+
+TEST_F(Socket, CanBeDestroyedInTheConnectEventOfAFailure) {
+    const RefusingPort refusing;
+    DestroyIn(&AsyncSocket::ConnectEvent);
+    BeginToConnect("127.0.0.1", refusing.Port());
+    EXPECT_TRUE(HasTold("destroyed"));
+}
+
+TEST_F(Socket, CanBeDestroyedInTheDataEvent) {
+    DestroyIn(&AsyncSocket::DataArrivalEvent);
+    PlainPeer peer = Connect();
+    peer.Say("welcome");
+    peer.Close();
+    EXPECT_TRUE(HasTold("destroyed"));
+    owner.Run();
+    EXPECT_EQ(events, (Events{"connect", "destroyed"}));
+}
+
+TEST_F(Socket, CanBeDestroyedInTheCloseEvent) {
+    DestroyIn(&AsyncSocket::CloseEvent);
+    PlainPeer peer = Connect();
+    peer.Close();
+    EXPECT_TRUE(HasTold("destroyed"));
+    owner.Run();
+    EXPECT_EQ(events, (Events{"connect", "destroyed"}));
+}
+
+TEST_F(Socket, DestroyedRightAfterASendStillSendsIt) {
+    const PlainPeer peer = Connect();
+    Send("one ");
+    Send("two");
+    socket.reset();
+    EXPECT_EQ(peer.HearToTheEnd(), "one two");
+}
+
+// What Connect and CreateSocket refuse.
+
+struct RefusedSocket : Socket {
+    std::optional<int> ErrorOfConnect() {
+        try {
+            socket->Connect();
+        } catch (const SocketError& error) {
+            EXPECT_STRNE(error.what(), "");
+            return error.Number();
+        }
+        return std::nullopt;
+    }
+};
+
+TEST_F(RefusedSocket, MustBeCreatedBeforeItConnects) {
+    socket->RemoteHost = "127.0.0.1";
+    socket->RemotePort = listener.Port();
+    EXPECT_EQ(ErrorOfConnect(), 10038);
+}
+
+TEST_F(RefusedSocket, NeedsAHost) {
+    socket->RemotePort = listener.Port();
+    socket->CreateSocket();
+    EXPECT_EQ(ErrorOfConnect(), 10039);
+}
+
+TEST_F(RefusedSocket, NeedsAPortThatThereIs) {
+    socket->RemoteHost = "127.0.0.1";
+    for (const int port : {-1, 0, 65536}) {
+        socket->RemotePort = port;
+        socket->CreateSocket();
+        EXPECT_EQ(ErrorOfConnect(), 10049) << port;
+    }
+}
+
+TEST_F(RefusedSocket, ConnectsOnce) {
+    const PlainPeer peer = Connect();
+    EXPECT_EQ(ErrorOfConnect(), 10037);
+}
+
+TEST_F(RefusedSocket, IsCreatedForAnAddressAndAPortThatThereAre) {
+    socket->LocalAddress = "nowhere";
+    EXPECT_THROW(socket->CreateSocket(), SocketError);
+    socket->LocalAddress = "0.0.0.0";
+    socket->LocalPort = 65536;
+    EXPECT_THROW(socket->CreateSocket(), SocketError);
+    socket->LocalPort = 0;
+    EXPECT_NO_THROW(socket->CreateSocket());
+}
+
+} // namespace
+} // namespace tarveth
