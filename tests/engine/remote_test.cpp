@@ -155,6 +155,32 @@ TEST(Remote, SquaresWaitWhileATurnIsBeingCompleted) {
     }
 }
 
+TEST(Remote, AClickDoesNotPushASquareOfTheOpponentsAside) {
+    RemoteGame g("turn R | RM 4D | BO 8H | RM 1A");
+    g.QueueSquare("4D"); // in the local player's turn
+    g.main.Pass();
+    g.Click("1A");
+    EXPECT_EQ(g.game.CurPiece, 14) << "4D came first";
+    EXPECT_TRUE(g.port.sent.empty());
+    g.Click("4F");
+    EXPECT_EQ(g.port.sent, std::vector<std::string>{"M(4, 6)"});
+}
+
+TEST(Remote, ABurstIsPlayedAFewPassesAtATime) {
+    RemoteGame g("turn B | BM 4D");
+    for (int i = 0; i < 1001; ++i)
+        g.QueueSquare("4D");
+    int calls = 1;
+    while (g.main.RunPasses()) {
+        EXPECT_TRUE(g.main.HasWork());
+        ++calls;
+    }
+    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_FALSE(g.main.HasWork());
+    EXPECT_GT(calls, 10);
+    EXPECT_LT(calls, 100);
+}
+
 TEST(Remote, ASquareOffTheBoardIsRefusedWithANoticeAndChangesNothing) {
     for (const char* x : {"9", "-1", "0", "x", "", "65540", "99999999"}) {
         RemoteGame g("turn B | BM 4D | jail BP");
@@ -259,6 +285,10 @@ TEST_F(RemoteReturn, OfAPieceThatCannotComeBackIsRefused) {
     ExpectRefused("2", "7", "264", "3"); // would wrap in a byte
 }
 
+TEST_F(RemoteReturn, OfAnotherPieceThanThisProgramWouldTakeIsRefused) {
+    ExpectRefused("2", "7", "9", "5"); // the second Pawn while the first is in the jail
+}
+
 TEST_F(RemoteReturn, FromASlotThatDoesNotHoldItIsRefused) {
     ExpectRefused("2", "7", "8", "0");
     ExpectRefused("2", "7", "8", "7");
@@ -293,6 +323,30 @@ TEST(RemoteReturns, AreTakenInStateFourAtTheHeadOfTheQueue) {
     g.main.Pass();
     EXPECT_EQ(g.game.GameState, 5) << "captured and returned in one pass";
     EXPECT_EQ(g.On("2G"), 8);
+}
+
+TEST(RemoteReturns, OfAKindThatIsNotDueAreRefused) {
+    RemoteGame g("turn B | BM 4D | RO 4E | RM 8H | jail BP BO");
+    g.QueueSquare("4D");
+    g.QueueSquare("4E"); // an Officer: a Pawn may come back
+    g.QueueReturn("2", "7", "4", "2", "Officer");
+    g.main.RunPasses();
+    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.port.notices.size(), 1U);
+    g.QueueReturn("2", "7", "8", "1", "Pawn");
+    g.main.RunPasses();
+    EXPECT_EQ(g.On("2G"), 8);
+}
+
+TEST(RemoteReturns, ForAPieceOfTheMoversOwnSideAreRefused) {
+    RemoteGame g("turn B | BM 4D | BO 4E | RM 8H | jail BP");
+    g.QueueSquare("4D");
+    g.QueueSquare("4E");
+    g.QueueReturn("2", "7", "8", "1", "Pawn");
+    g.main.RunPasses();
+    EXPECT_EQ(g.On("2G"), 0);
+    EXPECT_EQ(g.game.Turn, Red);
+    EXPECT_EQ(g.port.notices.size(), 1U);
 }
 
 TEST(RemoteReturns, AreRefusedWhenNoneIsAwaited) {

@@ -302,6 +302,33 @@ TEST(Load, TheNextGamesLogIsNamedAfterTheLoadedOne) {
     EXPECT_EQ(u.record.GameFileName, "");
 }
 
+TEST(ReceivedBoard, LeavesTheLogOfTheGameBeforeAndForgetsItsFile) {
+    FilesTable t;
+    t.settings.AutoSaveLog = -1;
+    PlayOneCapture(t);
+    t.SaveAs("a.tsg");
+    t.record.BeginReceivedRecord();
+    EXPECT_EQ(GetBytes(t.folder.File("a.tsg.log")), "B:BP 4E-4D\r\nR:RO 4C-4D cBP\r\n");
+    EXPECT_EQ(t.record.GameTitle, "");
+    EXPECT_EQ(t.record.GameFileName, "") << "saving again must not overwrite the other game";
+}
+
+TEST(ReceivedBoard, InAGameWithoutMovesKeepsTheLogThatIsThere) {
+    FilesTable t;
+    t.settings.AutoSaveLog = -1;
+    PutBytes(t.folder.File("lastgame.log"), "B:BP 4E-4D\r\n"); // as the New Game before the board wrote it
+    t.record.BeginReceivedRecord();
+    EXPECT_EQ(GetBytes(t.folder.File("lastgame.log")), "B:BP 4E-4D\r\n");
+}
+
+TEST(ReceivedBoard, LeavesNoLogWhereNoneIsWanted) {
+    FilesTable t;
+    t.settings.AutoSaveLog = 0;
+    PlayOneCapture(t);
+    t.record.BeginReceivedRecord();
+    EXPECT_EQ(t.folder.FileCount(), 0U);
+}
+
 TEST(DialogStart, FollowsAPathToAFolderThatIsThere) {
     const TempFolder folder;
     std::filesystem::create_directory(folder.File("deep"));
