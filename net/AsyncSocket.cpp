@@ -25,7 +25,7 @@ std::uint16_t PortFrom(int port, int lowest) {
 
 asio::ip::address AddressFrom(const std::string& text) {
     asio::error_code failure;
-    const asio::ip::address address = asio::ip::make_address(text.empty() ? "0.0.0.0" : text, failure);
+    asio::ip::address address = asio::ip::make_address(text.empty() ? "0.0.0.0" : text, failure);
     if (failure)
         throw SocketError(kBadAddress, text + " is not an address of this computer.");
     return address;
