@@ -7,16 +7,13 @@
 
 namespace tarveth::test {
 
+// A suite of such tests is a class of it, instantiated for kDeliveries.
 class Delivered : public testing::TestWithParam<Delivery> {};
+
+inline const auto kDeliveries = testing::Values(Delivery::Whole, Delivery::Bytewise);
 
 inline std::string DeliveryName(const testing::TestParamInfo<Delivery>& info) {
     return info.param == Delivery::Whole ? "Whole" : "Bytewise";
 }
 
 } // namespace tarveth::test
-
-// Makes a suite of that name; its tests are TEST_P and begin with TestClient c(GetParam()).
-#define TARVETH_DELIVERED(suite)                                                                             \
-    class suite : public Delivered {};                                                                       \
-    INSTANTIATE_TEST_SUITE_P(Server, suite, testing::Values(Delivery::Whole, Delivery::Bytewise),            \
-                             DeliveryName)

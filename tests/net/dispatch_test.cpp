@@ -5,7 +5,8 @@
 namespace tarveth::test {
 namespace {
 
-TARVETH_DELIVERED(Dispatch);
+class Dispatch : public Delivered {};
+INSTANTIATE_TEST_SUITE_P(Server, Dispatch, kDeliveries, DeliveryName);
 
 TEST_P(Dispatch, AddNickListsAUser) {
     TestClient c(GetParam());

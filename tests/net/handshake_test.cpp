@@ -7,7 +7,8 @@ namespace {
 
 const std::string kAnswer = "\251clientver(" + std::string(kVersion) + ")\251nick(Ann)\251sendnicks()";
 
-TARVETH_DELIVERED(Handshake);
+class Handshake : public Delivered {};
+INSTANTIATE_TEST_SUITE_P(Server, Handshake, kDeliveries, DeliveryName);
 
 TEST_P(Handshake, AnswersTheServersVersion) {
     TestClient c(GetParam());

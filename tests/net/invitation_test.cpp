@@ -4,8 +4,11 @@
 namespace tarveth::test {
 namespace {
 
-TARVETH_DELIVERED(Invitation);
-TARVETH_DELIVERED(Link);
+class Invitation : public Delivered {};
+INSTANTIATE_TEST_SUITE_P(Server, Invitation, kDeliveries, DeliveryName);
+
+class Link : public Delivered {};
+INSTANTIATE_TEST_SUITE_P(Server, Link, kDeliveries, DeliveryName);
 
 void Select(TestClient& c, int index) {
     c.Receive("\251addnick(Ann,0)\251addnick(Bob,0)\251addnick(Cid,1)\251addnick(ANN,0)");
