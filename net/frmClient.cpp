@@ -42,6 +42,10 @@ frmClient::frmClient(const ClientWindowParts& parts)
     Bind(wxEVT_MENU_OPEN, &frmClient::OnMenuOpen, this);
     Bind(wxEVT_CLOSE_WINDOW, &frmClient::OnClose, this);
     Bind(wxEVT_IDLE, &frmClient::OnIdle, this);
+    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        LimitSize();
+        event.Skip();
+    });
 }
 
 frmClient::~frmClient() = default;
@@ -52,10 +56,10 @@ void frmClient::CreateMenus() {
     mnuView = menu.mnuView;
     SetMenuBar(menu.bar);
     BindAction(mnuClientFileExit, [this] { Close(); });
-    BindCommand(mnuActionsInvite, &modClient::Invite);
-    BindCommand(mnuActionsBreak, &modClient::Break);
-    BindCommand(mnuActionsNickname, &modClient::ChangeNickname);
-    BindCommand(mnuActionsSwap, &modClient::Swap);
+    BindAction(mnuActionsInvite, [this] { parts_.network.Invite(); });
+    BindAction(mnuActionsBreak, [this] { parts_.network.Break(); });
+    BindAction(mnuActionsNickname, [this] { parts_.network.ChangeNickname(); });
+    BindAction(mnuActionsSwap, [this] { parts_.network.Swap(); });
     BindAction(mnuActionsClearTranscript, [this] { txtRX[kGeneral]->ClearLines(); });
     BindAction(mnuActionsClearPrivateTranscript, [this] { txtRX[kPrivate]->ClearLines(); });
     BindAction(mnuViewTranscript, [this] { parts_.network.SetPrivateMode(false); });
@@ -65,13 +69,6 @@ void frmClient::CreateMenus() {
 void frmClient::BindAction(int item, std::function<void()> action) {
     Bind(
         wxEVT_MENU, [run = std::move(action)](wxCommandEvent&) { run(); }, item);
-}
-
-void frmClient::BindCommand(int item, void (modClient::*command)()) {
-    BindAction(item, [this, command] {
-        if (parts_.network.IsOpen()) // keys may be on their way to a window that closes
-            (parts_.network.*command)();
-    });
 }
 
 void frmClient::Load() {
@@ -99,6 +96,8 @@ void frmClient::ShowLine(std::string_view text, LineKind kind) {
 }
 
 void frmClient::ShowInGame(bool inGame) {
+    if ((inGame ? btnInvite : btnBreak)->HasFocus())
+        FocusInput(); // or no key would reach the window any more
     btnInvite->Enable(!inGame);
     btnBreak->Enable(inGame);
 }
@@ -121,6 +120,8 @@ void frmClient::ShowWaiting(bool waiting) {
 
 void frmClient::FocusInput() {
     txtTX->SetFocus();
+    txtTX->SetInsertionPointEnd(); // what is written already is not selected, where the next key would
+                                   // replace it
 }
 
 void frmClient::Unload() {
@@ -152,7 +153,7 @@ std::optional<std::string> frmClient::AskText(std::string_view prompt, std::stri
 // Enter is used up even where there is nothing to send.
 void frmClient::EnterLine() {
     const std::string line = WireFromWx(txtTX->GetValue());
-    if (line.empty() || !parts_.network.IsOpen())
+    if (line.empty())
         return;
     parts_.network.EnterLine(line);
     txtTX->Clear();

@@ -71,9 +71,9 @@ private:
     wxSizer* NewUsersColumn();
     wxSizer* NewInputRows();
     void LayOut();
+    void LimitSize();
 
     void Press(int item);
-    void BindCommand(int item, void (modClient::*command)());
     void BindAction(int item, std::function<void()> action);
     void EnterLine();
     void OnMenuOpen(wxMenuEvent& event);

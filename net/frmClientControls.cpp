@@ -146,8 +146,13 @@ wxSizer* frmClient::NewInputRows() {
 void frmClient::LayOut() {
     // The toolkit thinks of a box that is not on the screen yet as lower than it will be.
     txtTX->SetMinSize({-1, txtTX->GetCharHeight() + FromDIP(16)});
-    SetMinClientSize(surface->GetSizer()->ComputeFittingClientSize(this));
+    LimitSize();
     surface->Layout();
+}
+
+// Everything in it has room. How much the window's border takes is known when it has come up.
+void frmClient::LimitSize() {
+    SetMinClientSize(surface->GetSizer()->ComputeFittingClientSize(this));
 }
 
 } // namespace tarveth

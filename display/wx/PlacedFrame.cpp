@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include <wx/display.h>
@@ -56,6 +57,10 @@ PlacedFrame::PlacedFrame(const wxString& title) : wxFrame(nullptr, wxID_ANY, tit
         Remember();
         event.Skip();
     });
+    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        CorrectSize();
+        event.Skip();
+    });
 }
 
 bool PlacedFrame::StandsNormally() const {
@@ -79,6 +84,13 @@ void PlacedFrame::StandAt(const WindowPosition& position) {
     SetSize(wxRect(corner, FromDIP(wxSize(Pixels(position.Width), Pixels(position.Height)))));
 }
 
+// Until the window is there, how wide its border is can only be guessed.
+void PlacedFrame::CorrectSize() {
+    const wxSize size = std::exchange(givenSize_, wxSize());
+    if (size != wxSize() && size != GetSize() && StandsNormally())
+        SetSize(size);
+}
+
 void PlacedFrame::ShowPlaced(const std::function<void(WindowPosition&)>& load) {
     const WindowPosition first = Position();
     WindowPosition position = {kNowhere, kNowhere, first.Width, first.Height};
@@ -92,6 +104,7 @@ void PlacedFrame::ShowPlaced(const std::function<void(WindowPosition&)>& load) {
     }
     StandAt(KeepOnScreen(position, screens));
     const wxPoint corner = GetPosition();
+    givenSize_ = GetSize();
     Show();
     platform::PlaceAtFirstShow(GetHandle(), corner.x, corner.y);
 }

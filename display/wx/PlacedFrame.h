@@ -23,8 +23,10 @@ private:
     bool StandsNormally() const;
     void Remember();
     void StandAt(const WindowPosition& position);
+    void CorrectSize();
 
     wxRect normalPlace_; // when it last stood so
+    wxSize givenSize_;   // until it is known to have that size
 };
 
 } // namespace tarveth

@@ -4,6 +4,23 @@
 
 namespace tarveth {
 
+namespace {
+
+// In tenths of a millimetre.
+constexpr int kMargin = 12;
+constexpr int kHanging = 24; // of a long line's further rows
+constexpr int kBetweenLines = 4;
+
+wxTextAttr StyleIn(const wxColour& colour) {
+    wxTextAttr style(colour);
+    style.SetLeftIndent(kMargin, kHanging);
+    style.SetRightIndent(kMargin);
+    style.SetParagraphSpacingBefore(kBetweenLines);
+    return style;
+}
+
+} // namespace
+
 Transcript::Transcript(wxWindow* parent)
     : wxTextCtrl(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                  wxTE_MULTILINE | wxTE_READONLY | wxTE_RICH2) {
@@ -35,7 +52,7 @@ void Transcript::AppendFrom(std::size_t line) {
         std::string text;
         for (; line < lines.size() && lines[line].kind == kind; ++line)
             text += lines[line].text + '\n';
-        SetDefaultStyle(wxTextAttr(colours_[static_cast<std::size_t>(kind)]));
+        SetDefaultStyle(StyleIn(colours_[static_cast<std::size_t>(kind)]));
         AppendText(WxFromWire(text));
     }
 }

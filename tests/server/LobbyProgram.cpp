@@ -1,5 +1,6 @@
 #include "tests/server/LobbyProgram.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -29,7 +30,9 @@ constexpr int kPatience = 20000; // milliseconds
         const rlimit limit{fileLimit, fileLimit};
         setrlimit(RLIMIT_NOFILE, &limit);
     }
-    std::vector<std::string> words = {LOBBY_PROGRAM, "--port", "0"};
+    std::vector<std::string> words = {LOBBY_PROGRAM};
+    if (std::find(options.begin(), options.end(), "--port") == options.end())
+        words.insert(words.end(), {"--port", "0"});
     words.insert(words.end(), options.begin(), options.end());
     std::vector<char*> arguments;
     arguments.reserve(words.size() + 1);
@@ -40,6 +43,13 @@ constexpr int kPatience = 20000; // milliseconds
     _exit(127);
 }
 
+// What follows the option of that name.
+std::string ValueOf(const std::vector<std::string>& options, std::string_view name,
+                    const std::string& otherwise) {
+    const auto at = std::find(options.begin(), options.end(), name);
+    return at == options.end() || at + 1 == options.end() ? otherwise : *(at + 1);
+}
+
 bool WaitFor(int file, short events) {
     pollfd wait{file, events, 0};
     return poll(&wait, 1, kPatience) == 1;
@@ -47,7 +57,8 @@ bool WaitFor(int file, short events) {
 
 } // namespace
 
-LobbyProgram::LobbyProgram(const std::vector<std::string>& options, unsigned fileLimit) {
+LobbyProgram::LobbyProgram(const std::vector<std::string>& options, unsigned fileLimit)
+    : address_(ValueOf(options, "--bind", "127.0.0.1")) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
@@ -100,7 +111,7 @@ LobbyClient::LobbyClient(const LobbyProgram& program)
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(static_cast<std::uint16_t>(program.Port()));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    inet_pton(AF_INET, program.Address().c_str(), &address.sin_addr);
     if (connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
         throw std::runtime_error("the lobby can't be reached");
     const int on = 1;

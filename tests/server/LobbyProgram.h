@@ -12,13 +12,15 @@ namespace tarveth {
 
 class LobbyProgram {
 public:
-    // Runs until it is destroyed or ended; throws std::runtime_error if it does not begin to listen.
+    // Runs until it is destroyed or ended; throws std::runtime_error if it does not begin to listen. The
+    // options may give another address than 127.0.0.1 and a port of their own.
     // fileLimit: open files that the system lets it have; 0 for the usual.
     explicit LobbyProgram(const std::vector<std::string>& options = {}, unsigned fileLimit = 0);
     ~LobbyProgram();
     LobbyProgram(const LobbyProgram&) = delete;
     LobbyProgram& operator=(const LobbyProgram&) = delete;
 
+    const std::string& Address() const { return address_; }
     int Port() const { return port_; }
     void Signal(int signal) const;
     // Its next line of log.
@@ -31,6 +33,7 @@ private:
 
     pid_t process_ = -1;
     int log_ = -1;
+    std::string address_;
     int port_ = 0;
 };
 

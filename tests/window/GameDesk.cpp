@@ -49,13 +49,16 @@ GameDesk::GameDesk(const GameFolder& folder, const GameDeskOptions& options)
     WaitUntilAtRest();
 }
 
+Rect GameDesk::Pixels(const Rect& units) const {
+    return {units.x * scale_, units.y * scale_, units.width * scale_, units.height * scale_};
+}
+
 Rect GameDesk::Place(const std::string& id) const {
     const auto control = reader.WaitFor(WithId(id), Milliseconds(2000));
     if (!control) {
         throw std::runtime_error("no control is called " + id + "\n" + reader.Outline());
     }
-    const Rect& units = control->extents;
-    return {units.x * scale_, units.y * scale_, units.width * scale_, units.height * scale_};
+    return Pixels(control->extents);
 }
 
 Rect GameDesk::BoardArea() const {

@@ -25,6 +25,8 @@ public:
     // Starts the program of `folder`, which must live as long as this does, and waits for the board.
     explicit GameDesk(const GameFolder& folder, const GameDeskOptions& options = {});
 
+    // The toolkit's units as pixels of the screen.
+    [[nodiscard]] Rect Pixels(const Rect& units) const;
     // Where a control is on the screen, in pixels. Throws std::runtime_error when there is none of that name.
     [[nodiscard]] Rect Place(const std::string& id) const;
     [[nodiscard]] Rect BoardArea() const;

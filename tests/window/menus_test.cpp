@@ -33,8 +33,6 @@ Help
   About Tarveth
 )";
 
-const std::vector<std::string> kUnanswered = {"Connect to Internet"};
-
 class Menus : public testing::Test {
 protected:
     std::string Tree() const {
@@ -96,14 +94,10 @@ TEST_F(Menus, HoldTheCommandsInTheirOrder) {
     EXPECT_EQ(Tree(), kMenus);
 }
 
-TEST_F(Menus, TurnOffWhatHasNoAnswerYet) {
-    std::vector<std::string> off;
+TEST_F(Menus, HaveAnAnswerForEachCommand) {
     for (const AccessibleNode& node : desk.reader.Read()) {
-        if (node.role.ends_with("menu item") && !node.Has("sensitive")) {
-            off.push_back(node.name);
-        }
+        EXPECT_FALSE(node.role.ends_with("menu item") && !node.Has("sensitive")) << node.name;
     }
-    EXPECT_EQ(off, kUnanswered);
 }
 
 TEST_F(Menus, BeginANewGameByTheirKeys) {

@@ -1,0 +1,88 @@
+// The client window of a running game, and lobbies for it to talk to.
+#pragma once
+
+#include "tests/server/LobbyProgram.h"
+#include "tests/window/GameDesk.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarveth::harness {
+
+// An address of this computer that no other test uses at the same time: the game's port is always the same.
+std::string OwnAddress();
+
+// A lobby at such an address, on the game's port.
+class Lobby : public LobbyProgram {
+public:
+    explicit Lobby(std::vector<std::string> options = {});
+};
+
+// A server that says and hears nothing of its own accord, at such an address.
+class PlainServer {
+public:
+    PlainServer();
+    ~PlainServer();
+    PlainServer(const PlainServer&) = delete;
+    PlainServer& operator=(const PlainServer&) = delete;
+
+    [[nodiscard]] const std::string& Address() const { return address_; }
+    // Waits for the one client.
+    void Accept();
+    void Say(std::string_view bytes) const;
+
+private:
+    std::string address_ = OwnAddress();
+    int listener_;
+    int client_ = -1;
+};
+
+class ClientDesk {
+public:
+    // Opens the window from the menu of the game, and waits until it asks for a server. `desk` must live as
+    // long as this does.
+    explicit ClientDesk(GameDesk& desk);
+    // The same, and connects to the server at this address.
+    ClientDesk(GameDesk& desk, const std::string& address);
+
+    // Answers the question for a server; an empty address cancels it.
+    void ChooseServer(const std::string& address);
+
+    // Clicks on a control of the window, bringing it to the front.
+    void Press(const std::string& id);
+    // Types a line and sends it.
+    void Enter(std::string_view line);
+    // Selects the user; waits until there is one of that name.
+    void Select(const std::string& nick);
+
+    [[nodiscard]] std::string Text(const std::string& id) const { return desk_->Text(id); }
+    // The general transcript, and the private one, with a line end after each line.
+    [[nodiscard]] std::string Transcript() const { return Text("txtRX(0)"); }
+    [[nodiscard]] std::string PrivateTranscript() const { return Text("txtRX(1)"); }
+    // Waits; false when the line does not come.
+    [[nodiscard]] bool Hears(const std::string& line) const;
+    [[nodiscard]] bool TitleBecomes(const std::string& title) const;
+    [[nodiscard]] std::vector<std::string> Users() const;
+    // Waits; false when the list does not come to be this one.
+    [[nodiscard]] bool UsersBecome(const std::vector<std::string>& users) const;
+    [[nodiscard]] AccessibleNode Control(const std::string& id) const;
+    [[nodiscard]] bool Enabled(const std::string& id) const { return Control(id).Has("sensitive"); }
+
+    // Waits for the dialog or box of that title to have the keyboard and to say this. Throws
+    // std::runtime_error when none comes.
+    [[nodiscard]] Window Box(std::string_view title, const std::string& text) const;
+    // Chooses by access keys, such as ("A", "i") for the invitation.
+    void Choose(std::string_view menuKey, std::string_view itemKey);
+    // Keeps a picture of the window in the build folder's window-shots/.
+    void KeepShot(const std::string& name);
+
+    Window window;
+
+private:
+    void BringToFront();
+
+    GameDesk* desk_;
+};
+
+} // namespace tarveth::harness
