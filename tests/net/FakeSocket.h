@@ -21,12 +21,12 @@ public:
     void CreateSocket() override {
         calls.emplace_back("CreateSocket");
         if (createFailure)
-            throw *createFailure;
+            throw SocketError(*createFailure);
     }
     void Connect() override {
         calls.push_back("Connect " + RemoteHost + ':' + std::to_string(RemotePort));
         if (failure)
-            throw *failure;
+            throw SocketError(*failure);
     }
     void Send() override { sent.push_back(SendBuffer); }
     std::string Receive() override { return std::exchange(received_, {}); }
@@ -55,8 +55,8 @@ public:
 private:
     // A copy, since a handler may let go of the socket or put another handler in its place.
     static void Tell(std::function<void()> event) {
-        if (event)
-            event();
+        if (const auto handler = std::move(event))
+            handler();
     }
 
     std::string peer_{kNoPeer};
