@@ -5,6 +5,7 @@
 
 #include "platform/posix/profile_text.h"
 #include "platform/profile_integer.h"
+#include "platform/profile_line.h"
 #include "storage/settings.h"
 #include "storage/val.h"
 

@@ -4,7 +4,7 @@
 
 #include "platform/atomic_file.h"
 #include "platform/file_error.h"
-#include "platform/posix/profile_text.h"
+#include "platform/profile_line.h"
 #include "storage/schemes.h"
 
 #include <algorithm>

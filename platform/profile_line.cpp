@@ -20,6 +20,12 @@ std::string_view TrimmedProfileText(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
 }
 
+std::string_view BareValue(std::string_view value) {
+    value = TrimmedProfileText(value);
+    const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'');
+    return quoted && value.front() == value.back() ? value.substr(1, value.size() - 2) : value;
+}
+
 bool ReadsBack(std::string_view section, std::string_view key, std::string_view value) {
     return !section.empty() && !key.empty() && key.find('=') == key.npos && key.front() != ';' &&
            key.front() != '[' && FitsALine(section) && FitsALine(key) && FitsALine(value);

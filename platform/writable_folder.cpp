@@ -1,5 +1,7 @@
 #include "platform/program_folder.h"
 
+#include "platform/text_path.h"
+
 #include <filesystem>
 #include <system_error>
 
@@ -17,7 +19,7 @@ std::string WritableFolder(const std::string& programFolder) {
     const std::string userFolder = UserDataFolder();
     std::error_code error;
     if (!userFolder.empty())
-        std::filesystem::create_directories(userFolder, error);
+        std::filesystem::create_directories(PathFromText(userFolder), error);
     return !userFolder.empty() && CanCreateFileIn(userFolder) ? userFolder : WithSeparator(programFolder);
 }
 

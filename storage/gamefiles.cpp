@@ -3,6 +3,7 @@
 #include "platform/file_error.h"
 #include "platform/file_exists.h"
 #include "platform/program_folder.h"
+#include "platform/text_path.h"
 #include "storage/modFileIO.h"
 #include "storage/trim.h"
 
@@ -32,12 +33,12 @@ std::string WithExtension(const std::string& name) {
 } // namespace
 
 std::pair<std::string, std::string> DialogStart(const FileQuestion& question) {
-    const std::filesystem::path file = std::filesystem::path(question.folder) / question.name;
+    const std::filesystem::path proposed = platform::PathFromText(question.name);
+    const std::filesystem::path file = platform::PathFromText(question.folder) / proposed;
     std::error_code missing;
     if (std::filesystem::is_directory(file.parent_path(), missing))
         return {file.parent_path().string(), file.filename().string()};
-    std::string name =
-        std::filesystem::path(question.name).is_absolute() ? file.filename().string() : question.name;
+    std::string name = proposed.is_absolute() ? file.filename().string() : question.name;
     std::replace(name.begin(), name.end(), platform::PathSeparator(), '-');
     std::replace(name.begin(), name.end(), '/', '-');
     return {question.folder, name};

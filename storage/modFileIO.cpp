@@ -223,16 +223,16 @@ Game ParseGame(std::string_view text, const std::string& nameForErrors) {
     return game;
 }
 
-void WriteGame(const Game& game, std::string_view gameTitle, const std::filesystem::path& path) {
+void WriteGame(const Game& game, std::string_view gameTitle, const std::string& path) {
     platform::WriteFileAtomically(path, platform::TextForFile(GameText(game, gameTitle)));
 }
 
-Game ReadGame(const std::filesystem::path& path) {
+Game ReadGame(const std::string& path) {
     const std::string bytes = platform::ReadWholeFile(path, kLongestFile);
-    return ParseGame(platform::TextFromFile(bytes), path.string());
+    return ParseGame(platform::TextFromFile(bytes), path);
 }
 
-void WriteGameLog(const Game& game, const std::filesystem::path& path) {
+void WriteGameLog(const Game& game, const std::string& path) {
     Writer writer;
     writer.Lines(game.lstHistory);
     platform::WriteFileAtomically(path, platform::TextForFile(writer.Take()));

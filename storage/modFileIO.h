@@ -7,7 +7,6 @@
 
 #include "engine/Game.h"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -21,10 +20,10 @@ std::string GameText(const Game& game, std::string_view gameTitle);
 Game ParseGame(std::string_view text, const std::string& nameForErrors);
 
 // Write and read a saved game; a file longer than 8 MiB is none. Throw platform::FileError.
-void WriteGame(const Game& game, std::string_view gameTitle, const std::filesystem::path& path);
-Game ReadGame(const std::filesystem::path& path);
+void WriteGame(const Game& game, std::string_view gameTitle, const std::string& path);
+Game ReadGame(const std::string& path);
 
 // Writes the history, one line a move. Throws platform::FileError.
-void WriteGameLog(const Game& game, const std::filesystem::path& path);
+void WriteGameLog(const Game& game, const std::string& path);
 
 } // namespace tarveth

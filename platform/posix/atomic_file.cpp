@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <system_error>
 
 #include <fcntl.h>
@@ -16,12 +17,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-[[noreturn]] void Fail(const fs::path& file, const std::string& what, int error) {
-    throw FileError(file.string(), what + " (" + std::generic_category().message(error) + ")");
+[[noreturn]] void Fail(const std::string& file, const std::string& what, int error) {
+    throw FileError(file, what + " (" + std::generic_category().message(error) + ")");
 }
 
-[[noreturn]] void FailTooLong(const fs::path& file, std::uintmax_t limit) {
-    throw FileError(file.string(), "is longer than " + std::to_string(limit) + " bytes");
+[[noreturn]] void FailTooLong(const std::string& file, std::uintmax_t limit) {
+    throw FileError(file, "is longer than " + std::to_string(limit) + " bytes");
 }
 
 class Descriptor {
@@ -116,7 +117,7 @@ void SyncFolder(const fs::path& folder) {
 
 } // namespace
 
-void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
+void WriteFileAtomically(const std::string& file, std::string_view bytes) {
     const fs::path target = FollowLinks(file);
     struct stat old {};
     const bool exists = stat(target.c_str(), &old) == 0;
@@ -136,7 +137,7 @@ void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
     SyncFolder(target.parent_path());
 }
 
-std::string ReadWholeFile(const fs::path& file, std::uintmax_t limit) {
+std::string ReadWholeFile(const std::string& file, std::uintmax_t limit) {
     // Without O_NONBLOCK a named pipe would hold the program until somebody writes into it.
     const Descriptor descriptor(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
@@ -145,7 +146,7 @@ std::string ReadWholeFile(const fs::path& file, std::uintmax_t limit) {
     if (S_ISDIR(status.st_mode))
         Fail(file, "cannot be read", EISDIR);
     if (!S_ISREG(status.st_mode))
-        throw FileError(file.string(), "cannot be read: it is not a plain file");
+        throw FileError(file, "cannot be read: it is not a plain file");
     if (static_cast<std::uintmax_t>(status.st_size) > limit)
         FailTooLong(file, limit);
 

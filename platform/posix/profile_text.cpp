@@ -22,12 +22,6 @@ bool SameName(std::string_view a, std::string_view b) {
 
 } // namespace
 
-std::string_view BareValue(std::string_view value) {
-    value = TrimmedProfileText(value);
-    const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'');
-    return quoted && value.front() == value.back() ? value.substr(1, value.size() - 2) : value;
-}
-
 struct ProfileText::Line {
     enum class Kind { Blank, Section, Key, Other };
 

@@ -10,9 +10,6 @@
 
 namespace tarveth::platform {
 
-// The value without the blanks around it, and without the pair of equal quotes that encloses it.
-std::string_view BareValue(std::string_view value);
-
 class ProfileText {
 public:
     ProfileText() = default;

@@ -1,9 +1,11 @@
 #include "platform/atomic_file.h"
 
 #include "platform/file_error.h"
+#include "platform/text_path.h"
 #include "platform/win32/wide_text.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 
 #include <windows.h>
@@ -25,12 +27,12 @@ std::string MessageOf(DWORD error) {
                        : message.substr(0, message.find_last_not_of(" .") + 1);
 }
 
-[[noreturn]] void Fail(const fs::path& file, const std::string& what, DWORD error = GetLastError()) {
-    throw FileError(file.string(), what + " (" + MessageOf(error) + ")");
+[[noreturn]] void Fail(const std::string& file, const std::string& what, DWORD error = GetLastError()) {
+    throw FileError(file, what + " (" + MessageOf(error) + ")");
 }
 
-[[noreturn]] void FailTooLong(const fs::path& file, std::uintmax_t limit) {
-    throw FileError(file.string(), "is longer than " + std::to_string(limit) + " bytes");
+[[noreturn]] void FailTooLong(const std::string& file, std::uintmax_t limit) {
+    throw FileError(file, "is longer than " + std::to_string(limit) + " bytes");
 }
 
 class Handle {
@@ -104,9 +106,9 @@ bool WriteAll(HANDLE handle, std::string_view bytes) {
     return true;
 }
 
-void RefuseUnwritable(const fs::path& file, DWORD attributes) {
+void RefuseUnwritable(const std::string& file, DWORD attributes) {
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        throw FileError(file.string(), "cannot be written: it is a folder");
+        throw FileError(file, "cannot be written: it is a folder");
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0)
         Fail(file, "cannot be written", ERROR_ACCESS_DENIED);
 }
@@ -122,12 +124,12 @@ bool TakeName(const fs::path& temporary, const fs::path& target, bool exists) {
 
 } // namespace
 
-void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
-    const fs::path target = FollowLinks(file);
+void WriteFileAtomically(const std::string& file, std::string_view bytes) {
+    const fs::path target = FollowLinks(PathFromText(file));
     const DWORD attributes = GetFileAttributesW(target.c_str());
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
     if (exists)
-        RefuseUnwritable(target, attributes);
+        RefuseUnwritable(file, attributes);
 
     fs::path temporary;
     Handle handle(CreateBeside(target, temporary));
@@ -140,14 +142,14 @@ void WriteFileAtomically(const fs::path& file, std::string_view bytes) {
     removal.Keep();
 }
 
-std::string ReadWholeFile(const fs::path& file, std::uintmax_t limit) {
+std::string ReadWholeFile(const std::string& file, std::uintmax_t limit) {
     constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Handle handle(CreateFileW(file.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+    const Handle handle(CreateFileW(WideFromText(file).c_str(), GENERIC_READ, kShareAll, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!handle.IsOpen())
         Fail(file, "cannot be read");
     if (GetFileType(handle.Get()) != FILE_TYPE_DISK)
-        throw FileError(file.string(), "cannot be read: it is not a plain file");
+        throw FileError(file, "cannot be read: it is not a plain file");
 
     std::string bytes;
     std::size_t filled = 0;

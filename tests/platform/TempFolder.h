@@ -1,6 +1,9 @@
 // A folder of its own for one test, gone with the test; and files as plain bytes.
 #pragma once
 
+#include "platform/text_path.h"
+
+#include <cwctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -16,7 +19,7 @@ public:
     TempFolder() {
         std::random_device random;
         do
-            path_ = std::filesystem::temp_directory_path() / ("tarveth-test-" + std::to_string(random()));
+            path_ = Root() / ("tarveth-test-" + std::to_string(random()));
         while (!std::filesystem::create_directory(path_));
     }
     ~TempFolder() {
@@ -32,7 +35,9 @@ public:
     std::string Name() const { return (path_ / "").string(); }
 
     // The full path of a file in here.
-    std::string File(const std::string& name) const { return (path_ / name).string(); }
+    std::string File(const std::string& name) const {
+        return (path_ / platform::PathFromText(name)).string();
+    }
 
     std::size_t FileCount() const {
         const std::filesystem::directory_iterator files(path_);
@@ -40,16 +45,26 @@ public:
     }
 
 private:
+    // In small letters where they name the same: the program never finds a folder with capitals in a path.
+    static std::filesystem::path Root() {
+        auto root = std::filesystem::temp_directory_path().native();
+        if constexpr (std::filesystem::path::preferred_separator == '\\')
+            for (auto& letter : root)
+                letter = static_cast<std::filesystem::path::value_type>(
+                    std::towlower(static_cast<wint_t>(letter)));
+        return root;
+    }
+
     std::filesystem::path path_;
 };
 
 inline void PutBytes(const std::string& file, std::string_view bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    std::ofstream out(platform::PathFromText(file), std::ios::binary | std::ios::trunc);
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
 inline std::string GetBytes(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
+    std::ifstream in(platform::PathFromText(file), std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 

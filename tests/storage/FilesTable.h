@@ -54,4 +54,18 @@ inline void PlayOneCapture(TestGame& table) {
     table.Move("4C", "4D");
 }
 
+// Runs a command that must fail: one message box that names the file, and nothing else has changed.
+inline bool IsToldOnce(FilesTable& t, const std::function<void()>& command, const std::string& file) {
+    const Game game = t.game;
+    const std::string title = t.record.GameTitle;
+    const std::string name = t.record.GameFileName;
+    const std::string caption = t.port.caption;
+    t.port.boxes.clear();
+    command();
+    return t.port.boxes.size() == 1 &&
+           t.port.boxes.front().starts_with("The game is not saved.\n" + t.folder.File(file) + ": ") &&
+           t.game == game && t.record.GameTitle == title && t.record.GameFileName == name &&
+           t.port.caption == caption;
+}
+
 } // namespace tarveth::test

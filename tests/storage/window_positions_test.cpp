@@ -1,5 +1,6 @@
 #include "storage/window_positions.h"
 
+#include "tests/platform/IniBytes.h"
 #include "tests/platform/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -59,8 +60,9 @@ TEST_F(WindowPositions, OfBothWindowsHaveSectionsAndKeysOfTheirOwn) {
     SaveMainPosition({1, 2, 3, 4}, ini, folder.Name());
     SaveClientPosition({-5, 6, 7.5F, 8}, ini, folder.Name());
     EXPECT_TRUE(ini.IniFlush());
-    EXPECT_EQ(GetBytes(file), "[Position]\r\nX= 1\r\nY= 2\r\nW= 3\r\nH= 4\r\n"
-                              "[ClientPosition]\r\nL=-5\r\nT= 6\r\nW= 7.5\r\nH= 8\r\n");
+    EXPECT_EQ(WithoutBlanksBeforeValues(GetBytes(file)),
+              "[Position]\r\nX=1\r\nY=2\r\nW=3\r\nH=4\r\n"
+              "[ClientPosition]\r\nL=-5\r\nT=6\r\nW=7.5\r\nH=8\r\n");
     WindowPosition main;
     WindowPosition client;
     LoadMainPosition(main, ini, folder.Name());

@@ -1,0 +1,56 @@
+// Loading what is no game: pipes and protected files, and no more memory than a game may take.
+#include "tests/platform/ForkedChild.h"
+#include "tests/storage/BadFiles.h"
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace tarveth::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST_F(BadFiles, ThatArePipesOrProtectedAreRefused) {
+    ASSERT_EQ(mkfifo(t.folder.File(kBad).c_str(), 0600), 0);
+    EXPECT_TRUE(IsRefused(": cannot be read: it is not a plain file")) << "a pipe that nobody fills";
+    fs::remove(t.folder.File(kBad));
+    PutBytes(t.folder.File(kBad), good);
+    fs::permissions(t.folder.File(kBad), fs::perms::none);
+    EXPECT_TRUE(TrueInChild([&] { return BecomeNobody() && IsRefused(": cannot be read ("); }));
+}
+
+// By how many KiB the work raises what this process has used at most.
+template <typename Work>
+long PeakGrowth(Work work) {
+    struct rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    const long before = usage.ru_maxrss;
+    work();
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss - before;
+}
+
+TEST_F(BadFiles, Of50MillionBytesAreRefusedUnread) {
+    PutBytes(t.folder.File(kBad), good);
+    fs::resize_file(t.folder.File(kBad), 50'000'000);
+    EXPECT_TRUE(TrueInChild([&] {
+        bool refused = false;
+        const long growth = PeakGrowth([&] { refused = IsRefused(": is longer than 8388608 bytes."); });
+        return refused && growth < 4'096;
+    }));
+}
+
+TEST_F(BadFiles, AsLongAsAFileMayBeTakeBoundedMemory) {
+    std::string bytes = good.substr(0, good.rfind(" 2 \r\n"));
+    bytes += " 100000 \r\n";
+    bytes.append((std::size_t{8} << 20) - bytes.size(), '\n');
+    bytes[bytes.size() - 1] = 'x';
+    PutBytes(t.folder.File(kBad), bytes);
+    EXPECT_TRUE(TrueInChild([&] {
+        const long growth = PeakGrowth([&] { t.files.LoadGame(); });
+        return t.game.lstHistory.size() == 100'000 && growth < 65'536;
+    }));
+}
+
+} // namespace
+} // namespace tarveth::test
