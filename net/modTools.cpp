@@ -4,6 +4,7 @@
 #include "net/boardtransfer.h"
 #include "net/modPARSER.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarveth {

@@ -93,6 +93,8 @@ TEST(InGameSquares, ByTheThousandLeaveTheWindowTimeAndAreAllPlayed) {
 
 TEST(InGameSquares, WithoutEndDoNotFillTheMemory) {
     ToolsGame g;
+    g.Parse("M(4,5)");
+    g.main.Pass();
     const std::string burst = Join(Strings(10'000, "M(4,5)"));
     std::size_t longest = 0;
     for (int i = 0; i < 60; ++i) {
@@ -102,6 +104,7 @@ TEST(InGameSquares, WithoutEndDoNotFillTheMemory) {
     EXPECT_LE(longest, std::size_t{1} << 20);
     EXPECT_EQ(g.port.notices, Strings{"The opponent's program sends more squares than can be played; those "
                                       "that wait are ignored."});
+    EXPECT_TRUE(g.net.RemoteMove) << "the square that was taken already is still the opponent's";
 }
 
 TEST(InGameReturns, AreTwoZerosAndThenTheSquare) {
