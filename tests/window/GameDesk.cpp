@@ -92,8 +92,10 @@ bool GameDesk::TextBecomes(const std::string& id, const std::string& text) const
 
 std::vector<std::string> GameDesk::History() const {
     std::vector<std::string> lines;
+    bool inList = false;
     for (const AccessibleNode& node : reader.Read()) {
-        if (node.role == "table cell") {
+        inList = node.role.starts_with("table c") ? inList : node.id == "lstHistory"; // header and cells
+        if (inList && node.role == "table cell") {
             lines.push_back(node.name);
         }
     }

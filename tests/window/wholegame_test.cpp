@@ -1,41 +1,16 @@
 // A whole game with the mouse, from the first click to the victory, on each layout.
 
 #include "tests/window/GameDesk.h"
+#include "tests/window/RecordedGame.h"
 
 #include <gtest/gtest.h>
-
-#include <fstream>
 
 namespace tarveth::harness {
 namespace {
 
-// A game as its history, with "O" or "P" for the answer to which piece comes back, and the victory at the
-// end.
-struct RecordedGame {
-    std::vector<std::string> steps; // history lines and answers
-    std::string victory;
-
-    explicit RecordedGame(const std::string& name) {
-        std::ifstream file(std::string(TARVETH_SOURCE_DIR "/tests/data/") + name + ".moves");
-        for (std::string line; std::getline(file, line);) {
-            if (line.starts_with("= ")) {
-                victory = line.substr(2);
-            } else {
-                steps.push_back(line);
-            }
-        }
-    }
-
-    [[nodiscard]] std::vector<std::string> History() const {
-        std::vector<std::string> lines;
-        for (const std::string& step : steps) {
-            if (step.size() > 1) {
-                lines.push_back(step);
-            }
-        }
-        return lines;
-    }
-};
+RecordedGame Recorded(const std::string& name) {
+    return RecordedGame(TARVETH_SOURCE_DIR "/tests/data/" + name + ".moves");
+}
 
 constexpr const char* kHowToBegin = "To begin play: click on the piece you'd like to move, then click on the "
                                     "location where you'd like to place "
@@ -44,14 +19,6 @@ constexpr const char* kHowToBegin = "To begin play: click on the piece you'd lik
 std::string Ini(int layout, bool animate) {
     return "[Options]\r\nGameBoard=" + std::to_string(layout) + "\r\nAnimateMoves=" + (animate ? "-1" : "0") +
            "\r\nHistory=-1\r\nAutoSaveLog=-1\r\n";
-}
-
-std::string AsLog(const std::vector<std::string>& lines) {
-    std::string log;
-    for (const std::string& line : lines) {
-        log += line + "\r\n";
-    }
-    return log;
 }
 
 // Plays one step and waits for the turn, or the part of it, to be over.
@@ -69,11 +36,6 @@ void PlayStep(GameDesk& desk, const std::string& step, const std::string& nextPr
     if (!nextPrompt.empty()) {
         ASSERT_TRUE(desk.PromptBecomes(nextPrompt)) << step << '\n' << desk.reader.Outline();
     }
-}
-
-// What lblMoveStatus asks for before a step; nothing while a dialog asks instead.
-std::string PromptBefore(const std::string& step) {
-    return step.size() == 1 ? "" : step.starts_with("  ") ? "Return piece" : "Pick piece";
 }
 
 void PlaySteps(GameDesk& desk, const RecordedGame& game, std::size_t count) {
@@ -103,7 +65,7 @@ void ExpectTheEnd(GameDesk& desk, const RecordedGame& game) {
 }
 
 void PlayToTheEnd(const std::string& name, int layout) {
-    const RecordedGame game(name);
+    const RecordedGame game = Recorded(name);
     const GameFolder folder(Ini(layout, false));
     GameDesk desk(folder);
     const Picture start = desk.Board();
@@ -130,7 +92,7 @@ TEST(WholeGame, OnTheDraumeCrownBoardIsPlayedToItsVictory) {
 }
 
 TEST(WholeGame, GoesTheSameWayWithMovingPieces) {
-    const RecordedGame game("imperial");
+    const RecordedGame game = Recorded("imperial");
     const GameFolder still(Ini(1, false));
     const GameFolder moving(Ini(1, true));
     constexpr std::size_t kStretch = 6;
@@ -147,7 +109,7 @@ TEST(WholeGame, GoesTheSameWayWithMovingPieces) {
 }
 
 TEST(WholeGame, IsWrittenToTheLogOfTheNextStart) {
-    const RecordedGame game("imperial");
+    const RecordedGame game = Recorded("imperial");
     const GameFolder folder(Ini(1, false));
     GameDesk desk(folder);
     ASSERT_NO_FATAL_FAILURE(PlaySteps(desk, game, 2));
