@@ -3,6 +3,7 @@
 #include "display/frmMainMenu.h"
 #include "platform/file_error.h"
 #include "platform/program_folder.h"
+#include "platform/text_path.h"
 #include "storage/frmClientOptions.h"
 #include "storage/frmSplash.h"
 
@@ -64,7 +65,7 @@ std::map<int, std::function<void()>> Program::Commands() {
 void Program::Start(const std::string& gameFile) {
     // A title relative to the folder always means the same file.
     std::error_code ignored;
-    std::filesystem::current_path(writableFolder_, ignored);
+    std::filesystem::current_path(platform::PathFromText(writableFolder_), ignored);
     LoadEverything();
     window_->Connect(Parts());
     BeginGame(gameFile);

@@ -1,6 +1,7 @@
 // Starts the game.
 #include "app/Program.h"
-#include "display/wx/text.h"
+#include "platform/command_line.h"
+#include "platform/text_path.h"
 #include "version.h"
 
 #include <filesystem>
@@ -8,8 +9,9 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include <wx/app.h>
 
@@ -25,10 +27,14 @@ constexpr char kUsage[] =
 
 // Answers the command line where it asks for something else than the game; nothing where the game is to
 // start.
-std::optional<int> Answer(int argc, char** argv) {
-    if (argc < 2)
+std::optional<int> Answer(const std::vector<std::string>& arguments) {
+    if (arguments.size() < 2)
         return std::nullopt;
-    const std::string_view argument = argv[1];
+    const std::string& argument = arguments[1];
+    // A desktop passes the file that was double-clicked.
+    if (arguments.size() == 2 && !argument.starts_with('-') && !argument.empty())
+        return std::nullopt;
+    platform::WriteToConsole();
     if (argument == "--version") {
         std::cout << "Tarveth " << kVersion << '\n';
         return 0;
@@ -37,45 +43,46 @@ std::optional<int> Answer(int argc, char** argv) {
         std::cout << kUsage;
         return 0;
     }
-    // A desktop passes the file that was double-clicked.
-    if (argc == 2 && !argument.starts_with('-') && !argument.empty())
-        return std::nullopt;
-    std::cerr << "tarveth: " << (argc == 2 ? argument : argv[2]) << " is not understood.\n" << kUsage;
+    std::cerr << "tarveth: " << (arguments.size() == 2 ? argument : arguments[2]) << " is not understood.\n"
+              << kUsage;
     return 2;
+}
+
+// Absolute, since the program leaves the folder it was started in.
+std::string Absolute(const std::string& name) {
+    std::error_code error;
+    const std::filesystem::path file = std::filesystem::absolute(platform::PathFromText(name), error);
+    return error ? name : file.lexically_normal().string();
 }
 
 } // namespace
 
 class TarvethApp : public wxApp {
 public:
+    // gameFile: to go on with; empty for a new game.
+    explicit TarvethApp(std::string gameFile) : gameFile_(std::move(gameFile)) {}
+
     bool OnInit() override {
         SetAppName("Tarveth");
         program_ = std::make_unique<Program>();
-        program_->Start(GameFile());
+        program_->Start(gameFile_);
         return true;
     }
 
 private:
-    // Absolute, since the program leaves the folder it was started in.
-    std::string GameFile() const {
-        if (argc < 2)
-            return {};
-        std::error_code error;
-        const std::string name = PathFromWx(argv[1]);
-        const std::filesystem::path file = std::filesystem::absolute(name, error);
-        return error ? name : file.lexically_normal().string();
-    }
-
+    std::string gameFile_;
     std::unique_ptr<Program> program_;
 };
 
 } // namespace tarveth
 
-wxIMPLEMENT_APP_NO_MAIN(tarveth::TarvethApp);
-
 int main(int argc, char** argv) {
+    const std::vector<std::string> arguments = tarveth::platform::CommandLine(argc, argv);
     // Answered before the toolkit looks for a screen.
-    if (const std::optional<int> status = tarveth::Answer(argc, argv))
+    if (const std::optional<int> status = tarveth::Answer(arguments))
         return *status;
+    // The toolkit deletes it in the end.
+    wxApp::SetInstance(
+        new tarveth::TarvethApp(arguments.size() < 2 ? std::string() : tarveth::Absolute(arguments[1])));
     return wxEntry(argc, argv);
 }

@@ -6,6 +6,7 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+set(CMAKE_EXE_LINKER_FLAGS_RELEASE_INIT -s)
 
 # Nothing of the building system is taken for a library of the target's.
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
@@ -13,3 +14,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# The window's toolkit, from where tools/build-wx-windows has put it.
+if(TARVETH_WX)
+  list(APPEND CMAKE_FIND_ROOT_PATH "${TARVETH_WX}")
+  set(wxWidgets_CONFIG_EXECUTABLE "${TARVETH_WX}/bin/wx-config" CACHE FILEPATH "The toolkit's own description")
+endif()

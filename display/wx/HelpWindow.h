@@ -1,7 +1,9 @@
-// The manual in a window of the program. It lives in a module of its own: the toolkit's page viewer would
-// cost every start time and memory, and most games are played without the manual.
+// The manual in a window of the program. It lives in a module of its own where programs are made of many
+// files anyway: the toolkit's page viewer would cost every start time and memory, and most games are played
+// without the manual.
 #pragma once
 
+#include <memory>
 #include <string>
 
 class wxWindow;
@@ -24,5 +26,10 @@ public:
 // closes with `parent`. Nothing is shown yet.
 inline constexpr char kNewHelpWindow[] = "TarvethNewHelpWindow";
 using NewHelpWindow = HelpWindow* (*)(wxWindow* parent, const char* book);
+
+// Goes through that door. `folder` (with its trailing separator) holds the module. Null with a sentence in
+// `problem` when it cannot be loaded.
+std::unique_ptr<HelpWindow> LoadHelpWindow(wxWindow* parent, const std::string& folder,
+                                           const std::string& book, std::string& problem);
 
 } // namespace tarveth

@@ -34,7 +34,7 @@ PictureView::PictureView(wxWindow* parent, long style)
 
 void PictureView::ShowPixels(const PixelBuffer& pixels) {
     pixels_ = &pixels;
-    bitmap_ = {};
+    bitmap_ = wxBitmap();
     Refresh(false);
 }
 

@@ -11,12 +11,25 @@ wxString ToWx(std::string_view text) {
     return result;
 }
 
+namespace {
+
+// How the core's paths are encoded.
+const wxMBConv& PathEncoding() {
+#ifdef __WXMSW__
+    return wxConvUTF8; // the toolkit's own is the code page
+#else
+    return *wxConvFileName;
+#endif
+}
+
+} // namespace
+
 wxString PathToWx(const std::string& path) {
-    return {path.c_str(), *wxConvFileName};
+    return {path.c_str(), PathEncoding()};
 }
 
 std::string PathFromWx(const wxString& path) {
-    return std::string(path.mb_str(*wxConvFileName));
+    return std::string(path.mb_str(PathEncoding()));
 }
 
 } // namespace tarveth
