@@ -1,7 +1,7 @@
 ; The installer, for this user alone: no administrator rights, and settings stay beside the program.
 ;   makensis -DVERSION=… -DFOLDER=… -DINSTALLER=… tarveth.nsi
 
-Unicode true
+Target amd64-unicode
 !include "MUI2.nsh"
 
 Name "Tarveth ${VERSION}"

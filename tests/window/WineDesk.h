@@ -1,0 +1,68 @@
+// The Windows program on a test's screen, run by Wine. Nothing reads out its controls there: hands go by the
+// keyboard and by the colours of the board, eyes by files and pixels.
+#pragma once
+
+#include "tests/window/Program.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarveth::harness {
+
+// A Windows of this build's own, which runs as long as this does.
+class Wine {
+public:
+    // Throws std::runtime_error when it does not come up.
+    Wine();
+    ~Wine();
+    Wine(const Wine&) = delete;
+    Wine& operator=(const Wine&) = delete;
+};
+
+// A folder of the program's own with tarveth.ini, whose board has colours that are found nowhere else.
+class WineFolder {
+public:
+    explicit WineFolder(const std::string& options = {}); // lines of [Options]
+    ~WineFolder();
+    WineFolder(const WineFolder&) = delete;
+    WineFolder& operator=(const WineFolder&) = delete;
+
+    [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+    // The bytes of a file, none when it is not there.
+    [[nodiscard]] std::string Read(const std::string& file) const;
+    void Write(const std::string& file, std::string_view bytes) const;
+
+private:
+    std::filesystem::path path_;
+};
+
+class WineDesk {
+public:
+    // Starts the program of `folder`, which must live as long as this does, and waits for the board.
+    explicit WineDesk(const WineFolder& folder, const std::vector<std::string>& arguments = {});
+
+    // What is to be seen of the board now.
+    [[nodiscard]] Picture Board() const { return screen.Capture(board_); }
+    // Waits until the board looks different after the click. False when it does not.
+    [[nodiscard]] bool Click(std::string_view square);
+    // Chooses by access keys, such as ("f", "n") for New Game.
+    void Choose(std::string_view menuKey, std::string_view itemKey);
+    // Keeps a picture of the screen in the build folder's window-shots/.
+    void KeepShot(const std::string& name) const;
+    // Closes the window; false when the program stays.
+    [[nodiscard]] bool Close();
+
+    Screen screen;
+    Program program;
+    Window window;
+
+private:
+    [[nodiscard]] Rect FindBoard();
+
+    Rect board_;
+};
+
+} // namespace tarveth::harness

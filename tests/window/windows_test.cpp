@@ -1,0 +1,99 @@
+// The Windows program, run by Wine: whole games with the mouse, and the files that they leave.
+
+#include "storage/modFileIO.h"
+#include "tests/TestGame.h"
+#include "tests/window/RecordedGame.h"
+#include "tests/window/WineDesk.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace tarveth::harness {
+namespace {
+
+class WindowsProgram : public testing::Test {
+protected:
+    static void SetUpTestSuite() { wine_ = std::make_unique<Wine>(); }
+    static void TearDownTestSuite() { wine_.reset(); }
+
+private:
+    static std::unique_ptr<Wine> wine_;
+};
+
+std::unique_ptr<Wine> WindowsProgram::wine_;
+
+// One step of a recorded game, as its line tells it.
+void PlayStep(WineDesk& desk, const std::string& step) {
+    if (step.size() == 1) {
+        const Window question = desk.program.WaitForWindow("Return");
+        desk.KeepShot("windows-question");
+        if (step == "P") {
+            desk.screen.Key("Tab"); // the Officer has the keyboard
+        }
+        desk.screen.Key("space");
+        ASSERT_TRUE(question.WaitUntilGone()) << step;
+    } else if (step.starts_with("  ")) {
+        ASSERT_TRUE(desk.Click(step.substr(6))) << step;
+    } else {
+        ASSERT_TRUE(desk.Click(step.substr(5, 2))) << step;
+        ASSERT_TRUE(desk.Click(step.substr(8, 2))) << step;
+    }
+}
+
+void PlayToTheEnd(const std::string& name, int layout) {
+    const RecordedGame game(TARVETH_SOURCE_DIR "/tests/data/" + name + ".moves");
+    const WineFolder folder("GameBoard=" + std::to_string(layout) + "\r\n");
+    WineDesk desk(folder);
+    const Picture start = desk.Board();
+    for (const std::string& step : game.steps) {
+        ASSERT_NO_FATAL_FAILURE(PlayStep(desk, step));
+    }
+    desk.KeepShot("windows-end-of-" + name);
+    EXPECT_EQ(folder.Read("lastgame.log"), "") << "the log waits for the next game";
+    desk.Choose("f", "n");
+    EXPECT_TRUE(WaitUntil([&] { return desk.Board() == start; }));
+    EXPECT_EQ(folder.Read("lastgame.log"), AsLog(game.History()));
+    EXPECT_TRUE(desk.Close());
+}
+
+TEST_F(WindowsProgram, PlaysAGameOnTheImperialBoardToItsVictory) {
+    PlayToTheEnd("imperial", 1);
+}
+
+TEST_F(WindowsProgram, PlaysAGameOnTheDraumeCrownBoardToItsVictory) {
+    PlayToTheEnd("draume", 2);
+}
+
+TEST_F(WindowsProgram, GoesOnWithAGameWhoseNameTheCodePageLacks) {
+    constexpr char kName[] = "\xe5\xb0\x86\xe6\xa3\x8b.tsg";
+    test::TestGame table;
+    table.Move("4E", "4D");
+    const WineFolder folder;
+    folder.Write(kName, GameText(table.game, "elsewhere"));
+    WineDesk desk(folder, {kName});
+    ASSERT_TRUE(desk.Click("4C"));
+    ASSERT_TRUE(desk.Click("4D"));
+    table.Move("4C", "4D");
+    const std::string moved = GameText(table.game, "");
+    desk.Choose("f", "s");
+    EXPECT_TRUE(WaitUntil([&] {
+        const std::string saved = folder.Read(kName);
+        return saved.size() > moved.size() && saved.ends_with(moved.substr(moved.find("\r\n 2 \r\n")));
+    })) << folder.Read(kName);
+    EXPECT_NE(folder.Read(kName).find(kName), std::string::npos) << "its title is its path";
+    EXPECT_TRUE(desk.Close());
+}
+
+TEST_F(WindowsProgram, WritesItsSettingsWhenItCloses) {
+    const WineFolder folder("Nickname=J\xfcrgen\r\n");
+    WineDesk desk(folder);
+    EXPECT_TRUE(desk.Close());
+    const std::string ini = folder.Read("tarveth.ini");
+    EXPECT_NE(ini.find("\r\nNickname=J\xfcrgen\r\n"), std::string::npos) << ini;
+    EXPECT_NE(ini.find("\r\nSoundVictor=\r\n"), std::string::npos) << ini;
+    EXPECT_NE(ini.find("[ClientOptions]\r\n"), std::string::npos) << ini;
+}
+
+} // namespace
+} // namespace tarveth::harness
