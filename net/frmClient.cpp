@@ -26,8 +26,8 @@ constexpr std::size_t kGeneral = 0;
 constexpr std::size_t kPrivate = 1;
 
 // On this thread, and the program wakes up for it.
-void PostToWindows(std::function<void()> call) {
-    wxTheApp->CallAfter(std::move(call));
+void PostToWindows(const std::function<void()>& call) {
+    wxTheApp->CallAfter(call);
 }
 
 } // namespace
