@@ -8,6 +8,7 @@ namespace tarveth {
 namespace {
 
 constexpr std::size_t kBlocks = 8; // one of them goes when all are full
+constexpr std::string_view kCut = "...";
 
 std::size_t Length(const TranscriptLine& line) {
     return line.text.size() + 1;
@@ -20,7 +21,9 @@ bool IsControl(char c) {
 } // namespace
 
 void TranscriptLines::Add(std::string_view text, LineKind kind) {
-    TranscriptLine line{std::string(text), kind};
+    TranscriptLine line{std::string(text.substr(0, kLongestLine)), kind};
+    if (text.size() > kLongestLine)
+        line.text.replace(kLongestLine - kCut.size(), kCut.size(), kCut);
     std::replace_if(line.text.begin(), line.text.end(), IsControl, ' '); // none of them ends a line
     characters_ += Length(line);
     lines_.push_back(std::move(line));

@@ -20,7 +20,10 @@ class TranscriptLines {
 public:
     static constexpr std::size_t kMostLines = 5000;
     static constexpr std::size_t kMostCharacters = std::size_t{1024} * 1024; // each line's end included
+    // Of a line. The toolkit lays out a line as a whole, and takes minutes over a very long one.
+    static constexpr std::size_t kLongestLine = 2000;
 
+    // A line that is too long is cut, and ends in "...".
     void Add(std::string_view text, LineKind kind);
     void Clear();
     const std::deque<TranscriptLine>& Lines() const { return lines_; }

@@ -66,8 +66,8 @@ TEST(TranscriptLines, LoseTheOldestWhenThereAreTooMany) {
 
 TEST(TranscriptLines, LoseTheOldestWhenTheyAreTooLong) {
     TranscriptLines lines;
-    const std::string longLine(TranscriptLines::kMostCharacters / 4, 'x');
-    for (int i = 0; i < 9; ++i) {
+    const std::string longLine(TranscriptLines::kLongestLine, 'x');
+    for (std::size_t i = 0; i < 2 * TranscriptLines::kMostCharacters / longLine.size(); ++i) {
         lines.Add(longLine, LineKind::Others);
         EXPECT_LE(TextOf(lines).size(), TranscriptLines::kMostCharacters);
     }
@@ -76,13 +76,14 @@ TEST(TranscriptLines, LoseTheOldestWhenTheyAreTooLong) {
     EXPECT_EQ(lines.Lines().back().text, "last");
 }
 
-TEST(TranscriptLines, KeepOneLineHoweverLong) {
+TEST(TranscriptLines, AreCutWhenTheyAreTooLong) {
     TranscriptLines lines;
-    lines.Add(std::string(TranscriptLines::kMostCharacters * 2, 'x'), LineKind::Others);
-    ASSERT_EQ(lines.Lines().size(), 1U);
-    lines.Add("next", LineKind::Others);
-    ASSERT_EQ(lines.Lines().size(), 1U);
-    EXPECT_EQ(lines.Lines()[0].text, "next");
+    const std::string longest(TranscriptLines::kLongestLine, 'x');
+    lines.Add(longest, LineKind::Others);
+    lines.Add(longest + 'x', LineKind::Others);
+    ASSERT_EQ(lines.Lines().size(), 2U);
+    EXPECT_EQ(lines.Lines()[0].text, longest);
+    EXPECT_EQ(lines.Lines()[1].text, longest.substr(3) + "...");
 }
 
 TEST(TranscriptLines, AreWhatAWindowShowsHoweverRarelyItAsks) {
