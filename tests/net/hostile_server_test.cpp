@@ -30,6 +30,18 @@ std::string FromBob(std::string_view inner) {
     return "\251play(Ann," + std::string(inner) + ")";
 }
 
+// The message with the number in the place of each "#".
+std::string WithNumber(std::string_view message, std::string_view number) {
+    std::string text;
+    for (const char letter : message) {
+        if (letter == '#')
+            text += number;
+        else
+            text += letter;
+    }
+    return text;
+}
+
 // All that Bob's program would send of its board.
 std::string BoardFromBob() {
     TestClient sender;
@@ -42,7 +54,7 @@ std::string BoardFromBob() {
     return board;
 }
 
-long CountNotices(const TestClient& c) {
+std::ptrdiff_t CountNotices(const TestClient& c) {
     return std::ranges::count_if(c.window.lines,
                                  [](const std::string& line) { return line.starts_with("notice|"); });
 }
@@ -89,23 +101,22 @@ TEST(HostileServer, LeavesAtEveryByteOfABoardAndTheGameThereWasGoesOn) {
 TEST(HostileServer, SendsNumbersOutOfRangeAndNothingChanges) {
     const char* const numbers[] = {"-9", "27", "32767", "-32768", "32768",      "99999999999999999999",
                                    "",   "x",  "1e9",   "0x1F",   "2147483648", "(1)"};
+    const char* const messages[] = {"P(#,1,1,4,4,0,0,2,0,1,0)",
+                                    "P(5,1,1,#,#,0,0,2,0,1,0)",
+                                    "S(#,1,1,2,0,1,0)",
+                                    "J(#,1,1,-4,-4,0,0,2,0,1,0)",
+                                    "J(1,1,1,#,-4,0,0,2,0,1,0)",
+                                    "R(#,#,14,1)",
+                                    "R(4,4,#,1)",
+                                    "R(4,4,14,#)",
+                                    "M(#, #)",
+                                    "M(99, -99)"};
     for (const char* number : numbers) {
         TestClient c;
         c.StartGame();
         const Game before = c.game;
-        const std::string n = number;
-        const Strings messages = {"P(" + n + ",1,1,4,4,0,0,2,0,1,0)",
-                                  "P(5,1,1," + n + "," + n + ",0,0,2,0,1,0)",
-                                  "S(" + n + ",1,1,2,0,1,0)",
-                                  "J(" + n + ",1,1,-4,-4,0,0,2,0,1,0)",
-                                  "J(1,1,1," + n + ",-4,0,0,2,0,1,0)",
-                                  "R(" + n + "," + n + ",14,1)",
-                                  "R(4,4," + n + ",1)",
-                                  "R(4,4,14," + n + ")",
-                                  "M(" + n + ", " + n + ")",
-                                  "M(99, -99)"};
-        for (const std::string& message : messages)
-            c.Receive(FromBob(message));
+        for (const char* message : messages)
+            c.Receive(FromBob(WithNumber(message, number)));
         EXPECT_EQ(c.game, before) << number;
         EXPECT_GE(CountNotices(c), 7) << number;
     }
