@@ -5,17 +5,38 @@ cd "$(dirname "$0")"
 source tools/dependencies.sh
 
 need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" git python3 clang-format-14 clang-tidy-14 libgtest-dev libbenchmark-dev \
-    "${WINDOW_TEST_PACKAGES[@]}"
+    "${WINDOW_TEST_PACKAGES[@]}" "${WINDOWS_PACKAGES[@]}" googletest
+
+windows_program=
+if command -v wineserver >/dev/null; then
+    windows_program=$PWD/build/windows/bin/tarveth.exe
+elif [ "${CI-}" = true ]; then
+    echo "Wine is missing, and with it the tests of the Windows programs." >&2
+    exit 1
+else
+    echo "Skipped, since Wine is missing: the tests of the Windows programs"
+fi
 
 echo "== Formatting and small checks"
 tools/check-format
 tools/check-rooms
 
-echo "== Release: build, lint, test"
-cmake --preset release >/dev/null
+echo "== Release: build, lint"
+cmake --preset release "-DTARVETH_WINDOWS_PROGRAM=$windows_program" >/dev/null
 cmake --build --preset release
 tools/check-headers build/release
 tools/check-lint build/release
+
+if [ -n "$windows_program" ]; then
+    echo "== Windows: build, test under Wine"
+    TARVETH_WX=$(tools/build-wx-windows)
+    export TARVETH_WX
+    cmake --preset windows -DTARVETH_TESTS=ON -DTARVETH_BENCHES=ON "-DTARVETH_MANUAL=$PWD/build/release/bin" >/dev/null
+    cmake --build --preset windows-tests
+    ctest --preset windows
+fi
+
+echo "== Release: test"
 ctest --preset release
 
 echo "== Sanitizers: build, test"

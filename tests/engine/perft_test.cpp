@@ -104,7 +104,8 @@ TEST(Perft, SavedPositions) {
     const auto expectations = ReadExpectations(folder / "midgame.perft");
     ASSERT_GE(expectations.size(), 20U);
     for (const Expectation& e : expectations)
-        EXPECT_EQ(CountTurns(ReadGame(folder / e.file), e.depth), e.counts) << e.file << " depth " << e.depth;
+        EXPECT_EQ(CountTurns(ReadGame((folder / e.file).string()), e.depth), e.counts)
+            << e.file << " depth " << e.depth;
 }
 
 } // namespace test
