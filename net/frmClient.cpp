@@ -25,9 +25,13 @@ namespace {
 constexpr std::size_t kGeneral = 0;
 constexpr std::size_t kPrivate = 1;
 
-// On this thread, and the program wakes up for it.
+// On this thread, and the program wakes up for it. Some systems' toolkit then waits for the next message
+// without being idle once, and what has come in would not be played until the mouse moves.
 void PostToWindows(const std::function<void()>& call) {
-    wxTheApp->CallAfter(call);
+    wxTheApp->CallAfter([call] {
+        call();
+        wxWakeUpIdle();
+    });
 }
 
 } // namespace

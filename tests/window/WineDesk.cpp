@@ -81,12 +81,10 @@ Wine::~Wine() {
     RunToItsEnd({"wineserver", "-w"});
 }
 
-WineFolder::WineFolder(const std::string& options) : path_(NewFolder()) {
+WineFolder::WineFolder(const std::string& options, const std::string& sections) : path_(NewFolder()) {
     std::filesystem::copy_file(WINDOWS_PROGRAM, path_ / "tarveth.exe");
     Write("tarveth.ini", "[Options]\r\nAnimateMoves=0\r\nAutoSaveLog=-1\r\n" + options +
-                             "[Position]\r\nX=0\r\nY=0\r\n"
-                             "[BoardBlack]\r\nR=10\r\nG=20\r\nB=100\r\n"
-                             "[BoardWhite]\r\nR=230\r\nG=240\r\nB=160\r\n");
+                             "[Position]\r\nX=0\r\nY=0\r\n" + kBoardColours + sections);
 }
 
 WineFolder::~WineFolder() {
@@ -112,7 +110,10 @@ WineDesk::WineDesk(const WineFolder& folder, const std::vector<std::string>& arg
 Rect WineDesk::FindBoard() {
     Rect area;
     const bool found = WaitUntil([&] {
-        area = AreaOfBoardColours(screen.Capture());
+        const Rect client = window.ClientArea();
+        area = AreaOfBoardColours(screen.Capture(client));
+        area.x += client.x;
+        area.y += client.y;
         return area.width >= kSquares * 16 && area.width == area.height && area.width % kSquares == 0;
     });
     if (!found) {

@@ -23,9 +23,14 @@ public:
 };
 
 // A folder of the program's own with tarveth.ini, whose board has colours that are found nowhere else.
+// What tarveth.ini says of the board's colours.
+inline constexpr char kBoardColours[] = "[BoardBlack]\r\nR=10\r\nG=20\r\nB=100\r\n"
+                                        "[BoardWhite]\r\nR=230\r\nG=240\r\nB=160\r\n";
+
 class WineFolder {
 public:
-    explicit WineFolder(const std::string& options = {}); // lines of [Options]
+    // Lines of [Options], and more sections.
+    explicit WineFolder(const std::string& options = {}, const std::string& sections = {});
     ~WineFolder();
     WineFolder(const WineFolder&) = delete;
     WineFolder& operator=(const WineFolder&) = delete;
