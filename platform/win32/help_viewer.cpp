@@ -16,11 +16,12 @@ namespace {
 // the viewer's size.
 constexpr std::uintmax_t kLeastViewer = 100 * 1024;
 
+// Wherever the system would look for it.
 bool HasViewer() {
-    std::wstring folder(MAX_PATH, L'\0');
-    folder.resize(GetWindowsDirectoryW(folder.data(), MAX_PATH));
+    wchar_t path[MAX_PATH];
+    const DWORD length = SearchPathW(nullptr, L"winhlp32.exe", nullptr, MAX_PATH, path, nullptr);
     std::error_code error;
-    const auto size = std::filesystem::file_size(std::filesystem::path(folder) / L"winhlp32.exe", error);
+    const auto size = std::filesystem::file_size(std::wstring(path, length < MAX_PATH ? length : 0), error);
     return !error && size >= kLeastViewer;
 }
 

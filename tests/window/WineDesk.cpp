@@ -23,13 +23,12 @@ std::map<std::string, std::string> WineEnvironment() {
             {"LC_ALL", "C.UTF-8"}};
 }
 
-void RunToItsEnd(std::vector<std::string> command) {
+// False when it does not come to its end.
+bool Runs(std::vector<std::string> command) {
     Process process({.command = std::move(command),
                      .environment = WineEnvironment(),
                      .output = std::string(WINE_PREFIX) + ".log"});
-    if (!process.WaitForExit(kBootPatience)) {
-        throw std::runtime_error("Wine does not answer");
-    }
+    return process.WaitForExit(kBootPatience).has_value();
 }
 
 std::filesystem::path NewFolder() {
@@ -73,12 +72,17 @@ Rect AreaOfBoardColours(const Picture& picture) {
 } // namespace
 
 Wine::Wine() {
-    RunToItsEnd({WINE, "wineboot", "--init"});
+    if (!Runs({WINE, "wineboot", "--init"})) {
+        throw std::runtime_error("Wine does not come up");
+    }
 }
 
 Wine::~Wine() {
-    RunToItsEnd({"wineserver", "-k"});
-    RunToItsEnd({"wineserver", "-w"});
+    try {
+        Runs({"wineserver", "-k"});
+        Runs({"wineserver", "-w"});
+    } catch (const std::system_error&) { // no process can be made, and none is left to end
+    }
 }
 
 WineFolder::WineFolder(const std::string& options, const std::string& sections) : path_(NewFolder()) {
