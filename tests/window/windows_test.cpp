@@ -7,21 +7,13 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace tarveth::harness {
 namespace {
 
 class WindowsProgram : public testing::Test {
-protected:
-    static void SetUpTestSuite() { wine_ = std::make_unique<Wine>(); }
-    static void TearDownTestSuite() { wine_.reset(); }
-
 private:
-    static std::unique_ptr<Wine> wine_;
+    Wine wine_;
 };
-
-std::unique_ptr<Wine> WindowsProgram::wine_;
 
 // One step of a recorded game, as its line tells it.
 void PlayStep(WineDesk& desk, const std::string& step) {
