@@ -19,7 +19,8 @@ namespace tarveth::harness {
 
 namespace {
 
-// No keys of its own, so that every key reaches the program; a click gives the keyboard to what is clicked.
+// No keys of its own, and no clicks inside of windows, so that all reach the program, and in their order: a
+// click that the window manager looks at first comes after the key that is pressed right behind it.
 constexpr std::string_view kWindowManagerSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
@@ -27,9 +28,6 @@ constexpr std::string_view kWindowManagerSettings = R"(<?xml version="1.0" encod
   <desktops><number>1</number><popupTime>0</popupTime></desktops>
   <keyboard/>
   <mouse>
-    <context name="Client">
-      <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
-    </context>
     <context name="Titlebar">
       <mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/></mousebind>
       <mousebind button="Left" action="Drag"><action name="Move"/></mousebind>

@@ -20,6 +20,7 @@ protected:
     void SendOff() {
         desk.ClickSquare(kFrom);
         ASSERT_TRUE(desk.PromptBecomes("Place piece"));
+        ASSERT_TRUE(WaitUntil([&] { return desk.screen.Capture(desk.SquareArea(kFrom)) == picked; }));
         desk.ClickSquare(kTo);
     }
 
