@@ -22,11 +22,11 @@ public:
     Wine& operator=(const Wine&) = delete;
 };
 
-// A folder of the program's own with tarveth.ini, whose board has colours that are found nowhere else.
-// What tarveth.ini says of the board's colours.
+// What tarveth.ini says of the board's colours, which are found nowhere else.
 inline constexpr char kBoardColours[] = "[BoardBlack]\r\nR=10\r\nG=20\r\nB=100\r\n"
                                         "[BoardWhite]\r\nR=230\r\nG=240\r\nB=160\r\n";
 
+// A folder with the program and a tarveth.ini in it.
 class WineFolder {
 public:
     // Lines of [Options], and more sections.
