@@ -72,12 +72,13 @@ void frmMain::Connect(const MainWindowParts& parts) {
     CallAfter([this] { NameControls(); }); // nobody reads them before the window is there
 }
 
-// In a dark theme the side's pure colour would be lost on its ground, so the player's name keeps a light one.
+// In a dark theme a side's pure colour would be lost on its ground, so what has one keeps a light ground.
 void frmMain::TakeThemeColours() {
     const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
     lblCurPlayer->SetBackgroundColour(ground.GetLuminance() < 0.5 ? *wxWHITE : wxColour());
     if (!parts_)
         return;
+    ShowLocalSide(localSide_);
     const wxColour jail = ground.ChangeLightness(ground.GetLuminance() < 0.5 ? 108 : 95);
     parts_->board.picJail.BackColor = Rgb(jail.Red(), jail.Green(), jail.Blue());
     parts_->board.RedrawBoard();
@@ -115,8 +116,10 @@ void frmMain::ShowPlayer(std::string_view text, std::uint32_t colour) {
 }
 
 void frmMain::ShowLocalSide(std::int16_t side) {
-    const wxColour own = side == NoSide ? wxNullColour : side == Blue ? *wxBLUE : *wxRED;
-    Label1[1]->SetForegroundColour(own);
+    localSide_ = side;
+    const wxColour none;
+    Label1[1]->SetForegroundColour(side == NoSide ? none : side == Blue ? *wxBLUE : *wxRED);
+    Label1[1]->SetBackgroundColour(side != NoSide && lblCurPlayer->UseBgCol() ? *wxWHITE : none);
     Label1[1]->Refresh();
 }
 

@@ -86,6 +86,7 @@ private:
     void OnIdle(wxIdleEvent& event);
 
     std::unique_ptr<MainWindowParts> parts_; // null until Connect
+    std::int16_t localSide_ = NoSide;        // as last shown
 
     wxMenu* mnuOptions = nullptr;
     wxWindow* surface = nullptr; // holds all the controls

@@ -4,23 +4,51 @@
 
 namespace tarveth {
 
+namespace {
+
+constexpr int kLeastWidth = 40;
+
+} // namespace
+
+// The lines that are shown. The list asks for those in view alone.
+class HistoryList::Rows : public wxDataViewVirtualListModel {
+public:
+    void Add(const std::string& line) {
+        lines_.push_back(line);
+        RowAppended();
+    }
+    void Show(const std::vector<std::string>& lines) {
+        lines_ = lines;
+        Reset(static_cast<unsigned>(lines.size()));
+    }
+
+    void GetValueByRow(wxVariant& value, unsigned row, unsigned) const override {
+        value = row < lines_.size() ? ToWx(lines_[row]) : wxString();
+    }
+    bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
+
+private:
+    std::vector<std::string> lines_;
+};
+
 HistoryList::HistoryList(wxWindow* parent)
-    : wxListBox(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
-                wxLB_SINGLE | wxLB_NEEDED_SB) {}
+    : wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_SINGLE | wxDV_NO_HEADER),
+      rows_(new Rows) {
+    AssociateModel(rows_.get());
+    // With a width of its own the toolkit need not measure every row; the only column takes all there is.
+    AppendColumn(
+        new wxDataViewColumn("", new wxDataViewTextRenderer, 0, FromDIP(kLeastWidth), wxALIGN_LEFT, 0));
+}
 
 void HistoryList::ShowLines(const std::vector<std::string>& lines) {
-    if (lines.size() == GetCount() + 1) {
-        Append(ToWx(lines.back()));
-    } else {
-        wxArrayString all;
-        all.Alloc(lines.size());
-        for (const std::string& line : lines)
-            all.Add(ToWx(line));
-        Set(all);
-    }
+    if (lines.size() == rows_->GetCount() + 1)
+        rows_->Add(lines.back());
+    else
+        rows_->Show(lines);
     if (!lines.empty()) {
-        SetSelection(static_cast<int>(lines.size()) - 1);
-        EnsureVisible(static_cast<int>(lines.size()) - 1);
+        const wxDataViewItem newest = rows_->GetItem(static_cast<unsigned>(lines.size()) - 1);
+        Select(newest);
+        EnsureVisible(newest);
     }
 }
 
