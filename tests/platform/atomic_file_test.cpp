@@ -2,6 +2,7 @@
 
 #include "platform/file_error.h"
 #include "tests/platform/TempFolder.h"
+#include "tests/platform/WriteFails.h"
 
 #include <gtest/gtest.h>
 
@@ -12,15 +13,6 @@ namespace fs = std::filesystem;
 using platform::FileError;
 using platform::ReadWholeFile;
 using platform::WriteFileAtomically;
-
-bool WriteFails(const std::string& file, std::string_view bytes) {
-    try {
-        WriteFileAtomically(file, bytes);
-        return false;
-    } catch (const FileError&) {
-        return true;
-    }
-}
 
 TEST(AtomicFile, AMissingFileIsCreated) {
     const TempFolder folder;

@@ -4,6 +4,7 @@
 #include "platform/file_error.h"
 #include "tests/platform/ForkedChild.h"
 #include "tests/platform/TempFolder.h"
+#include "tests/platform/WriteFails.h"
 
 #include <gtest/gtest.h>
 
@@ -20,15 +21,6 @@ namespace fs = std::filesystem;
 using platform::FileError;
 using platform::ReadWholeFile;
 using platform::WriteFileAtomically;
-
-bool WriteFails(const std::string& file, std::string_view bytes) {
-    try {
-        WriteFileAtomically(file, bytes);
-        return false;
-    } catch (const FileError&) {
-        return true;
-    }
-}
 
 TEST(AtomicFile, TheOldFilesPermissionsStayAndANewOneIsReadableByAll) {
     const TempFolder folder;
