@@ -275,5 +275,17 @@ TEST_P(Link, WithoutAnOpponentNothingIsSwapped) {
     EXPECT_TRUE(c.net.PlayingBlue);
 }
 
+// An invitation that is not answered yet makes no opponent.
+TEST_P(Link, HearsNothingOfAGameWhileItIsInviting) {
+    TestClient c(GetParam());
+    Select(c, 1);
+    InviteSelected(c);
+    const Game before = c.game;
+    c.Lines();
+    EXPECT_EQ(c.Receive("\251play(Ann,X(hello))\251play(Ann,C(board))\251play(Ann,M(4, 5))"), "");
+    EXPECT_EQ(c.Lines(), Strings{});
+    EXPECT_EQ(c.game, before);
+}
+
 } // namespace
 } // namespace tarveth::test
