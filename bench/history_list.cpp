@@ -33,6 +33,7 @@ struct Cost {
 Cost AddingTo(tarveth::HistoryList* list, std::size_t length) {
     using Clock = std::chrono::steady_clock;
     std::vector<std::string> lines = History(length);
+    lines.reserve(length + kLines);
     list->ShowLines({});
     list->ShowLines(lines);
     wxYield();

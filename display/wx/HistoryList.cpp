@@ -2,6 +2,8 @@
 
 #include "display/wx/text.h"
 
+#include <deque>
+
 namespace tarveth {
 
 namespace {
@@ -18,7 +20,7 @@ public:
         RowAppended();
     }
     void Show(const std::vector<std::string>& lines) {
-        lines_ = lines;
+        lines_.assign(lines.begin(), lines.end());
         Reset(static_cast<unsigned>(lines.size()));
     }
 
@@ -28,7 +30,8 @@ public:
     bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
 
 private:
-    std::vector<std::string> lines_;
+    // Not a vector, which moves all its lines when one more no longer fits.
+    std::deque<std::string> lines_;
 };
 
 HistoryList::HistoryList(wxWindow* parent)

@@ -106,8 +106,10 @@ int LobbyProgram::WaitForEnd() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-LobbyClient::LobbyClient(const LobbyProgram& program)
+LobbyClient::LobbyClient(const LobbyProgram& program, int receiveBuffer)
     : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    if (receiveBuffer > 0)
+        setsockopt(socket_, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(static_cast<std::uint16_t>(program.Port()));
@@ -118,7 +120,8 @@ LobbyClient::LobbyClient(const LobbyProgram& program)
     setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
-LobbyClient::LobbyClient(const LobbyProgram& program, const std::string& nick) : LobbyClient(program) {
+LobbyClient::LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer)
+    : LobbyClient(program, receiveBuffer) {
     Say("\251clientver(2.6.4)\251nick(" + nick + ")\251sendnicks()");
     HearUntil("\251addnick(" + nick + ",");
 }

@@ -39,9 +39,10 @@ private:
 
 class LobbyClient {
 public:
-    explicit LobbyClient(const LobbyProgram& program);
+    // receiveBuffer: bytes that the system keeps for it while it does not read; 0 for the usual.
+    explicit LobbyClient(const LobbyProgram& program, int receiveBuffer = 0);
     // With a nickname, and the list of users read.
-    LobbyClient(const LobbyProgram& program, const std::string& nick);
+    LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer = 0);
     ~LobbyClient() { Close(); }
     LobbyClient(LobbyClient&& other) noexcept;
     LobbyClient& operator=(LobbyClient&&) = delete;

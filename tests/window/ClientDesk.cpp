@@ -178,7 +178,7 @@ bool ClientDesk::UsersBecome(const std::vector<std::string>& users) const {
 }
 
 AccessibleNode ClientDesk::Control(const std::string& id) const {
-    const auto control = desk_->reader.WaitFor(WithId(id), Milliseconds(2000));
+    const auto control = desk_->reader.WaitFor(WithId(id));
     if (!control) {
         throw std::runtime_error("no control is called " + id + "\n" + desk_->reader.Outline());
     }

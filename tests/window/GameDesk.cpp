@@ -54,7 +54,7 @@ Rect GameDesk::Pixels(const Rect& units) const {
 }
 
 Rect GameDesk::Place(const std::string& id) const {
-    const auto control = reader.WaitFor(WithId(id), Milliseconds(2000));
+    const auto control = reader.WaitFor(WithId(id));
     if (!control) {
         throw std::runtime_error("no control is called " + id + "\n" + reader.Outline());
     }
@@ -87,7 +87,7 @@ void GameDesk::Move(std::string_view from, std::string_view to) {
 }
 
 bool GameDesk::TextBecomes(const std::string& id, const std::string& text) const {
-    return WaitUntil([&] { return Text(id) == text; }, Milliseconds(10'000));
+    return WaitUntil([&] { return Text(id) == text; });
 }
 
 std::vector<std::string> GameDesk::History() const {

@@ -106,7 +106,7 @@ TEST_F(Keyboard, GoesOnWhereTheMouseWas) {
 
 TEST_F(Keyboard, ReachesTheMoveListAndComesBack) {
     const auto focused = [&](const std::string& id) {
-        return WaitUntil([&] { return desk.reader.Find(WithId(id))->Has("focused"); }, Milliseconds(2000));
+        return WaitUntil([&] { return desk.reader.Find(WithId(id))->Has("focused"); });
     };
     desk.Move("4E", "4D");
     ASSERT_TRUE(TurnBecomes("Red"));

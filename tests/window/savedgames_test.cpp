@@ -66,11 +66,10 @@ protected:
 
     std::string Path(const std::string& file) const { return (folder.Path() / file).string(); }
     bool FileBecomes(const std::string& file, const std::string& bytes) const {
-        return WaitUntil([&] { return folder.Read(file) == bytes; }, Milliseconds(10'000));
+        return WaitUntil([&] { return folder.Read(file) == bytes; });
     }
     bool TitleBecomes(const GameDesk& desk, const std::string& file) const {
-        return WaitUntil([&] { return desk.window.Title() == TitleIn(folder, file) + " (Tarveth)"; },
-                         Milliseconds(10'000));
+        return WaitUntil([&] { return desk.window.Title() == TitleIn(folder, file) + " (Tarveth)"; });
     }
 
     const GameFolder folder{kIni};
@@ -157,7 +156,7 @@ bool LineBecomesSelected(const GameDesk& desk, const std::string& line) {
     const auto selected = [=](const AccessibleNode& node) {
         return cell(line)(node) && node.Has("selected");
     };
-    return desk.reader.WaitFor(selected, Milliseconds(5'000)) && !desk.reader.Find(cell("B:BM 8H-8G"));
+    return WaitUntil([&] { return desk.reader.Find(selected) && !desk.reader.Find(cell("B:BM 8H-8G")); });
 }
 
 TEST_F(SavedGamesDesk, TheNewestLineOfALoadedHistoryIsSelectedAndInView) {
