@@ -31,9 +31,10 @@ std::optional<Piece> Framer::NextInMessage(std::string_view& bytes) {
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         const char c = bytes[at];
         if (c == kMarker) {
+            const bool tooLong = !tooLong_ && kept_.size() + at > longest_;
             bytes.remove_prefix(at);
             inMessage_ = false;
-            return std::nullopt;
+            return tooLong ? std::optional(Piece{Piece::Kind::TooLong, {}, {}, {}}) : std::nullopt;
         }
         if (c == '(') {
             if (depth_ == 0)

@@ -1,6 +1,7 @@
 #include "platform/atomic_file.h"
 
 #include "platform/file_error.h"
+#include "platform/replacement.h"
 #include "platform/text_path.h"
 #include "platform/win32/wide_text.h"
 
@@ -54,31 +55,6 @@ public:
 private:
     HANDLE handle_;
 };
-
-// Removes the file of that name when it goes, unless told to keep it.
-class Removal {
-public:
-    explicit Removal(const fs::path& path) : path_(path) {}
-    ~Removal() {
-        if (!kept_)
-            DeleteFileW(path_.c_str());
-    }
-    Removal(const Removal&) = delete;
-    Removal& operator=(const Removal&) = delete;
-    void Keep() { kept_ = true; }
-
-private:
-    const fs::path& path_;
-    bool kept_ = false;
-};
-
-// The file that a write to this name would reach: a rename onto a link would replace the link itself.
-fs::path FollowLinks(fs::path file) {
-    std::error_code error;
-    for (int links = 0; links < 40 && fs::is_symlink(fs::symlink_status(file, error)); ++links)
-        file = file.parent_path() / fs::read_symlink(file, error);
-    return file;
-}
 
 // Opens a new file beside the target and puts its name into path. A name that a killed program left behind is
 // passed over.
@@ -137,8 +113,11 @@ void WriteFileAtomically(const std::string& file, std::string_view bytes) {
         Fail(file, "cannot be written");
     Removal removal(temporary);
     if (!WriteAll(handle.Get(), bytes) || FlushFileBuffers(handle.Get()) == FALSE || !handle.Close() ||
-        !TakeName(temporary, target, exists))
-        Fail(file, "cannot be written");
+        !TakeName(temporary, target, exists)) {
+        const DWORD error = GetLastError();
+        handle.Close(); // what is open is not removed
+        Fail(file, "cannot be written", error);
+    }
     removal.Keep();
 }
 

@@ -98,6 +98,17 @@ TEST(Framing, AnEndlessMessageTakesNoRoomAndTheNextIsFound) {
     EXPECT_EQ(Frame(framer, "\251nick(a)"), (Strings{"nick|a"}));
 }
 
+TEST(Framing, ATooLongMessageThatAMarkerEndsIsSaidOnceHoweverItsBytesCome) {
+    const std::string bytes = "\251sys(0123456789\251nick(a)";
+    for (std::size_t cut = 0; cut <= bytes.size(); ++cut) {
+        Framer framer(10);
+        Strings found = Frame(framer, bytes.substr(0, cut));
+        for (const auto& piece : Frame(framer, bytes.substr(cut)))
+            found.push_back(piece);
+        EXPECT_EQ(found, (Strings{"too long", "nick|a"})) << cut;
+    }
+}
+
 TEST(Framing, AClosingParenthesisInANameClosesNothing) {
     EXPECT_EQ(Frame("\251a)b(c)"), (Strings{"a)b|c"}));
 }
