@@ -1,141 +1,148 @@
 #include "tests/net/PlainPeer.h"
 
+#include "net/asio.h"
+
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <stdexcept>
 #include <utility>
-
-#include <arpa/inet.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace tarveth {
 
 namespace {
 
+using namespace std::chrono_literals;
+using asio::ip::tcp;
+
 // Far beyond what anything takes; it only keeps a failing test from hanging.
-constexpr int kPatience = 20000; // milliseconds
-constexpr int kTaken = 1000;     // milliseconds without room for a byte: no more is taken
+constexpr auto kPatience = 20s;
+constexpr auto kTaken = 1s; // without room for a byte: no more is taken
 
-bool IsReady(int socket, short events, int patience) {
-    pollfd wait{socket, events, 0};
-    return poll(&wait, 1, patience) == 1;
+// Some systems take a text of any length at once.
+constexpr std::size_t kPiece = 65536;
+
+tcp::endpoint Loopback(int port) {
+    return {asio::ip::address_v4::loopback(), static_cast<std::uint16_t>(port)};
 }
 
-sockaddr_in Loopback(int port) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return address;
-}
-
-int PortOf(int socket, int (*name)(int, sockaddr*, socklen_t*)) {
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    if (name(socket, reinterpret_cast<sockaddr*>(&address), &size) != 0)
-        throw std::runtime_error("a socket has no address");
-    return ntohs(address.sin_port);
-}
-
-int NewSocket(int flags = 0) {
-    return socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | flags, 0);
-}
-
-int BoundSocket() {
-    const int bound = NewSocket();
-    const sockaddr_in address = Loopback(0);
-    if (bind(bound, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
-        throw std::runtime_error("no port is free");
-    return bound;
-}
-
-PlainPeer BeginToConnect(int port) {
-    const int socket = NewSocket(SOCK_NONBLOCK);
-    const sockaddr_in address = Loopback(port);
-    static_cast<void>(connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address));
-    return PlainPeer(socket);
+// Whether the socket has become ready for it in this time.
+template <class Socket>
+bool BecomesReady(asio::io_context& io, Socket& socket, asio::socket_base::wait_type event,
+                  std::chrono::seconds patience) {
+    bool ready = false;
+    socket.async_wait(event, [&ready](const asio::error_code& failure) { ready = !failure; });
+    io.restart();
+    io.run_for(patience);
+    asio::error_code ignored;
+    socket.cancel(ignored);
+    io.run();
+    return ready;
 }
 
 } // namespace
 
-PlainPeer::PlainPeer(PlainPeer&& other) noexcept : socket_(std::exchange(other.socket_, -1)) {}
+struct PlainPeer::Connection {
+    asio::io_context io;
+    TcpSocket socket{io};
+
+    // As much of the bytes as is taken, with so much patience for each piece.
+    std::size_t Write(std::string_view bytes, std::chrono::seconds patience) {
+        std::size_t taken = 0;
+        asio::error_code failure;
+        while (taken < bytes.size() && !failure && BecomesReady(io, socket, TcpSocket::wait_write, patience))
+            taken += socket.write_some(asio::buffer(bytes.substr(taken, kPiece)), failure);
+        return taken;
+    }
+
+    std::string Read(std::size_t size) {
+        std::string bytes;
+        std::array<char, kPiece> piece{};
+        asio::error_code end;
+        while (bytes.size() < size && !end && BecomesReady(io, socket, TcpSocket::wait_read, kPatience)) {
+            const std::size_t most = std::min(piece.size(), size - bytes.size());
+            bytes.append(piece.data(), socket.read_some(asio::buffer(piece, most), end));
+        }
+        return bytes;
+    }
+};
+
+struct HeldPort {
+    asio::io_context io;
+    tcp::acceptor acceptor{io, tcp::v4()};
+
+    HeldPort() { acceptor.bind(Loopback(0)); }
+    int Number() const { return acceptor.local_endpoint().port(); }
+};
+
+PlainPeer::PlainPeer(std::unique_ptr<Connection> connection) : connection_(std::move(connection)) {
+    connection_->socket.non_blocking(true);
+}
+
+PlainPeer::~PlainPeer() = default;
+PlainPeer::PlainPeer(PlainPeer&& other) noexcept = default;
 
 void PlainPeer::Say(std::string_view bytes) const {
-    while (!bytes.empty() && IsReady(socket_, POLLOUT, kPatience)) {
-        const ssize_t sent = send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (sent <= 0)
-            return;
-        bytes.remove_prefix(static_cast<std::size_t>(sent));
-    }
+    connection_->Write(bytes, kPatience);
 }
 
 std::size_t PlainPeer::SayWhatIsTaken(std::string_view bytes) const {
-    std::size_t taken = 0;
-    while (taken < bytes.size() && IsReady(socket_, POLLOUT, kTaken)) {
-        const ssize_t sent =
-            send(socket_, bytes.data() + taken, bytes.size() - taken, MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (sent <= 0)
-            break;
-        taken += static_cast<std::size_t>(sent);
-    }
-    return taken;
+    return connection_->Write(bytes, kTaken);
 }
 
 std::string PlainPeer::Hear(std::size_t size) const {
-    std::string heard;
-    std::array<char, 65536> bytes{};
-    while (heard.size() < size && IsReady(socket_, POLLIN, kPatience)) {
-        const std::size_t most = std::min(bytes.size(), size - heard.size());
-        const ssize_t got = recv(socket_, bytes.data(), most, 0);
-        if (got <= 0)
-            break;
-        heard.append(bytes.data(), static_cast<std::size_t>(got));
-    }
-    return heard;
+    return connection_->Read(size);
 }
 
 int PlainPeer::RemotePort() const {
-    return PortOf(socket_, getpeername);
+    return connection_->socket.remote_endpoint().port();
 }
 
 void PlainPeer::StopWriting() const {
-    shutdown(socket_, SHUT_WR);
+    connection_->socket.shutdown(TcpSocket::shutdown_send);
 }
 
 void PlainPeer::Reset() {
-    const linger now{1, 0};
-    setsockopt(socket_, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+    connection_->socket.set_option(TcpSocket::linger(true, 0));
     Close();
 }
 
 void PlainPeer::Close() {
-    if (socket_ >= 0)
-        close(std::exchange(socket_, -1));
+    asio::error_code ignored;
+    connection_->socket.close(ignored);
 }
 
-PlainListener::PlainListener(int backlog) : socket_(BoundSocket()), port_(PortOf(socket_, getsockname)) {
-    if (listen(socket_, backlog) != 0)
-        throw std::runtime_error("a socket can't listen");
+PlainListener::PlainListener(int backlog) : held_(std::make_unique<HeldPort>()) {
+    held_->acceptor.listen(backlog);
 }
 
-PlainListener::~PlainListener() {
-    close(socket_);
+PlainListener::~PlainListener() = default;
+
+int PlainListener::Port() const {
+    return held_->Number();
 }
 
 PlainPeer PlainListener::Accept() const {
-    if (!IsReady(socket_, POLLIN, kPatience))
+    if (!BecomesReady(held_->io, held_->acceptor, TcpSocket::wait_read, kPatience))
         throw std::runtime_error("nobody connects");
-    return PlainPeer(accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC));
+    auto connection = std::make_unique<PlainPeer::Connection>();
+    held_->acceptor.accept(connection->socket);
+    return PlainPeer(std::move(connection));
 }
 
-RefusingPort::RefusingPort() : socket_(BoundSocket()), port_(PortOf(socket_, getsockname)) {}
+RefusingPort::RefusingPort() : held_(std::make_unique<HeldPort>()) {}
+RefusingPort::~RefusingPort() = default;
 
-RefusingPort::~RefusingPort() {
-    close(socket_);
+int RefusingPort::Port() const {
+    return held_->Number();
 }
 
-SilentPort::SilentPort() : first_(BeginToConnect(Port())), second_(BeginToConnect(Port())) {}
+SilentPort::SilentPort() : first_(Knock()), second_(Knock()) {}
+
+PlainPeer SilentPort::Knock() const {
+    auto connection = std::make_unique<PlainPeer::Connection>();
+    connection->socket.async_connect(Loopback(Port()), [](const asio::error_code&) {});
+    return PlainPeer(std::move(connection));
+}
 
 } // namespace tarveth

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -10,8 +11,10 @@ namespace tarveth {
 
 class PlainPeer {
 public:
-    explicit PlainPeer(int socket) : socket_(socket) {}
-    ~PlainPeer() { Close(); }
+    struct Connection;
+
+    explicit PlainPeer(std::unique_ptr<Connection> connection);
+    ~PlainPeer();
     PlainPeer(PlainPeer&& other) noexcept;
     PlainPeer& operator=(PlainPeer&&) = delete;
 
@@ -28,8 +31,11 @@ public:
     void Close();
 
 private:
-    int socket_;
+    std::unique_ptr<Connection> connection_;
 };
+
+// A port of which this has hold.
+struct HeldPort;
 
 class PlainListener {
 public:
@@ -38,12 +44,11 @@ public:
     PlainListener(const PlainListener&) = delete;
     PlainListener& operator=(const PlainListener&) = delete;
 
-    int Port() const { return port_; }
+    int Port() const;
     PlainPeer Accept() const;
 
 private:
-    int socket_;
-    int port_;
+    std::unique_ptr<HeldPort> held_;
 };
 
 // A port on which nobody listens, nor will while this is there.
@@ -54,11 +59,10 @@ public:
     RefusingPort(const RefusingPort&) = delete;
     RefusingPort& operator=(const RefusingPort&) = delete;
 
-    int Port() const { return port_; }
+    int Port() const;
 
 private:
-    int socket_;
-    int port_;
+    std::unique_ptr<HeldPort> held_;
 };
 
 // A port that doesn't answer at all.
@@ -69,6 +73,8 @@ public:
     int Port() const { return listener_.Port(); }
 
 private:
+    PlainPeer Knock() const;
+
     PlainListener listener_{0};
     PlainPeer first_; // these are never accepted, and there is no room for more
     PlainPeer second_;

@@ -1,79 +1,12 @@
 // The socket on real connections of this computer: connecting, sending, receiving, and every end.
-#include "tests/net/OwnerQueue.h"
-#include "tests/net/PlainPeer.h"
-
-#include <gtest/gtest.h>
+#include "tests/net/LoopbackSocket.h"
 
 #include <optional>
-#include <vector>
 
 namespace tarveth {
 namespace {
 
-constexpr std::size_t kMebibyte = std::size_t{1} << 20;
-
-// Bytes of which no stretch looks like another one near it.
-std::string Bytes(std::size_t size) {
-    std::string bytes(size, 0);
-    unsigned number = 1;
-    for (char& c : bytes) {
-        number = number * 1664525 + 1013904223;
-        c = static_cast<char>(number >> 24);
-    }
-    return bytes;
-}
-
-struct Socket : testing::Test {
-    OwnerQueue owner;
-    PlainListener listener;
-    std::unique_ptr<AsyncSocket> socket;
-    std::vector<std::string> events;
-    std::string text; // received in the events
-
-    Socket() { MakeSocket(); }
-
-    void MakeSocket(int connectSeconds = kConnectSeconds) {
-        socket = CreateAsyncSocket(owner.Post(), connectSeconds);
-        socket->ConnectEvent = [this] { events.emplace_back("connect"); };
-        socket->DataArrivalEvent = [this] {
-            events.emplace_back("data");
-            text += socket->Receive();
-        };
-        socket->CloseEvent = [this] { events.emplace_back("close"); };
-    }
-
-    void BeginToConnect(const std::string& host, int port) {
-        socket->RemoteHost = host;
-        socket->RemotePort = port;
-        socket->CreateSocket();
-        socket->Connect();
-    }
-
-    bool HasTold(const std::string& event) {
-        return owner.RunUntil([&] { return !events.empty() && events.back() == event; });
-    }
-
-    PlainPeer Connect() {
-        BeginToConnect("127.0.0.1", listener.Port());
-        PlainPeer peer = listener.Accept();
-        EXPECT_TRUE(HasTold("connect"));
-        return peer;
-    }
-
-    void Send(const std::string& bytes) {
-        socket->SendBuffer = bytes;
-        socket->Send();
-    }
-
-    void DestroyIn(std::function<void()> AsyncSocket::*event) {
-        socket.get()->*event = [this] {
-            socket.reset();
-            events.emplace_back("destroyed");
-        };
-    }
-};
-
-using Events = std::vector<std::string>;
+using Socket = LoopbackSocket;
 
 TEST_F(Socket, TellsThePeersAddressWhenItHasConnected) {
     EXPECT_EQ(socket->PeerAddress(), kNoPeer);
@@ -282,113 +215,6 @@ TEST_F(Socket, TellsTheNextEventWhenTheHandlerBeforeHasReturned) {
     BeginToConnect("127.0.0.1", listener.Port());
     EXPECT_TRUE(HasTold("close"));
     EXPECT_EQ(events, (Events{"connected", "data", "close"}));
-}
-
-// Destroying: nothing is told any more, whatever was under way.
-
-TEST_F(Socket, CanBeDestroyedBeforeItIsConnected) {
-    socket->CreateSocket();
-    socket.reset();
-    owner.Run();
-    EXPECT_EQ(events, Events{});
-}
-
-TEST_F(Socket, CanBeDestroyedWhileItLooksANameUp) {
-    for (int i = 0; i < 20; ++i) {
-        BeginToConnect(i % 2 == 0 ? "does-not-exist.invalid" : "localhost", listener.Port());
-        MakeSocket();
-    }
-    socket.reset();
-    owner.Run();
-    EXPECT_EQ(events, Events{});
-}
-
-TEST_F(Socket, CanBeDestroyedWhileItConnects) {
-    const SilentPort silent;
-    BeginToConnect("127.0.0.1", silent.Port());
-    socket.reset();
-    owner.Run();
-    EXPECT_EQ(events, Events{});
-}
-
-TEST_F(Socket, CanBeDestroyedWithEventsUnderWay) {
-    BeginToConnect("127.0.0.1", listener.Port());
-    PlainPeer peer = listener.Accept();
-    peer.Say("welcome");
-    socket.reset();
-    owner.Run();
-    EXPECT_EQ(events, Events{});
-    EXPECT_EQ(peer.HearToTheEnd(), "");
-}
-
-TEST_F(Socket, CanBeDestroyedWhileItIsFlooded) {
-    socket->DataArrivalEvent = [this] { events.emplace_back("data"); };
-    const PlainPeer peer = Connect();
-    peer.Say(Bytes(kMebibyte / 2));
-    EXPECT_TRUE(HasTold("data"));
-    socket.reset();
-    owner.Run();
-    EXPECT_EQ(events, (Events{"connect", "data"}));
-}
-
-TEST_F(Socket, CanBeDestroyedWhileThePeerDoesNotRead) {
-    const PlainPeer peer = Connect();
-    Send(Bytes(kMebibyte));
-    socket.reset();
-    owner.Run();
-    EXPECT_EQ(events, Events{"connect"});
-}
-
-TEST_F(Socket, CanBeDestroyedAfterItsEnd) {
-    PlainPeer peer = Connect();
-    peer.Close();
-    EXPECT_TRUE(HasTold("close"));
-    socket.reset();
-    owner.Run();
-    EXPECT_EQ(events, (Events{"connect", "close"}));
-}
-
-TEST_F(Socket, CanBeDestroyedInTheConnectEvent) {
-    DestroyIn(&AsyncSocket::ConnectEvent);
-    BeginToConnect("127.0.0.1", listener.Port());
-    listener.Accept().Say("welcome"); // and closes
-    EXPECT_TRUE(HasTold("destroyed"));
-    owner.Run();
-    EXPECT_EQ(events, Events{"destroyed"});
-}
-
-TEST_F(Socket, CanBeDestroyedInTheConnectEventOfAFailure) {
-    const RefusingPort refusing;
-    DestroyIn(&AsyncSocket::ConnectEvent);
-    BeginToConnect("127.0.0.1", refusing.Port());
-    EXPECT_TRUE(HasTold("destroyed"));
-}
-
-TEST_F(Socket, CanBeDestroyedInTheDataEvent) {
-    DestroyIn(&AsyncSocket::DataArrivalEvent);
-    PlainPeer peer = Connect();
-    peer.Say("welcome");
-    peer.Close();
-    EXPECT_TRUE(HasTold("destroyed"));
-    owner.Run();
-    EXPECT_EQ(events, (Events{"connect", "destroyed"}));
-}
-
-TEST_F(Socket, CanBeDestroyedInTheCloseEvent) {
-    DestroyIn(&AsyncSocket::CloseEvent);
-    PlainPeer peer = Connect();
-    peer.Close();
-    EXPECT_TRUE(HasTold("destroyed"));
-    owner.Run();
-    EXPECT_EQ(events, (Events{"connect", "destroyed"}));
-}
-
-TEST_F(Socket, DestroyedRightAfterASendStillSendsIt) {
-    const PlainPeer peer = Connect();
-    Send("one ");
-    Send("two");
-    socket.reset();
-    EXPECT_EQ(peer.HearToTheEnd(), "one two");
 }
 
 // What Connect and CreateSocket refuse.
