@@ -65,7 +65,8 @@ int main(int count, char** arguments) {
         tarveth::StartLog(options->logLevel);
         tarveth::Serve(*options);
     } catch (const std::exception& error) {
-        spdlog::error("The lobby can't run: {}", error.what());
+        spdlog::error("The lobby can't run on {}, port {}: {}", options->reach.bind, options->reach.port,
+                      error.what());
         return 1;
     }
     return 0;

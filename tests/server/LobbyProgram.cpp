@@ -24,13 +24,13 @@ namespace {
 // Far beyond what anything takes; it only keeps a failing test from hanging.
 constexpr int kPatience = 20000; // milliseconds
 
-[[noreturn]] void RunProgram(const std::vector<std::string>& options, unsigned fileLimit, int log) {
+[[noreturn]] void RunProgram(std::vector<std::string> words, const std::vector<std::string>& options,
+                             unsigned fileLimit, int log) {
     dup2(log, STDERR_FILENO);
     if (fileLimit > 0) {
         const rlimit limit{fileLimit, fileLimit};
         setrlimit(RLIMIT_NOFILE, &limit);
     }
-    std::vector<std::string> words = {LOBBY_PROGRAM};
     if (std::find(options.begin(), options.end(), "--port") == options.end())
         words.insert(words.end(), {"--port", "0"});
     words.insert(words.end(), options.begin(), options.end());
@@ -39,7 +39,7 @@ constexpr int kPatience = 20000; // milliseconds
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
-    execv(LOBBY_PROGRAM, arguments.data());
+    execvp(arguments.front(), arguments.data());
     _exit(127);
 }
 
@@ -58,13 +58,17 @@ bool WaitFor(int file, short events) {
 } // namespace
 
 LobbyProgram::LobbyProgram(const std::vector<std::string>& options, unsigned fileLimit)
+    : LobbyProgram({LOBBY_PROGRAM}, options, fileLimit) {}
+
+LobbyProgram::LobbyProgram(const std::vector<std::string>& command, const std::vector<std::string>& options,
+                           unsigned fileLimit)
     : address_(ValueOf(options, "--bind", "127.0.0.1")) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
     process_ = fork();
     if (process_ == 0)
-        RunProgram(options, fileLimit, ends[1]);
+        RunProgram(command, options, fileLimit, ends[1]);
     close(ends[1]);
     log_ = ends[0];
     const std::string line = LogLine();

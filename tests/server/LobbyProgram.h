@@ -16,6 +16,9 @@ public:
     // options may give another address than 127.0.0.1 and a port of their own.
     // fileLimit: open files that the system lets it have; 0 for the usual.
     explicit LobbyProgram(const std::vector<std::string>& options = {}, unsigned fileLimit = 0);
+    // The program that this command runs, such as one of another system.
+    LobbyProgram(const std::vector<std::string>& command, const std::vector<std::string>& options,
+                 unsigned fileLimit = 0);
     ~LobbyProgram();
     LobbyProgram(const LobbyProgram&) = delete;
     LobbyProgram& operator=(const LobbyProgram&) = delete;

@@ -14,22 +14,6 @@ namespace {
 constexpr int kSquares = 8; // in a row of the board
 constexpr std::uint32_t kDark = 0x0A1464;
 constexpr std::uint32_t kLight = 0xE6F0A0;
-constexpr Milliseconds kBootPatience{180'000}; // it may have to be made first
-
-std::map<std::string, std::string> WineEnvironment() {
-    return {{"WINEPREFIX", WINE_PREFIX},
-            {"WINEDEBUG", "-all"},
-            {"WINEDLLOVERRIDES", "mscoree,mshtml="},
-            {"LC_ALL", "C.UTF-8"}};
-}
-
-// False when it does not come to its end.
-bool Runs(std::vector<std::string> command) {
-    Process process({.command = std::move(command),
-                     .environment = WineEnvironment(),
-                     .output = std::string(WINE_PREFIX) + ".log"});
-    return process.WaitForExit(kBootPatience).has_value();
-}
 
 std::filesystem::path NewFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "tarveth-wine-XXXXXX").string();
@@ -71,20 +55,6 @@ Rect AreaOfBoardColours(const Picture& picture) {
 
 } // namespace
 
-Wine::Wine() {
-    if (!Runs({WINE, "wineboot", "--init"})) {
-        throw std::runtime_error("Wine does not come up");
-    }
-}
-
-Wine::~Wine() {
-    try {
-        Runs({"wineserver", "-k"});
-        Runs({"wineserver", "-w"});
-    } catch (const std::system_error&) { // no process can be made, and none is left to end
-    }
-}
-
 WineFolder::WineFolder(const std::string& options, const std::string& sections) : path_(NewFolder()) {
     std::filesystem::copy_file(WINDOWS_PROGRAM, path_ / "tarveth.exe");
     Write("tarveth.ini", "[Options]\r\nAnimateMoves=0\r\nAutoSaveLog=-1\r\n" + options +
@@ -107,7 +77,7 @@ void WineFolder::Write(const std::string& file, std::string_view bytes) const {
 
 WineDesk::WineDesk(const WineFolder& folder, const std::vector<std::string>& arguments)
     : program(screen, ForProgram(folder, arguments)),
-      window(program.WaitForWindow("Tarveth", kBootPatience)),
+      window(program.WaitForWindow("Tarveth", kWinePatience)),
       board_(FindBoard()) {}
 
 // Once it is all there: as many pixels wide as high, and whole squares.

@@ -3,24 +3,14 @@
 #pragma once
 
 #include "tests/window/Program.h"
+#include "tests/window/Wine.h"
 
 #include <filesystem>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tarveth::harness {
-
-// A Windows of this build's own, which runs as long as this does.
-class Wine {
-public:
-    // Throws std::runtime_error when it does not come up.
-    Wine();
-    ~Wine();
-    Wine(const Wine&) = delete;
-    Wine& operator=(const Wine&) = delete;
-};
 
 // What tarveth.ini says of the board's colours, which are found nowhere else.
 inline constexpr char kBoardColours[] = "[BoardBlack]\r\nR=10\r\nG=20\r\nB=100\r\n"
