@@ -5,7 +5,13 @@ cd "$(dirname "$0")"
 source tools/dependencies.sh
 
 need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" git python3 clang-format-14 clang-tidy-14 libgtest-dev libbenchmark-dev \
-    "${WINDOW_TEST_PACKAGES[@]}" "${WINDOWS_PACKAGES[@]}" googletest
+    "${WINDOW_TEST_PACKAGES[@]}" "${WINDOWS_PACKAGES[@]}" googletest ccache
+
+# What was compiled before comes from a cache outside the tree, also for another clone.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+    export CCACHE_DIR=${XDG_CACHE_HOME:-$HOME/.cache}/tarveth/ccache
+fi
 
 windows_program=
 if command -v wineserver >/dev/null; then
@@ -33,6 +39,7 @@ if [ -n "$windows_program" ]; then
     export TARVETH_WX
     cmake --preset windows -DTARVETH_TESTS=ON -DTARVETH_BENCHES=ON "-DTARVETH_MANUAL=$PWD/build/release/bin" >/dev/null
     cmake --build --preset windows-tests
+    cmake --build --preset windows
     ctest --preset windows
 fi
 

@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 source tools/dependencies.sh
 
-need "${WINDOWS_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" nsis
+need "${WINDOWS_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}"
 TARVETH_WX=$(tools/build-wx-windows)
 export TARVETH_WX
 cmake --preset manual >/dev/null

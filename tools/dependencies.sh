@@ -41,7 +41,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev ha
 LOBBY_PACKAGES=(libasio-dev libcli11-dev libspdlog-dev)
 
 # What programs for Windows are built with and tried on, and what makes the manual for them.
-WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++ cmake ninja-build pkg-config halibut libpng-dev wine wine64)
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++ cmake ninja-build pkg-config halibut libpng-dev wine wine64 nsis)
 
 # The window tests' desktop without a screen, and their hands and eyes.
 WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core

@@ -1,5 +1,6 @@
 ; The installer, for this user alone: no administrator rights, and settings stay beside the program.
-;   makensis -DVERSION=… -DFOLDER=… -DINSTALLER=… tarveth.nsi
+;   makensis -DVERSION=… -DFOLDER=… -DFILES=… -DINSTALLER=… tarveth.nsi
+; FILES takes the folder's files away again, see list_files.cmake.
 
 Target amd64-unicode
 !include "MUI2.nsh"
@@ -49,18 +50,10 @@ Section "Tarveth"
     WriteRegDWORD HKCU "${UNINSTALL}" "NoRepair" 1
 SectionEnd
 
-; Saved games, settings and logs are the player's, and stay.
+; Saved games, settings, logs and pictures of one's own are the player's, and stay.
 Section "Uninstall"
-    Delete "$INSTDIR\tarveth.exe"
-    Delete "$INSTDIR\tarveth-lobby.exe"
-    Delete "$INSTDIR\tarveth.hlp"
-    Delete "$INSTDIR\tarveth.cnt"
-    Delete "$INSTDIR\tarveth.htb"
-    Delete "$INSTDIR\servers.txt"
-    Delete "$INSTDIR\LICENSE.txt"
+    !include "${FILES}"
     Delete "$INSTDIR\uninstall.exe"
-    RMDir /r "$INSTDIR\pics"
-    RMDir /r "$INSTDIR\sounds"
     RMDir "$INSTDIR"
     Delete "$SMPROGRAMS\Tarveth.lnk"
 

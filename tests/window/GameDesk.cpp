@@ -164,6 +164,27 @@ void GameDesk::Choose(std::string_view menuKey, std::string_view itemKey) {
     screen.Key(itemKey);
 }
 
+void GameDesk::AnswerFileDialog(const std::string& title, const std::string& path) {
+    const Window dialog = program.WaitForWindow(title);
+    const auto typed = [&](const AccessibleNode& node) { return node.role == "text" && node.text == path; };
+    if (reader.WaitFor(WithRoleAndName("push button", "Cancel"))) {
+        screen.Key("Ctrl+A");
+        screen.Type(path);
+    }
+    if (!reader.WaitFor(typed)) {
+        throw std::runtime_error(path + " cannot be typed\n" + reader.Outline());
+    }
+    // While it is still looking at the folder, the toolkit's dialog forgets the key.
+    for (int keys = 0; dialog.Visible(); ++keys) {
+        constexpr int kMostKeys = 20;
+        if (keys == kMostKeys) {
+            throw std::runtime_error("the dialog does not take " + path + "\n" + reader.Outline());
+        }
+        screen.Key("Return");
+        WaitUntilAtRest();
+    }
+}
+
 std::optional<int> GameDesk::Close() {
     window.Close();
     return program.WaitForExit();

@@ -62,6 +62,9 @@ public:
     [[nodiscard]] std::string MessageBoxText() const;
     // Chooses by access keys, such as ("F", "n") for New Game.
     void Choose(std::string_view menuKey, std::string_view itemKey);
+    // Answers the file dialog of that title, which is open or comes soon, with a path. Throws
+    // std::runtime_error when it does not take it.
+    void AnswerFileDialog(const std::string& title, const std::string& path);
     // Closes the window; the exit status, nothing when the program stays.
     std::optional<int> Close();
 

@@ -30,16 +30,7 @@ struct Player {
         ASSERT_TRUE(desk.window.Activate());
         desk.WaitUntilAtRest();
         desk.Choose("F", "a");
-        const Window dialog = desk.program.WaitForWindow("Save Game As");
-        ASSERT_TRUE(desk.reader.WaitFor(WithRoleAndName("push button", "Cancel")));
-        desk.screen.Key("Ctrl+A");
-        desk.screen.Type(path);
-        const auto typed = [&](const AccessibleNode& node) {
-            return node.role == "text" && node.text == path;
-        };
-        ASSERT_TRUE(desk.reader.WaitFor(typed)) << desk.reader.Outline();
-        desk.screen.Key("Return");
-        ASSERT_TRUE(dialog.WaitUntilGone());
+        desk.AnswerFileDialog("Save Game As", path);
         ASSERT_TRUE(WaitUntil([&] { return folder.Has(file); }));
     }
 

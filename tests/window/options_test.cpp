@@ -100,20 +100,6 @@ protected:
         return next;
     }
 
-    // Answers a file dialog of that title with a path.
-    void GiveFile(const char* title, const std::string& path) {
-        const Window dialog = desk.program.WaitForWindow(title);
-        ASSERT_TRUE(desk.reader.WaitFor(WithRoleAndName("push button", "Cancel")));
-        desk.screen.Key("Ctrl+A");
-        desk.screen.Type(path);
-        const auto typed = [&](const AccessibleNode& node) {
-            return node.role == "text" && node.text == path;
-        };
-        ASSERT_TRUE(desk.reader.WaitFor(typed)) << desk.reader.Outline();
-        desk.screen.Key("Return");
-        ASSERT_TRUE(dialog.WaitUntilGone());
-    }
-
     // The lines of tarveth.ini after the program has closed, without their ends.
     std::vector<std::string> IniAfterClose() {
         EXPECT_EQ(desk.Close(), 0);
@@ -244,7 +230,7 @@ TEST_F(Options, TakeColorsAndFontsFromTheSystemsDialogs) {
 TEST_F(Options, SetAndClearSounds) {
     const Window dialog = Open(2);
     Press("btnChangeSound(1)");
-    GiveFile("Specify Sound File", TARVETH_SOURCE_DIR "/sounds/victory.wav");
+    desk.AnswerFileDialog("Specify Sound File", TARVETH_SOURCE_DIR "/sounds/victory.wav");
     EXPECT_TRUE(desk.TextBecomes("txtSound(1)", TARVETH_SOURCE_DIR "/sounds/victory.wav"));
     Press("btnClearSound(2)");
     EXPECT_TRUE(desk.TextBecomes("txtSound(2)", "<beep>"));
@@ -261,7 +247,7 @@ TEST_F(Options, LoadASchemeThatChangesThePieces) {
     const Window dialog = Open(3);
     const Picture builtin = desk.screen.Capture(controls["picBluePreview(3)"].extents);
     Press("btnChangePictureScheme");
-    GiveFile("Specify Picture Scheme", scheme);
+    desk.AnswerFileDialog("Specify Picture Scheme", scheme);
     EXPECT_TRUE(desk.TextBecomes("txtPictureScheme", scheme));
     EXPECT_EQ(desk.Text("txtBluePicture(3)"), std::string(kPictures) + "blue1.bmp");
     EXPECT_FALSE(desk.screen.Capture(controls["picBluePreview(3)"].extents) == builtin);
@@ -279,9 +265,9 @@ TEST_F(Options, LoadASchemeThatChangesThePieces) {
 TEST_F(Options, SaveASchemeThatCancelLeavesAndAskBeforeTheyOverwriteIt) {
     const Window dialog = Open(3);
     Press("btnChangeBluePicture(1)");
-    GiveFile("Specify Picture File", std::string(kPictures) + "blue2.bmp");
+    desk.AnswerFileDialog("Specify Picture File", std::string(kPictures) + "blue2.bmp");
     Press("btnSavePictureScheme");
-    GiveFile("Save Picture Scheme As", folder.Path() / "blue");
+    desk.AnswerFileDialog("Save Picture Scheme As", folder.Path() / "blue");
     EXPECT_TRUE(desk.TextBecomes("txtPictureScheme", folder.Path() / "blue.tps"));
     const std::string written = folder.Read("blue.tps");
     EXPECT_EQ(written, "[Blue]\r\n1Blue=" + std::string(kPictures) +
@@ -290,7 +276,7 @@ TEST_F(Options, SaveASchemeThatCancelLeavesAndAskBeforeTheyOverwriteIt) {
 
     Press("btnClearBluePicture(1)");
     Press("btnSavePictureScheme");
-    GiveFile("Save Picture Scheme As", folder.Path() / "blue.tps");
+    desk.AnswerFileDialog("Save Picture Scheme As", folder.Path() / "blue.tps");
     const Window question = NextDialog();
     EXPECT_NE(desk.reader.Outline().find("blue.tps\nThis file already exists. Overwrite it?"),
               std::string::npos);
@@ -308,7 +294,7 @@ TEST_F(Options, TellOnceAboutPicturesThatCannotBeUsed) {
     const Picture before = desk.Board();
     const Window dialog = Open(3);
     Press("btnChangePictureScheme");
-    GiveFile("Specify Picture Scheme", folder.Path() / "bad.tps");
+    desk.AnswerFileDialog("Specify Picture Scheme", folder.Path() / "bad.tps");
     Press("btnOkay");
     EXPECT_TRUE(dialog.WaitUntilGone());
     const Window box = desk.MessageBox();

@@ -51,15 +51,8 @@ protected:
     }
     // The same, and answers it with a path.
     void Answer(GameDesk& desk, std::string_view item, const std::string& title, const std::string& path) {
-        const Window dialog = OpenDialog(desk, item, title);
-        desk.screen.Key("Ctrl+A");
-        desk.screen.Type(path);
-        const auto typed = [&](const AccessibleNode& node) {
-            return node.role == "text" && node.text == path;
-        };
-        ASSERT_TRUE(desk.reader.WaitFor(typed)) << desk.reader.Outline();
-        desk.screen.Key("Return");
-        ASSERT_TRUE(dialog.WaitUntilGone());
+        desk.Choose("F", item);
+        desk.AnswerFileDialog(title, path);
     }
     void SaveAs(GameDesk& desk, const std::string& path) { Answer(desk, "a", "Save Game As", path); }
     void Load(GameDesk& desk, const std::string& path) { Answer(desk, "l", "Load Game", path); }
@@ -131,6 +124,7 @@ TEST_F(SavedGamesDesk, LoadPutsTheGameWithItsHistoryOnTheBoard) {
 
     desk.Choose("F", "n");
     ASSERT_TRUE(desk.TextBecomes("lblCurPlayer", "Blue"));
+    desk.WaitUntilAtRest();
     EXPECT_EQ(folder.Read("small.tsg.log"), "B:BP 4E-4D\r\nR:RO 4C-4D cBP\r\nB:BP 6E-6D\r\n");
     EXPECT_EQ(folder.Read("lastgame.log"), "") << "only what the start wrote";
     EXPECT_EQ(desk.window.Title(), "Tarveth");

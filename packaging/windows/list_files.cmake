@@ -1,0 +1,21 @@
+# Writes what the installer's uninstaller takes away: the files of FOLDER, and no other, and the folders that are empty
+# then. Run as a script with -DFOLDER and -DLIST.
+file(GLOB_RECURSE files RELATIVE "${FOLDER}" "${FOLDER}/*")
+set(lines "")
+set(folders "")
+foreach(file IN LISTS files)
+  string(REPLACE "/" "\\" path "${file}")
+  string(APPEND lines "Delete \"$INSTDIR\\${path}\"\n")
+  cmake_path(GET file PARENT_PATH folder)
+  while(folder)
+    list(APPEND folders "${folder}")
+    cmake_path(GET folder PARENT_PATH folder)
+  endwhile()
+endforeach()
+list(REMOVE_DUPLICATES folders)
+list(SORT folders ORDER DESCENDING) # what is inside comes first
+foreach(folder IN LISTS folders)
+  string(REPLACE "/" "\\" path "${folder}")
+  string(APPEND lines "RMDir \"$INSTDIR\\${path}\"\n")
+endforeach()
+file(WRITE "${LIST}" "${lines}")
