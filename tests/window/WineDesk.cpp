@@ -75,6 +75,10 @@ void WineFolder::Write(const std::string& file, std::string_view bytes) const {
     std::ofstream(path_ / file, std::ios::binary) << bytes;
 }
 
+void WineFolder::Bring(const std::string& file) const {
+    std::filesystem::copy_file(std::filesystem::path(WINDOWS_PROGRAM).parent_path() / file, path_ / file);
+}
+
 WineDesk::WineDesk(const WineFolder& folder, const std::vector<std::string>& arguments)
     : program(screen, ForProgram(folder, arguments)),
       window(program.WaitForWindow("Tarveth", kWinePatience)),

@@ -29,6 +29,8 @@ public:
     // The bytes of a file, none when it is not there.
     [[nodiscard]] std::string Read(const std::string& file) const;
     void Write(const std::string& file, std::string_view bytes) const;
+    // Puts a file there that is built beside the program.
+    void Bring(const std::string& file) const;
 
 private:
     std::filesystem::path path_;

@@ -7,8 +7,18 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <optional>
+
 namespace tarveth::harness {
 namespace {
+
+constexpr std::uint32_t kLink = 0x0000FF; // to another page of the manual
+constexpr std::uint32_t kViewersLink = 0x008000;
+
+bool Holds(const Picture& picture, std::uint32_t colour) {
+    return std::find(picture.pixels.begin(), picture.pixels.end(), colour) != picture.pixels.end();
+}
 
 class WindowsProgram : public testing::Test {
 private:
@@ -85,6 +95,44 @@ TEST_F(WindowsProgram, WritesItsSettingsWhenItCloses) {
     EXPECT_NE(ini.find("\r\nNickname=J\xfcrgen\r\n"), std::string::npos) << ini;
     EXPECT_NE(ini.find("\r\nSoundVictor=\r\n"), std::string::npos) << ini;
     EXPECT_NE(ini.find("[ClientOptions]\r\n"), std::string::npos) << ini;
+}
+
+TEST_F(WindowsProgram, OpensTheManualInTheSystemsViewer) {
+    const WineFolder folder;
+    folder.Bring("tarveth.hlp");
+    folder.Bring("tarveth.cnt");
+    folder.Bring("tarveth.htb");
+    WineDesk desk(folder);
+    desk.Choose("h", "h");
+    const auto viewer = [&]() -> std::optional<Window> {
+        for (const WindowId id : desk.screen.TopLevels()) {
+            if (Window other(desk.screen, id); id != desk.window.Id() && other.Visible()) {
+                return other;
+            }
+        }
+        return {};
+    };
+    ASSERT_TRUE(WaitUntil([&] { return viewer().has_value(); }));
+    EXPECT_TRUE(WaitUntil([&] { return Holds(viewer()->Capture(), kViewersLink); }))
+        << "the list of chapters";
+    EXPECT_EQ(desk.program.Windows().size(), 1U) << "the viewer is a program of its own";
+    desk.KeepShot("windows-help-viewer");
+    viewer()->Close();
+    EXPECT_TRUE(WaitUntil([&] { return !viewer(); }));
+    EXPECT_TRUE(desk.Close());
+}
+
+TEST_F(WindowsProgram, OpensTheManualInItsOwnWindowWhereTheViewerHasNoFile) {
+    const WineFolder folder;
+    folder.Bring("tarveth.htb");
+    WineDesk desk(folder);
+    desk.Choose("h", "h");
+    Window manual = desk.program.WaitForWindow("Tarveth Manual");
+    EXPECT_TRUE(WaitUntil([&] { return Holds(manual.Capture(), kLink); })) << "the list of chapters";
+    desk.KeepShot("windows-help");
+    manual.Close();
+    EXPECT_TRUE(manual.WaitUntilGone());
+    EXPECT_TRUE(desk.Close());
 }
 
 } // namespace
