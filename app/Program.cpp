@@ -171,6 +171,7 @@ void Program::SaveClient(const WindowPosition& position) {
 }
 
 void Program::SaveEverything(const WindowPosition& position) {
+    help_.Close();
     if (client_)
         client_->Close(true);
     SaveClientOptions(settings_, ini_, writableFolder_);

@@ -29,6 +29,11 @@ void Help::Show() {
         wxMessageBox(wxString::FromUTF8(problem), "Tarveth", wxOK | wxICON_ERROR, parent_);
 }
 
+void Help::Close() {
+    if (window_ != nullptr)
+        window_->Close();
+}
+
 bool Help::ShowInSystemViewer() const {
     const std::string file = Find("tarveth.hlp");
     return !file.empty() && platform::WinHelpA(parent_->GetHandle(), file, platform::kHelpContents, 0);

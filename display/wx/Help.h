@@ -18,6 +18,9 @@ public:
 
     // Opens the manual, or says in a message box why it cannot be.
     void Show();
+    // Closes the manual's window, which must not be open when `parent` goes: the toolkit would delete it
+    // while it walks along the list of windows that it stands in.
+    void Close();
 
 private:
     bool ShowInSystemViewer() const;

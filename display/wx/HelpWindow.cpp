@@ -45,6 +45,11 @@ public:
         return true;
     }
 
+    void Close() override {
+        if (wxHtmlHelpFrame* frame = controller_.GetFrame())
+            frame->Close(true);
+    }
+
 private:
     // As wide as a line of text that is easy to read and the contents beside it, where the screen has room
     // for them.

@@ -20,10 +20,12 @@ public:
     // Shows the manual's first page, in the window that is open already if there is one. False when the book
     // cannot be read.
     virtual bool Show() = 0;
+    // Closes the window if it is open; it can be shown again.
+    virtual void Close() = 0;
 };
 
 // The module's one door: makes the window's owner for a book, a path to a .htb file in UTF-8. The window
-// closes with `parent`. Nothing is shown yet.
+// is to be closed before `parent` goes. Nothing is shown yet.
 inline constexpr char kNewHelpWindow[] = "TarvethNewHelpWindow";
 using NewHelpWindow = HelpWindow* (*)(wxWindow* parent, const char* book);
 

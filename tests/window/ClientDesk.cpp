@@ -186,21 +186,27 @@ AccessibleNode ClientDesk::Control(const std::string& id) const {
 }
 
 Window ClientDesk::Box(std::string_view title, const std::string& text) const {
-    std::optional<Window> box;
-    WaitUntil([&] {
-        for (const Window& other : desk_->program.Windows()) {
-            if (other.Title() == title && other.Id() != desk_->window.Id() && other.Id() != window.Id()) {
-                box = other;
-            }
-        }
-        return box.has_value();
-    });
-    if (!box || !box->Activate()) {
-        throw std::runtime_error("no box \"" + std::string(title) + "\"\n" + desk_->reader.Outline());
-    }
+    // First what it says: the window that asks for a moment's patience has the same title.
     const auto saysIt = [&](const AccessibleNode& node) { return node.role == "label" && node.text == text; };
     if (!desk_->reader.WaitFor(saysIt)) {
-        throw std::runtime_error("the box does not say: " + text + "\n" + desk_->reader.Outline());
+        throw std::runtime_error("no box says: " + text + "\n" + desk_->reader.Outline());
+    }
+    std::optional<Window> box;
+    const bool hasKeyboard = WaitUntil([&] {
+        std::optional<Window> newest;
+        for (const Window& other : desk_->program.Windows()) {
+            if (other.Title() == title && other.Id() != desk_->window.Id() && other.Id() != window.Id()) {
+                newest = other;
+            }
+        }
+        if (newest && (!box || box->Id() != newest->Id())) {
+            newest->AskForKeyboard();
+        }
+        box = newest;
+        return box && desk_->screen.Active() == box->Id();
+    });
+    if (!hasKeyboard) {
+        throw std::runtime_error("no box \"" + std::string(title) + "\"\n" + desk_->reader.Outline());
     }
     desk_->WaitUntilAtRest();
     return *box;
