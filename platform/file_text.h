@@ -9,7 +9,7 @@
 namespace tarveth::platform {
 
 // The text that bytes out of a file stand for; valid UTF-8 on Windows, whatever they are.
-std::string TextFromFile(std::string_view bytes);
+std::string TextFromFile(std::string bytes);
 
 // The bytes for a file. A text that the code page has no letters for stays UTF-8, with the mark of a UTF-8
 // file in front, by which TextFromFile knows it.

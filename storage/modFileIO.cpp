@@ -104,16 +104,24 @@ public:
         return number;
     }
 
-    // A number of things of so many lines each. A number that the rest of the file cannot hold is refused
-    // here, before anybody makes room for it.
-    int Count(int least, int most, int linesEach, const std::string& what) {
+    // A number of things of one line or more each.
+    int Count(int least, int most, const std::string& what) {
         const double number = std::nearbyint(Val(Line()));
         if (number < least || number > most)
             FailRange(least, most, what);
-        const int count = static_cast<int>(number);
-        if (CountLinesLeft() < static_cast<std::size_t>(count) * static_cast<std::size_t>(linesEach))
-            Fail("the file is too short for " + what + " given here");
-        return count;
+        return static_cast<int>(number);
+    }
+
+    // The line that gave a number which the rest of the file cannot hold is the wrong one, not the file's
+    // end.
+    [[noreturn]] void FailTooShort(std::size_t line, const std::string& what) const {
+        Fail(line, "the file is too short for " + what + " given here");
+    }
+    bool HasLines(int count) const {
+        std::string_view rest = rest_;
+        for (; count > 0 && !rest.empty(); --count)
+            rest.remove_prefix(std::min(rest.find('\n'), rest.size() - 1) + 1);
+        return count == 0;
     }
 
     // 1 to 8 on the board, -1 to -8 in the jail.
@@ -129,11 +137,6 @@ private:
     [[noreturn]] void FailRange(int least, int most, const std::string& what) const {
         Fail(what + " must be " + std::to_string(least) +
              (most == least ? "" : " to " + std::to_string(most)));
-    }
-
-    std::size_t CountLinesLeft() const {
-        const auto ends = static_cast<std::size_t>(std::count(rest_.begin(), rest_.end(), '\n'));
-        return ends + (AtEnd() || rest_.ends_with('\n') ? 0 : 1);
     }
 
     std::string_view rest_;
@@ -155,8 +158,16 @@ PieceRecord ReadPiece(Reader& reader) {
     return piece;
 }
 
+// The number of pieces in the table that follows.
+int ReadTableCount(Reader& reader, int least, const std::string& what) {
+    const int count = reader.Count(least, kPieces, what);
+    if (!reader.HasLines(count * kLinesPerPiece))
+        reader.FailTooShort(reader.LineNumber(), what);
+    return count;
+}
+
 void ReadPieceTable(Reader& reader, Game& game) {
-    reader.Count(kPieces, kPieces, kLinesPerPiece, "the number of pieces");
+    ReadTableCount(reader, kPieces, "the number of pieces");
     for (int i = 1; i <= kPieces; ++i) {
         const std::size_t line = reader.LineNumber() + 1;
         const PieceRecord piece = ReadPiece(reader);
@@ -176,7 +187,7 @@ bool HasJailedPiece(const Game& game, const PieceRecord& jailed) {
 }
 
 void ReadJailTable(Reader& reader, Game& game) {
-    const int count = reader.Count(0, kPieces, kLinesPerPiece, "the number of pieces in the jail");
+    const int count = ReadTableCount(reader, 0, "the number of pieces in the jail");
     for (int i = 1; i <= count; ++i) {
         const std::size_t line = reader.LineNumber() + 1;
         const PieceRecord jailed = ReadPiece(reader);
@@ -189,10 +200,15 @@ void ReadJailTable(Reader& reader, Game& game) {
 void ReadHistory(Reader& reader, Game& game) {
     if (reader.AtEnd())
         return;
-    const int count = reader.Count(0, kLongestHistory, 1, "the number of history lines");
+    const std::string what = "the number of history lines";
+    const int count = reader.Count(0, kLongestHistory, what);
+    const std::size_t countLine = reader.LineNumber();
     game.lstHistory.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
+        if (reader.AtEnd()) // looking for all the ends beforehand would take longer than all the rest
+            reader.FailTooShort(countLine, what);
         game.lstHistory.emplace_back(reader.Line());
+    }
 }
 
 } // namespace
@@ -228,8 +244,7 @@ void WriteGame(const Game& game, std::string_view gameTitle, const std::string& 
 }
 
 Game ReadGame(const std::string& path) {
-    const std::string bytes = platform::ReadWholeFile(path, kLongestFile);
-    return ParseGame(platform::TextFromFile(bytes), path);
+    return ParseGame(platform::TextFromFile(platform::ReadWholeFile(path, kLongestFile)), path);
 }
 
 void WriteGameLog(const Game& game, const std::string& path) {

@@ -2,8 +2,8 @@
 
 namespace tarveth::platform {
 
-std::string TextFromFile(std::string_view bytes) {
-    return std::string(bytes);
+std::string TextFromFile(std::string bytes) {
+    return bytes;
 }
 
 std::string TextForFile(std::string_view text) {

@@ -10,9 +10,9 @@ constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
 } // namespace
 
-std::string TextFromFile(std::string_view bytes) {
+std::string TextFromFile(std::string bytes) {
     if (bytes.starts_with(kByteOrderMark))
-        return TextFromWide(WideFromText(bytes.substr(kByteOrderMark.size())));
+        return TextFromWide(WideFromText(std::string_view(bytes).substr(kByteOrderMark.size())));
     return TextFromWide(WideFromAnsi(bytes));
 }
 
