@@ -48,18 +48,21 @@ private:
     }
 };
 
+// Nobody reads its screen and no history is shown: the toolkit forgets what a reader was told, and the
+// picture of a list's rows, when some time has gone by.
 TEST(AtRest, TheProgramUsesNoProcessor) {
-    const GameFolder folder(kMoving);
-    GameDesk desk(folder);
-    desk.Move(kFrom, kTo);
-    ASSERT_TRUE(desk.TextBecomes("lblCurPlayer", "Red"));
+    const GameFolder folder("[Options]\r\nAnimateMoves=-1\r\nAutoSaveLog=-1\r\n");
+    GameDesk desk(folder, {.environment = {{"NO_AT_BRIDGE", "1"}}});
+    for (const char* key : {"Up", "Return", "Up", "Return"}) // shows the cursor on 4E; to 4D
+        desk.screen.Key(key);
     desk.WaitUntilAtRest();
     const ProcessUsage before = desk.program.Usage();
     std::this_thread::sleep_for(std::chrono::seconds(20));
     const ProcessUsage after = desk.program.Usage();
     EXPECT_EQ(after.cpuSeconds, before.cpuSeconds);
     EXPECT_LT(after.voluntarySwitches - before.voluntarySwitches, 20);
-    EXPECT_TRUE(desk.program.Alive());
+    desk.Choose("F", "n");
+    EXPECT_TRUE(WaitUntil([&] { return folder.Read("lastgame.log") == "B:BP 4E-4D\r\n"; }));
 }
 
 TEST(InAHurry, KeysWithNoTimeBetweenThemAreAllPlayed) {
