@@ -1,6 +1,7 @@
 // Starts the game.
 #include "app/Program.h"
 #include "platform/command_line.h"
+#include "platform/fonts.h"
 #include "platform/text_path.h"
 #include "version.h"
 
@@ -64,6 +65,7 @@ public:
 
     bool OnInit() override {
         SetAppName("Tarveth");
+        platform::BeginReadingFonts();
         program_ = std::make_unique<Program>();
         program_->Start(gameFile_);
         return true;

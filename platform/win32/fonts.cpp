@@ -1,0 +1,8 @@
+#include "platform/fonts.h"
+
+namespace tarveth::platform {
+
+// Here the system has read them already.
+void BeginReadingFonts() {}
+
+} // namespace tarveth::platform
