@@ -103,20 +103,25 @@ std::vector<std::string> GameDesk::History() const {
 }
 
 void GameDesk::WaitUntilAtRest() {
+    if (!ComesToRest(kPatience)) {
+        throw std::runtime_error("the program does not come to rest");
+    }
+}
+
+bool GameDesk::ComesToRest(Milliseconds patience) {
     constexpr Milliseconds kRest{60}; // some frames of the screen
     long long switches = -1;
     auto since = std::chrono::steady_clock::now();
-    const bool rested = WaitUntil([&] {
-        const auto now = std::chrono::steady_clock::now();
-        const long long before = std::exchange(switches, program.Usage().voluntarySwitches);
-        if (before != switches || !Sleeps(program.Pid())) {
-            since = now;
-        }
-        return now - since >= kRest || !program.Alive();
-    });
-    if (!rested) {
-        throw std::runtime_error("the program does not come to rest");
-    }
+    return WaitUntil(
+        [&] {
+            const auto now = std::chrono::steady_clock::now();
+            const long long before = std::exchange(switches, program.Usage().voluntarySwitches);
+            if (before != switches || !Sleeps(program.Pid())) {
+                since = now;
+            }
+            return now - since >= kRest || !program.Alive();
+        },
+        patience);
 }
 
 Picture GameDesk::Board() {
@@ -174,14 +179,16 @@ void GameDesk::AnswerFileDialog(const std::string& title, const std::string& pat
     if (!reader.WaitFor(typed)) {
         throw std::runtime_error(path + " cannot be typed\n" + reader.Outline());
     }
-    // While it is still looking at the folder, the toolkit's dialog forgets the key.
+    // While it is still looking at the folder, the toolkit's dialog forgets the key, and may turn a wheel for
+    // ever.
+    constexpr Milliseconds kLook{2'000};
     for (int keys = 0; dialog.Visible(); ++keys) {
         constexpr int kMostKeys = 20;
         if (keys == kMostKeys) {
             throw std::runtime_error("the dialog does not take " + path + "\n" + reader.Outline());
         }
         screen.Key("Return");
-        WaitUntilAtRest();
+        ComesToRest(kLook);
     }
 }
 

@@ -74,6 +74,8 @@ public:
     ScreenReader reader;
 
 private:
+    bool ComesToRest(Milliseconds patience);
+
     int scale_;
     mutable Rect board_{}; // of picDisplay, while the window is where boardWindow_ says
     mutable Rect boardWindow_{};
