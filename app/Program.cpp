@@ -40,9 +40,9 @@ Program::Program()
              writableFolder_) {}
 
 MainWindowParts Program::Parts() {
-    const auto save = [this](const WindowPosition& position) { SaveEverything(position); };
+    const auto atClose = [this](const WindowPosition& position) { Finish(position); };
     const auto gameEndSound = [this](bool won) { sounds_.GameEndSound(won); };
-    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), save, gameEndSound};
+    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), atClose, gameEndSound};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {
@@ -170,7 +170,7 @@ void Program::SaveClient(const WindowPosition& position) {
     ini_.IniFlush();
 }
 
-void Program::SaveEverything(const WindowPosition& position) {
+void Program::Finish(const WindowPosition& position) {
     help_.Close();
     if (client_)
         client_->Close(true);

@@ -192,7 +192,7 @@ void frmMain::OnClose(wxCloseEvent& event) {
         parts_->main.RunCommand([this] { Close(true); }); // the command itself keeps it busy
         return;
     }
-    parts_->saveSettings(Position());
+    parts_->atClose(Position());
     Timer1.Stop();
     parts_->main.SetGameState(kReset);
     event.Skip(); // destroys the window, and with the last one the program ends

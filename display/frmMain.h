@@ -32,8 +32,8 @@ struct MainWindowParts {
     modMAIN& main;
     BoardDisplay& board;
     BoardMouse& mouse;
-    std::map<int, std::function<void()>> commands; // by MainMenuItem; an item without one is disabled
-    std::function<void(const WindowPosition&)> saveSettings; // at the close
+    std::map<int, std::function<void()>> commands;      // by MainMenuItem; an item without one is disabled
+    std::function<void(const WindowPosition&)> atClose; // before the window goes
     std::function<void(bool localPlayerWon)> gameEndSound;
 };
 

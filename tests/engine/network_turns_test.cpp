@@ -14,6 +14,13 @@ void StartNetworkGame(TestGame& g, bool playingBlue) {
     g.net.PlayingBlue = playingBlue;
 }
 
+// The opponent's piece on 4D takes the one on 4E.
+void ReceiveCapture(TestGame& g) {
+    g.net.RemoteX = TextQueue("4|4|");
+    g.net.RemoteY = TextQueue("4|5|");
+    g.main.RunPasses();
+}
+
 TEST(NetworkMoves, SelectionAndDestinationAreSent) {
     TestGame g("turn B | BM 4G | RM 8A");
     StartNetworkGame(g, true);
@@ -87,9 +94,7 @@ TEST(NetworkReturns, ARefusedReturnSquareIsNotSent) {
 TEST(NetworkReturns, TheWaitingPlayerIsAskedNothingAndMayNotPlaceIt) {
     TestGame g("turn B | BM 4D | RM 4E | jail BP BO");
     StartNetworkGame(g, false);
-    g.net.RemoteX = TextQueue("4|4|");
-    g.net.RemoteY = TextQueue("4|5|");
-    g.main.RunPasses();
+    ReceiveCapture(g);
     EXPECT_EQ(g.game.GameState, 3);
     EXPECT_EQ(g.port.returnQuestions, 0);
     g.game.ClickX = g.game.ClickY = 1;
@@ -111,21 +116,13 @@ TEST(NetworkReturns, RedPlacesItsOwnInANetworkGame) {
 }
 
 TEST(NetworkReturns, TheWaitingSideEndsTheTurnWhenNoneIsDue) {
-    TestGame none("turn B | BM 4D | RM 4E | jail BM");
-    StartNetworkGame(none, false);
-    none.net.RemoteX = TextQueue("4|4|");
-    none.net.RemoteY = TextQueue("4|5|");
-    none.main.RunPasses();
-    EXPECT_EQ(none.game.GameState, 1);
-    EXPECT_EQ(none.game.Turn, Red);
-
-    TestGame ownSide("turn B | BM 4D | BO 4E | jail BP");
-    StartNetworkGame(ownSide, false);
-    ownSide.net.RemoteX = TextQueue("4|4|");
-    ownSide.net.RemoteY = TextQueue("4|5|");
-    ownSide.main.RunPasses();
-    EXPECT_EQ(ownSide.game.GameState, 1);
-    EXPECT_EQ(ownSide.game.Turn, Red);
+    for (const char* position : {"turn B | BM 4D | RM 4E | jail BM", "turn B | BM 4D | BO 4E | jail BP"}) {
+        TestGame g(position);
+        StartNetworkGame(g, false);
+        ReceiveCapture(g);
+        EXPECT_EQ(g.game.GameState, 1) << position;
+        EXPECT_EQ(g.game.Turn, Red) << position;
+    }
 }
 
 class AwaitedReturn : public testing::Test {
@@ -136,9 +133,7 @@ protected:
         StartNetworkGame(g, false);
         g.game.ReturnKind = Officer; // left from an earlier return
         g.game.ReturnSlot = 9;
-        g.net.RemoteX = TextQueue("4|4|");
-        g.net.RemoteY = TextQueue("4|5|");
-        g.main.RunPasses();
+        ReceiveCapture(g);
         g.port.returnChoice = 2;
     }
 };
