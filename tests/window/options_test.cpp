@@ -1,143 +1,12 @@
-// The options dialog of the real program: its pages, what Okay changes at once and in tarveth.ini, and what
-// Cancel leaves alone.
+// The options dialog of the real program: what Okay changes at once and in tarveth.ini, and what Cancel
+// leaves alone.
 
-#include "tests/window/GameDesk.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <map>
-#include <utility>
+#include "tests/window/OptionsDesk.h"
 
 namespace tarveth::harness {
 namespace {
 
-constexpr const char* kIni =
-    "[Options]\r\nAnimateMoves=0\r\n"
-    "[Sounds]\r\nNewUserSoundDelay=7\r\nSoundLoser=/sounds/lost.wav\r\n"
-    "[ClientOptions]\r\nTranscriptFontName=Times New Roman\r\nTranscriptFontSize=14\r\n";
-
-// Pictures of 48 pixels; a Blue Master fills most of its square, a Pawn little.
-constexpr const char* kPictures = TARVETH_SOURCE_DIR "/pics/48/";
-
-std::string SchemeOfMastersOnly() {
-    std::string text;
-    for (const std::string side : {"Blue", "Red"}) {
-        text += "[" + side + "]\r\n";
-        for (const char kind : {'1', '2', '3'}) {
-            text += kind + side + "=" + kPictures + (side == "Blue" ? "blue" : "red") + "1.bmp\r\n";
-        }
-    }
-    return text;
-}
-
-class Options : public testing::Test {
-protected:
-    // Opens the dialog by its access keys, on the page with that number.
-    Window Open(int page = 0) {
-        EXPECT_TRUE(desk.window.Activate());
-        desk.Choose("O", "o");
-        Window dialog = desk.program.WaitForWindow("Tarveth Options");
-        for (int i = 0; i < page; ++i) {
-            desk.screen.Key("Down");
-        }
-        if (page > 0) {
-            EXPECT_TRUE(WaitUntil([&] { return Showing("fraOptions(" + std::to_string(page) + ")"); }));
-        }
-        desk.WaitUntilAtRest();
-        // The window manager may still be moving the dialog.
-        EXPECT_TRUE(WaitUntil([&] {
-            LookAround();
-            return inside == dialog.ClientArea();
-        }));
-        return dialog;
-    }
-
-    // Reads all controls once: to ask for each of them takes long.
-    void LookAround() {
-        controls.clear();
-        bool isInside = false;
-        for (const AccessibleNode& control : desk.reader.Read()) {
-            controls[control.id] = control;
-            inside = isInside ? control.extents : inside;
-            isInside = control.name == "Tarveth Options";
-        }
-    }
-    bool Sees(const std::string& id) { return controls[id].Has("showing") && controls[id].Has("sensitive"); }
-    bool Showing(const std::string& id) {
-        const auto control = desk.reader.Find(WithId(id));
-        return control && control->Has("showing");
-    }
-
-    void Press(const std::string& id) {
-        ASSERT_TRUE(Sees(id)) << id;
-        desk.program.WaitForWindow("Tarveth Options"); // after a file dialog it comes back to the keyboard
-        desk.WaitUntilAtRest();
-        desk.screen.Click(controls[id].extents.Centre());
-    }
-
-    // Clicks on a check box and waits for its mark to come or go.
-    void Toggle(const std::string& id) {
-        ASSERT_NO_FATAL_FAILURE(Press(id));
-        EXPECT_TRUE(WaitUntil([&] {
-            const auto box = desk.reader.Find(WithId(id));
-            return box && box->Has("checked") != controls[id].Has("checked");
-        })) << id;
-    }
-
-    void CloseBy(const Window& dialog, const std::string& id) {
-        Press(id);
-        EXPECT_TRUE(dialog.WaitUntilGone());
-        EXPECT_TRUE(desk.window.Activate());
-        desk.WaitUntilAtRest();
-    }
-
-    // The dialog that opens over the options, once it has the keyboard.
-    Window NextDialog() {
-        EXPECT_TRUE(WaitUntil([&] { return desk.program.Windows().size() == 3; }));
-        Window next = desk.program.Windows().back();
-        EXPECT_TRUE(next.Activate());
-        return next;
-    }
-
-    // The lines of tarveth.ini after the program has closed, without their ends.
-    std::vector<std::string> IniAfterClose() {
-        EXPECT_EQ(desk.Close(), 0);
-        std::vector<std::string> lines;
-        std::string line;
-        for (const char letter : folder.Read("tarveth.ini")) {
-            if (letter == '\n') {
-                lines.push_back(std::exchange(line, {}));
-            } else if (letter != '\r') {
-                line += letter;
-            }
-        }
-        return lines;
-    }
-
-    static bool Has(const std::vector<std::string>& lines, const std::string& line) {
-        return std::find(lines.begin(), lines.end(), line) != lines.end();
-    }
-
-    GameFolder folder{kIni};
-    GameDesk desk{folder};
-    // When last looked at: the controls by their given names, and what surrounds those of the dialog.
-    std::map<std::string, AccessibleNode> controls;
-    Rect inside;
-};
-
-TEST_F(Options, ShowOnePageAtATime) {
-    Open();
-    for (int page = 0; page < 4; ++page) {
-        desk.WaitUntilAtRest();
-        LookAround();
-        for (int other = 0; other < 4; ++other) {
-            EXPECT_EQ(Sees("fraOptions(" + std::to_string(other) + ")"), other == page)
-                << page << ' ' << other;
-        }
-        desk.screen.Key("Down");
-    }
-}
+class Options : public OptionsDesk {};
 
 TEST_F(Options, ShowTheSettings) {
     Open();
@@ -189,6 +58,23 @@ TEST_F(Options, AreForgottenByCancelEscapeAndTheCross) {
     EXPECT_TRUE(Has(IniAfterClose(), "GridLabels=0"));
 }
 
+TEST_F(Options, OfAllPagesAreForgottenByCancel) {
+    const Window dialog = Open(1);
+    ChangeColor(3, "#102030");
+    ChangeFont(0, "DejaVu Sans Mono");
+    EXPECT_TRUE(desk.TextBecomes("txtSampleFont(0)", "14pt DejaVu Sans Mono"));
+    ChoosePage(2, "Sound Options");
+    Press("btnChangeSound(1)");
+    desk.AnswerFileDialog("Specify Sound File", TARVETH_SOURCE_DIR "/sounds/victory.wav");
+    EXPECT_TRUE(desk.TextBecomes("txtSound(1)", TARVETH_SOURCE_DIR "/sounds/victory.wav"));
+    CloseBy(dialog, "btnCancel");
+    EXPECT_EQ(desk.Close(), 0);
+
+    const GameFolder untouched(kIni);
+    EXPECT_EQ(GameDesk(untouched).Close(), 0);
+    EXPECT_EQ(folder.Read("tarveth.ini"), untouched.Read("tarveth.ini"));
+}
+
 TEST_F(Options, DoNotChangeTheDelay) {
     const Window dialog = Open(2);
     Press("txtInput");
@@ -202,22 +88,8 @@ TEST_F(Options, DoNotChangeTheDelay) {
 
 TEST_F(Options, TakeColorsAndFontsFromTheSystemsDialogs) {
     const Window dialog = Open(1);
-    Press("btnChange(2)");
-    const Window colors = NextDialog();
-    desk.screen.Key("Alt+n"); // the color's name
-    desk.screen.Key("Ctrl+A");
-    desk.screen.Type("#102030");
-    desk.screen.Key("Tab");
-    desk.screen.Key("Alt+s");
-    ASSERT_TRUE(colors.WaitUntilGone());
-    Press("btnChangeFont(2)");
-    const Window fonts = NextDialog();
-    desk.screen.Type("DejaVu Sans Mono"); // searches
-    ASSERT_TRUE(
-        desk.reader.WaitFor([](const AccessibleNode& node) { return node.text == "DejaVu Sans Mono"; }));
-    desk.screen.Key("Down");
-    desk.screen.Key("Return");
-    ASSERT_TRUE(fonts.WaitUntilGone());
+    ChangeColor(2, "#102030");
+    ChangeFont(2, "DejaVu Sans Mono");
     EXPECT_TRUE(desk.TextBecomes("txtSampleFont(2)", "8pt DejaVu Sans Mono"));
     CloseBy(dialog, "btnOkay");
     const std::vector<std::string> ini = IniAfterClose();
@@ -240,71 +112,32 @@ TEST_F(Options, SetAndClearSounds) {
     EXPECT_TRUE(Has(ini, "SoundLoser="));
 }
 
-TEST_F(Options, LoadASchemeThatChangesThePieces) {
-    const std::string scheme = folder.Path() / "masters.tps";
-    folder.Write("masters.tps", SchemeOfMastersOnly());
-    const Picture before = desk.Board();
-    const Window dialog = Open(3);
-    const Picture builtin = desk.screen.Capture(controls["picBluePreview(3)"].extents);
-    Press("btnChangePictureScheme");
-    desk.AnswerFileDialog("Specify Picture Scheme", scheme);
-    EXPECT_TRUE(desk.TextBecomes("txtPictureScheme", scheme));
-    EXPECT_EQ(desk.Text("txtBluePicture(3)"), std::string(kPictures) + "blue1.bmp");
-    EXPECT_FALSE(desk.screen.Capture(controls["picBluePreview(3)"].extents) == builtin);
-    Press("btnClearRedPicture(2)");
-    EXPECT_TRUE(desk.TextBecomes("txtRedPicture(2)", "[none]"));
+// A game that starts with grid labels and history.
+class OptionsInUse : public OptionsDesk {
+protected:
+    OptionsInUse() : OptionsDesk("[Options]\r\nGridLabels=-1\r\nHistory=-1\r\n") {}
+
+    // Whether all of what the two options show is there, or nothing of it.
+    bool AllShown(bool shown) {
+        LookAround();
+        bool all = controls["lstHistory"].Has("showing") == shown;
+        for (int label = 0; label < 16; ++label) {
+            all = all && controls["lblGrid(" + std::to_string(label) + ")"].Has("showing") == shown;
+        }
+        return all;
+    }
+};
+
+TEST_F(OptionsInUse, ShowNothingMoreOnceTheyAreOff) {
+    EXPECT_TRUE(AllShown(true));
+    const Window dialog = Open();
+    Toggle("chkPlayOptions(1)");
+    Toggle("chkPlayOptions(3)");
     CloseBy(dialog, "btnOkay");
-    EXPECT_FALSE(desk.Board() == before);
-    desk.KeepShot("pieces-of-a-scheme");
+    EXPECT_TRUE(WaitUntil([&] { return AllShown(false); })) << desk.reader.Outline();
     const std::vector<std::string> ini = IniAfterClose();
-    EXPECT_TRUE(Has(ini, "PictureScheme=" + scheme));
-    EXPECT_TRUE(Has(ini, "3Blue=" + std::string(kPictures) + "blue1.bmp"));
-    EXPECT_TRUE(Has(ini, "2Red=[none]"));
-}
-
-TEST_F(Options, SaveASchemeThatCancelLeavesAndAskBeforeTheyOverwriteIt) {
-    const Window dialog = Open(3);
-    Press("btnChangeBluePicture(1)");
-    desk.AnswerFileDialog("Specify Picture File", std::string(kPictures) + "blue2.bmp");
-    Press("btnSavePictureScheme");
-    desk.AnswerFileDialog("Save Picture Scheme As", folder.Path() / "blue");
-    EXPECT_TRUE(desk.TextBecomes("txtPictureScheme", folder.Path() / "blue.tps"));
-    const std::string written = folder.Read("blue.tps");
-    EXPECT_EQ(written, "[Blue]\r\n1Blue=" + std::string(kPictures) +
-                           "blue2.bmp\r\n2Blue=[none]\r\n3Blue=[none]\r\n"
-                           "[Red]\r\n1Red=[none]\r\n2Red=[none]\r\n3Red=[none]\r\n");
-
-    Press("btnClearBluePicture(1)");
-    Press("btnSavePictureScheme");
-    desk.AnswerFileDialog("Save Picture Scheme As", folder.Path() / "blue.tps");
-    const Window question = NextDialog();
-    EXPECT_NE(desk.reader.Outline().find("blue.tps\nThis file already exists. Overwrite it?"),
-              std::string::npos);
-    desk.screen.Key("Alt+n");
-    EXPECT_TRUE(question.WaitUntilGone());
-    CloseBy(dialog, "btnCancel");
-    EXPECT_EQ(folder.Read("blue.tps"), written);
-    EXPECT_TRUE(Has(IniAfterClose(), "1Blue=[none]"));
-}
-
-TEST_F(Options, TellOnceAboutPicturesThatCannotBeUsed) {
-    folder.Write("bad.bmp", "no picture");
-    folder.Write("worse.bmp", "BM");
-    folder.Write("bad.tps", "[Blue]\n1Blue=bad.bmp\n[Red]\n3Red=worse.bmp\n1Red=missing.bmp\n");
-    const Picture before = desk.Board();
-    const Window dialog = Open(3);
-    Press("btnChangePictureScheme");
-    desk.AnswerFileDialog("Specify Picture Scheme", folder.Path() / "bad.tps");
-    Press("btnOkay");
-    EXPECT_TRUE(dialog.WaitUntilGone());
-    const Window box = desk.MessageBox();
-    const std::string text = desk.MessageBoxText();
-    EXPECT_NE(text.find("bad.bmp"), std::string::npos) << text;
-    EXPECT_NE(text.find("worse.bmp"), std::string::npos) << text;
-    desk.screen.Key("Return");
-    EXPECT_TRUE(box.WaitUntilGone());
-    EXPECT_TRUE(desk.window.Activate());
-    EXPECT_TRUE(desk.Board() == before);
+    EXPECT_TRUE(Has(ini, "GridLabels=0"));
+    EXPECT_TRUE(Has(ini, "History=0"));
 }
 
 } // namespace
