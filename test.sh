@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 source tools/dependencies.sh
 
-need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" git python3 clang-format-14 clang-tidy-14 libgtest-dev libbenchmark-dev \
+need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" git python3 clang-format-14 clang-tidy-14 libgtest-dev libbenchmark-dev locales \
     "${WINDOW_TEST_PACKAGES[@]}" "${WINDOWS_PACKAGES[@]}" googletest ccache
 
 # What was compiled before comes from a cache outside the tree, also for another clone.

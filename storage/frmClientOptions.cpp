@@ -149,8 +149,10 @@ void frmClientOptions::ChangeFont(std::size_t i) {
     Layout();
 }
 
-std::string frmClientOptions::AskFile(const char* title, const char* filter, const std::string& name) {
+std::string frmClientOptions::AskFile(const char* title, const char* filter, const std::string& name,
+                                      FileQuestion::Purpose purpose) {
     FileQuestion question;
+    question.purpose = purpose;
     question.title = title;
     question.filter = filter;
     question.name = name;
@@ -177,7 +179,7 @@ void frmClientOptions::ChangePicture(std::string& name) {
 
 void frmClientOptions::ChangePictureScheme() {
     const std::string chosen = AskFile("Specify Picture Scheme", "Tarveth PicScheme files (*.TPS)|*.TPS",
-                                       ProposedSchemeName(Options));
+                                       ProposedSchemeName(Options), FileQuestion::Purpose::Name);
     if (chosen.empty())
         return;
     Attempt([&] { LoadPictureScheme(Options, chosen); });

@@ -4,6 +4,7 @@
 
 #include "display/piecepictures.h"
 #include "storage/clientoptions.h"
+#include "storage/gamefiles.h"
 
 #include <array>
 #include <functional>
@@ -74,8 +75,9 @@ private:
     void ChangePicture(std::string& name);
     void ChangePictureScheme();
     void SavePictureSchemeAs();
-    // A file of that kind to open; empty when none is chosen.
-    std::string AskFile(const char* title, const char* filter, const std::string& name);
+    // A file of that kind; empty when none is chosen.
+    std::string AskFile(const char* title, const char* filter, const std::string& name,
+                        FileQuestion::Purpose purpose = FileQuestion::Purpose::Open);
     void Attempt(const std::function<void()>& work);
     void Finish(bool canceled);
 

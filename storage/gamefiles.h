@@ -14,7 +14,8 @@ namespace tarveth {
 
 // A dialog that asks for the name of a file.
 struct FileQuestion {
-    enum class Purpose { Open, Save }; // a file to open must be there, a file to save may be
+    // A file to open must be there; one to name or to save may be.
+    enum class Purpose { Open, Name, Save };
 
     Purpose purpose = Purpose::Open;
     std::string title = {};

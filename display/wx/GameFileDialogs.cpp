@@ -1,9 +1,9 @@
 #include "display/wx/GameFileDialogs.h"
 
 #include "display/wx/text.h"
+#include "platform/short_date.h"
 
 #include <wx/arrstr.h>
-#include <wx/datetime.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 
@@ -11,26 +11,42 @@ namespace tarveth {
 
 namespace {
 
-// The filter with patterns that this system finds all the files with: elsewhere than on Windows "*.TSG" would
-// find no small letters, and "*.*" no name without a point. What a person reads stays.
-wxString SystemFilter(const std::string& filter) {
+// The pattern that this system finds all the files with. Windows takes capitals for small letters, and the
+// dialog puts the ending, as the pattern has it, behind a name without one. Elsewhere "*.TSG" would find no
+// small letters, and "*.*" no name without a point.
+wxString SystemPattern(const wxString& pattern) {
 #ifdef __WXMSW__
-    return ToWx(filter);
+    return pattern.Lower();
 #else
+    return pattern == "*.*" ? wxString("*") : pattern + ';' + pattern.Lower();
+#endif
+}
+
+// What a person reads of the filter stays.
+wxString SystemFilter(const std::string& filter) {
     wxArrayString parts = wxSplit(ToWx(filter), '|', '\0');
     for (std::size_t i = 1; i < parts.size(); i += 2) // after each label its pattern
-        parts[i] = parts[i] == "*.*" ? wxString("*") : parts[i] + ';' + parts[i].Lower();
+        parts[i] = SystemPattern(parts[i]);
     return wxJoin(parts, '|', '\0');
-#endif
+}
+
+long DialogStyle(FileQuestion::Purpose purpose) {
+    switch (purpose) {
+    case FileQuestion::Purpose::Open:
+        return wxFD_OPEN | wxFD_FILE_MUST_EXIST;
+    case FileQuestion::Purpose::Name:
+        return wxFD_OPEN;
+    default:
+        return wxFD_SAVE;
+    }
 }
 
 } // namespace
 
 std::optional<std::string> GameFileDialogs::AskFile(const FileQuestion& question) {
-    const bool opens = question.purpose == FileQuestion::Purpose::Open;
     const auto [folder, name] = DialogStart(question);
     wxFileDialog dialog(parent_, ToWx(question.title), PathToWx(folder), PathToWx(name),
-                        SystemFilter(question.filter), opens ? wxFD_OPEN | wxFD_FILE_MUST_EXIST : wxFD_SAVE);
+                        SystemFilter(question.filter), DialogStyle(question.purpose));
     if (dialog.ShowModal() != wxID_OK)
         return std::nullopt;
     return PathFromWx(dialog.GetPath());
@@ -48,7 +64,7 @@ YesNoCancel GameFileDialogs::AskYesNoCancel(std::string_view text) {
 }
 
 std::string GameFileDialogs::ShortDate() {
-    return wxDateTime::Today().FormatDate().utf8_string();
+    return platform::ShortDate();
 }
 
 } // namespace tarveth

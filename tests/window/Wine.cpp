@@ -2,6 +2,7 @@
 
 #include "tests/window/Process.h"
 
+#include <filesystem>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -19,12 +20,29 @@ bool Runs(std::vector<std::string> command) {
     return process.WaitForExit(kWinePatience).has_value();
 }
 
+// Wine links the user's folders to the home it first sees, which goes with that test's desktop; file dialogs
+// need them.
+void MakeUserFolders() {
+    std::vector<std::filesystem::path> links;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(
+             std::filesystem::path(WINE_PREFIX) / "drive_c" / "users")) {
+        if (entry.is_symlink()) {
+            links.push_back(entry.path());
+        }
+    }
+    for (const std::filesystem::path& link : links) {
+        std::filesystem::remove(link);
+        std::filesystem::create_directory(link);
+    }
+}
+
 } // namespace
 
 Wine::Wine() {
     if (!Runs({WINE, "wineboot", "--init"})) {
         throw std::runtime_error("Wine does not come up");
     }
+    MakeUserFolders();
 }
 
 Wine::~Wine() {

@@ -87,6 +87,20 @@ TEST_F(WindowsProgram, GoesOnWithAGameWhoseNameTheCodePageLacks) {
     EXPECT_TRUE(desk.Close());
 }
 
+TEST_F(WindowsProgram, PutsTheEndingInSmallLettersBehindAName) {
+    const WineFolder folder;
+    WineDesk desk(folder);
+    desk.Choose("f", "a");
+    const Window dialog = desk.program.WaitForWindow("Save Game As");
+    desk.KeepShot("windows-save-as");
+    desk.screen.Key("Ctrl+A");
+    desk.screen.Type("mygame");
+    desk.screen.Key("Return");
+    ASSERT_TRUE(dialog.WaitUntilGone());
+    EXPECT_TRUE(WaitUntil([&] { return !folder.Read("mygame.tsg").empty(); }));
+    EXPECT_TRUE(desk.Close());
+}
+
 TEST_F(WindowsProgram, WritesItsSettingsWhenItCloses) {
     const WineFolder folder("Nickname=J\xfcrgen\r\n");
     WineDesk desk(folder);

@@ -1,0 +1,68 @@
+#include "platform/short_date.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <ctime>
+#include <optional>
+#include <string>
+
+namespace tarveth {
+namespace {
+
+// An environment variable, put back afterwards.
+class Variable {
+public:
+    Variable(const char* name, const char* value) : name_(name) {
+        if (const char* before = std::getenv(name))
+            before_ = before;
+        setenv(name, value, 1);
+    }
+    ~Variable() {
+        if (before_)
+            setenv(name_, before_->c_str(), 1);
+        else
+            unsetenv(name_);
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+std::string Today(const char* format) {
+    const std::time_t now = std::time(nullptr);
+    char text[64] = "";
+    std::strftime(text, sizeof text, format, std::localtime(&now));
+    return text;
+}
+
+// Looked at again where midnight has come between.
+void ExpectToday(const char* format) {
+    std::string before;
+    std::string date;
+    do {
+        before = Today(format);
+        date = platform::ShortDate();
+    } while (before != Today(format));
+    EXPECT_EQ(date, before);
+}
+
+TEST(ShortDate, IsWrittenAsTheUserWritesIt) {
+    const Variable folder("LOCPATH", TEST_LOCALES);
+    const Variable german("LC_ALL", "de_DE.UTF-8");
+    ExpectToday("%d.%m.%Y");
+    EXPECT_EQ(*std::localeconv()->decimal_point, '.') << "numbers stay as they are";
+}
+
+TEST(ShortDate, IsThePlainOneWhereTheUsersLocaleIsNotInstalled) {
+    const Variable folder("LOCPATH", TEST_LOCALES);
+    const Variable missing("LC_ALL", "xx_XX.UTF-8");
+    ExpectToday("%m/%d/%y");
+}
+
+} // namespace
+} // namespace tarveth
