@@ -40,9 +40,10 @@ Program::Program()
              writableFolder_) {}
 
 MainWindowParts Program::Parts() {
-    const auto atClose = [this](const WindowPosition& position) { Finish(position); };
+    const auto save = [this](const WindowPosition& position) { SaveEverything(position); };
+    const auto closeOthers = [this] { CloseOtherWindows(); };
     const auto gameEndSound = [this](bool won) { sounds_.GameEndSound(won); };
-    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), atClose, gameEndSound};
+    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), save, closeOthers, gameEndSound};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {
@@ -170,14 +171,17 @@ void Program::SaveClient(const WindowPosition& position) {
     ini_.IniFlush();
 }
 
-void Program::Finish(const WindowPosition& position) {
-    help_.Close();
-    if (client_)
-        client_->Close(true);
+void Program::SaveEverything(const WindowPosition& position) {
     SaveClientOptions(settings_, ini_, writableFolder_);
     SaveSettings(settings_, ini_, writableFolder_);
     SaveMainPosition(position, ini_, writableFolder_);
     ini_.IniFlush(); // settings that cannot be written are lost without a word
+}
+
+void Program::CloseOtherWindows() {
+    help_.Close();
+    if (client_)
+        client_->Close(true);
 }
 
 } // namespace tarveth

@@ -43,8 +43,8 @@ private:
     void ShowWindow();
     void ShowClient();
     void SaveClient(const WindowPosition& position);
-    // Closes the other windows and keeps the settings, with the position of the main window.
-    void Finish(const WindowPosition& position);
+    void SaveEverything(const WindowPosition& position);
+    void CloseOtherWindows();
     MainWindowParts Parts();
     std::map<int, std::function<void()>> Commands();
 

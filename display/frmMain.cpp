@@ -192,9 +192,10 @@ void frmMain::OnClose(wxCloseEvent& event) {
         parts_->main.RunCommand([this] { Close(true); }); // the command itself keeps it busy
         return;
     }
-    parts_->atClose(Position());
+    parts_->saveSettings(Position());
     Timer1.Stop();
     parts_->main.SetGameState(kReset);
+    parts_->closeOthers();
     event.Skip(); // destroys the window, and with the last one the program ends
 }
 

@@ -32,8 +32,9 @@ struct MainWindowParts {
     modMAIN& main;
     BoardDisplay& board;
     BoardMouse& mouse;
-    std::map<int, std::function<void()>> commands;      // by MainMenuItem; an item without one is disabled
-    std::function<void(const WindowPosition&)> atClose; // before the window goes
+    std::map<int, std::function<void()>> commands; // by MainMenuItem; an item without one is disabled
+    std::function<void(const WindowPosition&)> saveSettings;
+    std::function<void()> closeOthers; // after that, when the game has ended
     std::function<void(bool localPlayerWon)> gameEndSound;
 };
 

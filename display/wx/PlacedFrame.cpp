@@ -97,11 +97,15 @@ void PlacedFrame::ShowPlaced(const std::function<void(WindowPosition&)>& load) {
     load(position);
     const std::vector<ScreenRect> screens = ScreensInTwips();
     position = NoLargerThan(screens, position);
-    if (position.Left == kNowhere || position.Top == kNowhere) {
+    if (position.Left == kNowhere && position.Top == kNowhere) {
         StandAt({first.Left, first.Top, position.Width, position.Height});
         Show();
         return;
     }
+    if (position.Left == kNowhere)
+        position.Left = first.Left;
+    if (position.Top == kNowhere)
+        position.Top = first.Top;
     StandAt(KeepOnScreen(position, screens));
     const wxPoint corner = GetPosition();
     givenSize_ = GetSize();

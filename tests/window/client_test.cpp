@@ -119,7 +119,10 @@ TEST_F(Client, ClosesByItsButtonItsMenuAndItsCross) {
 TEST_F(Client, ClosesWithTheGame) {
     EXPECT_EQ(desk.Close(), 0);
     EXPECT_EQ(desk.program.Output(), "");
-    EXPECT_NE(folder.Read("tarveth.ini").find("[ClientPosition]"), std::string::npos);
+    const std::string ini = folder.Read("tarveth.ini");
+    ASSERT_NE(ini.find("[ClientPosition]"), std::string::npos) << ini;
+    EXPECT_LT(ini.find("[Position]"), ini.find("[ClientPosition]"))
+        << "the game's own settings are kept first";
 }
 
 TEST_F(Client, StandsWhereItStoodWhenItWasClosed) {

@@ -137,6 +137,13 @@ TEST(SettingsFile, KeepsWhatSomebodyWroteIntoIt) {
     EXPECT_TRUE(again.reader.Find(WithName("Imperial Board"))->Has("checked"));
 }
 
+TEST(SettingsFile, MayGiveOneCoordinateAlone) {
+    const GameFolder across("[Position]\r\nX=3000\r\nY=1e30\r\n");
+    EXPECT_EQ(GameDesk(across).window.Frame().x, 200);
+    const GameFolder down("[Position]\r\nY=1500\r\n");
+    EXPECT_EQ(GameDesk(down).window.Frame().y, 100);
+}
+
 TEST(SettingsFile, CannotLoseTheWindow) {
     for (const char* place :
          {"X= -90000\r\nY= -90000\r\n", "X= 900000\r\nY= 900000\r\n", "X=1e30\r\nY=nan\r\n"}) {
