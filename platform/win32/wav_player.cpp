@@ -11,8 +11,9 @@ namespace tarveth::platform {
 
 namespace {
 
-// Asynchronous, for this application, dropped while the driver is busy: 8321.
+// Asynchronous, for this application, dropped while the driver is busy.
 constexpr UINT kFlags = SND_ASYNC | SND_APPLICATION | SND_NOWAIT;
+static_assert(kFlags == 8321);
 
 } // namespace
 
