@@ -1,11 +1,12 @@
 #include "app/Program.h"
 
-#include "display/frmMainMenu.h"
+#include "display/wx/frmMainMenu.h"
+#include "engine/wx/frmReturn.h"
 #include "platform/file_error.h"
 #include "platform/program_folder.h"
 #include "platform/text_path.h"
-#include "storage/frmClientOptions.h"
-#include "storage/frmSplash.h"
+#include "storage/wx/frmClientOptions.h"
+#include "storage/wx/frmSplash.h"
 
 #include <filesystem>
 #include <system_error>
@@ -32,7 +33,7 @@ Program::Program()
       board_(game_, settings_, pictures_, *window_, *window_),
       zones_(game_, board_, *window_, *window_),
       record_(game_, settings_, *window_, writableFolder_),
-      network_(game_, net_, settings_, main_, *window_, sounds_),
+      network_(game_, net_, settings_.Nickname, main_, *window_, [this] { sounds_.NewUserSound(); }),
       main_(game_, net_, settings_, Ports{*window_, board_, *window_, record_, network_}),
       mouse_(settings_, board_, zones_, main_),
       fileDialogs_(window_),
@@ -43,7 +44,9 @@ MainWindowParts Program::Parts() {
     const auto save = [this](const WindowPosition& position) { SaveEverything(position); };
     const auto closeOthers = [this] { CloseOtherWindows(); };
     const auto gameEndSound = [this](bool won) { sounds_.GameEndSound(won); };
-    return {game_, settings_, pictures_, main_, board_, mouse_, Commands(), save, closeOthers, gameEndSound};
+    const auto chooseReturn = [this](std::int16_t side) { return AskReturn(window_, pictures_, side); };
+    return {game_,      settings_, pictures_,   main_,        board_,      mouse_,
+            Commands(), save,      closeOthers, gameEndSound, chooseReturn};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {

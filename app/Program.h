@@ -3,17 +3,17 @@
 
 #include "app/Speaker.h"
 #include "display/boardmouse.h"
-#include "display/frmMain.h"
 #include "display/piecepictures.h"
 #include "display/wx/GameFileDialogs.h"
 #include "display/wx/Help.h"
+#include "display/wx/frmMain.h"
 #include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
-#include "net/frmClient.h"
+#include "net/wx/frmClient.h"
 #include "storage/gamefiles.h"
 #include "storage/gamerecord.h"
 #include "storage/modINI.h"
-#include "storage/settings.h"
+#include "storage/settingsfile.h"
 
 #include <functional>
 #include <map>

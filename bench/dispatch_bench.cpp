@@ -1,7 +1,7 @@
 // What it costs to take in what a server sends: a batch of the opponent's moves, from the bytes to the queues
 // of squares, against finding every marker in the same bytes one after the other. 100 MB a second are wanted,
 // and as many for a batch of 20,000 moves as for one of 1,000.
-#include "net/framing.h"
+#include "net/wire/framing.h"
 #include "tests/net/TestClient.h"
 
 #include <algorithm>

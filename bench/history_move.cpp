@@ -3,7 +3,7 @@
 // added, selected and painted. The same turns in all, round by round, so that whatever else the machine does
 // falls on all alike.
 
-#include "engine/turns.h"
+#include "engine/rules/turns.h"
 #include "storage/modFileIO.h"
 #include "tests/Dice.h"
 #include "tests/TestGame.h"

@@ -1,6 +1,6 @@
 // How fast complete turns are counted, on one core.
-#include "engine/Game.h"
-#include "engine/perft.h"
+#include "engine/rules/Game.h"
+#include "engine/rules/perft.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,8 +4,8 @@
 
 #include "display/picturebox.h"
 #include "display/piecepictures.h"
-#include "engine/Game.h"
 #include "engine/ports.h"
+#include "engine/rules/Game.h"
 #include "storage/settings.h"
 
 namespace tarveth {

@@ -37,9 +37,10 @@ void BoardMouse::MoveCursor(int columns, int rows) {
 }
 
 void BoardMouse::PressCursor() {
-    if (Cursor.Visible)
-        MouseUp(MouseButton::Left, (Cursor.At.column - 0.5) * board_.picDisplay.ScaleWidth() / kBoardSize,
-                (Cursor.At.row - 0.5) * board_.picDisplay.ScaleHeight() / kBoardSize);
+    if (!Cursor.Visible)
+        return;
+    zones_.ClearZone();
+    main_.DepositSquare(Cursor.At);
 }
 
 void BoardMouse::ShowCursorZone() {

@@ -1,6 +1,6 @@
 #include "display/layout.h"
 
-#include "engine/modPieces.h"
+#include "engine/rules/modPieces.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "display/bitmap.h"
 #include "display/builtin_pictures.h"
-#include "engine/modPieces.h"
+#include "engine/rules/modPieces.h"
 #include "platform/atomic_file.h"
 #include "platform/file_error.h"
 #include "platform/file_exists.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "display/board.h"
-#include "engine/zones.h"
+#include "engine/rules/zones.h"
 
 namespace tarveth {
 

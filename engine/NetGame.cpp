@@ -1,11 +1,31 @@
 #include "engine/NetGame.h"
 
-#include "engine/modPieces.h"
+#include "engine/rules/modPieces.h"
 
 namespace tarveth {
 
 bool NetGame::IsLocalSide(std::int16_t side) const {
     return !(side == Blue && !PlayingBlue) && !(side == Red && PlayingBlue);
+}
+
+bool NetGame::NextIsReturn() const {
+    return RemoteX.Text().starts_with("0|") && RemoteY.Text().starts_with("0|");
+}
+
+RemoteSquare NetGame::TakeSquare() {
+    const auto takeSquare = [this] {
+        const std::int16_t column = QueueNumber(PopQueueItem(RemoteX));
+        return Square{column, QueueNumber(PopQueueItem(RemoteY))};
+    };
+    const bool isReturn = NextIsReturn();
+    const Square first = takeSquare();
+    if (!isReturn)
+        return {first, std::nullopt};
+    const Square square = takeSquare();
+    const ReturnChoice choice{QueueNumber(PopQueueItem(ReturnPieceIndex)),
+                              QueueNumber(PopQueueItem(ReturnSlot))};
+    PopQueueItem(ReturnPieceName); // the piece itself says what it is
+    return {square, choice};
 }
 
 void NetGame::ClearQueues() {

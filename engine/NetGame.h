@@ -2,10 +2,18 @@
 #pragma once
 
 #include "engine/TextQueue.h"
+#include "engine/rules/captures.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace tarveth {
+
+// What the opponent's program has sent: a square, or a piece that comes back to it.
+struct RemoteSquare {
+    Square square; // as it was sent, perhaps not on the board
+    std::optional<ReturnChoice> returned;
+};
 
 struct NetGame {
     bool NetConnected = false;
@@ -17,6 +25,12 @@ struct NetGame {
     TextQueue RemoteX, RemoteY;
     TextQueue ReturnPieceIndex, ReturnSlot; // PieceTable index; JailTable index
     TextQueue ReturnPieceName;              // "Pawn" or "Officer"
+
+    bool SquareWaits() const { return !RemoteX.IsEmpty(); }
+    // Whether the next one is a return; false when none waits.
+    bool NextIsReturn() const;
+    // Takes the next one off the queues; one must be waiting.
+    RemoteSquare TakeSquare();
 
     bool GameInProgress() const { return NetConnected && InGame; }
     bool IsLocalSide(std::int16_t side) const;

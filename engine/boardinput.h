@@ -1,7 +1,7 @@
 // From a pointer position on the visible board to a square.
 #pragma once
 
-#include "engine/modPieces.h"
+#include "engine/rules/modPieces.h"
 
 namespace tarveth {
 

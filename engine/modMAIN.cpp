@@ -1,6 +1,9 @@
 #include "engine/modMAIN.h"
 
+#include "engine/rules/checkgame.h"
+
 #include <array>
+#include <cassert>
 #include <utility>
 
 namespace tarveth {
@@ -17,22 +20,10 @@ constexpr int kPassesAtOnce = 64;
 constexpr std::uint32_t kPureBlue = 0xFF0000; // red in the low byte
 constexpr std::uint32_t kPureRed = 0x0000FF;
 
-// Set while a pass or a command runs, however it is left.
-class BusyMark {
-public:
-    explicit BusyMark(bool& busy) : busy_(busy) { busy_ = true; }
-    ~BusyMark() { busy_ = false; }
-    BusyMark(const BusyMark&) = delete;
-    BusyMark& operator=(const BusyMark&) = delete;
-
-private:
-    bool& busy_;
-};
-
 } // namespace
 
-modMAIN::modMAIN(Game& game, NetGame& net, const Settings& settings, const Ports& ports)
-    : game_(game), net_(net), settings_(settings), ports_(ports) {}
+modMAIN::modMAIN(Game& game, NetGame& net, const GameOptions& options, const Ports& ports)
+    : game_(game), net_(net), options_(options), ports_(ports) {}
 
 void modMAIN::NewGame() {
     ports_.window.ShowMessage("");
@@ -42,7 +33,7 @@ void modMAIN::NewGame() {
     CreatePieces(game_);
     ports_.window.ShowCaption("Tarveth");
     net_.ClearQueues();
-    PlacePieces(game_, settings_.BoardVariant);
+    PlacePieces(game_, options_.BoardVariant);
     ports_.board.RedrawBoard();
     EndTurn();
     if (net_.GameInProgress())
@@ -67,8 +58,10 @@ void modMAIN::SetTurn(std::int16_t side) {
 }
 
 void modMAIN::EndTurn() {
-    if (game_.Turn != NoSide)
+    if (game_.Turn != NoSide) {
+        assert(CheckGame(game_).empty());
         ports_.board.RedrawBoard();
+    }
     SetTurn(game_.Turn == Blue ? Red : Blue);
 }
 
@@ -79,11 +72,11 @@ void modMAIN::ShowStatus(std::string_view text) {
 
 bool modMAIN::HasWork() const {
     return game_.ClickX > 0 || game_.GameState == kAllowReturn || game_.GameState == kTurnOver ||
-           game_.GameState == kBoardArrived || ReturnUndecided() || !net_.RemoteX.IsEmpty();
+           game_.GameState == kBoardArrived || ReturnUndecided() || net_.SquareWaits();
 }
 
 bool modMAIN::Pass() {
-    const BusyMark mark(busy_);
+    const CommandGate::Hold hold(gate_);
     HandleBoardTransfer();
     if (game_.ClickX == 0)
         HandleIdle();
@@ -98,35 +91,27 @@ bool modMAIN::Pass() {
 }
 
 bool modMAIN::RunPasses() {
-    if (busy_)
+    if (Busy())
         return false;
     for (int passes = 0; passes < kPassesAtOnce; ++passes) {
-        RunWaitingCommands();
-        if (!Pass() || (!HasWork() && waitingCommands_.empty()))
+        gate_.RunWaiting();
+        if (!Pass() || (!HasWork() && !gate_.HasWaiting()))
             return false;
     }
     return true;
 }
 
 void modMAIN::RunCommand(std::function<void()> command) {
-    if (busy_)
+    if (Busy())
         ports_.board.FinishAnimation();
     RunWhenFree(std::move(command));
 }
 
-void modMAIN::RunWhenFree(std::function<void()> command) {
-    waitingCommands_.push_back(std::move(command));
-    if (!busy_)
-        RunWaitingCommands();
-}
-
-void modMAIN::RunWaitingCommands() {
-    while (!waitingCommands_.empty()) {
-        const std::function<void()> command = std::move(waitingCommands_.front());
-        waitingCommands_.erase(waitingCommands_.begin());
-        const BusyMark mark(busy_);
-        command();
-    }
+void modMAIN::FinishTurn() {
+    if (game_.GameState == kAllowReturn)
+        CheckReturnDue();
+    if (game_.GameState == kTurnOver)
+        EndTurn();
 }
 
 void modMAIN::HandleIdle() {
@@ -156,22 +141,6 @@ void modMAIN::HandleSquare() {
         break;
     }
     game_.ClearClick();
-}
-
-void modMAIN::EchoClick() {
-    if (net_.GameInProgress() && !net_.RemoteMove)
-        ports_.network.SendGameMessage("M(" + std::to_string(game_.ClickX) + ", " +
-                                       std::to_string(game_.ClickY) + ")");
-}
-
-bool modMAIN::MayPlaceReturn() const {
-    return !net_.GameInProgress() || net_.IsLocalSide(game_.Turn);
-}
-
-// A return that was the opponent's to place has become the local player's: the link has ended, or the players
-// have swapped sides.
-bool modMAIN::ReturnUndecided() const {
-    return game_.GameState == kReturnPiece && game_.ReturnKind == 0 && MayPlaceReturn();
 }
 
 } // namespace tarveth

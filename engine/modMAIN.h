@@ -1,30 +1,21 @@
-// The turn state machine. Windows and the network only deposit squares; Pass hands a square to the handler of
-// the current state. The handlers stand in moves.cpp, zones.cpp, captures.cpp and remote.cpp, by their rule.
+// The turn machine. Windows and the network only deposit squares; Pass hands a square to the handler of the
+// current state, and tells the ports what the rules made of it. What a rule allows and does is in
+// engine/rules. modMAIN.cpp: states and passes. handlers.cpp: what a square does. transfer.cpp: positions
+// from elsewhere.
 #pragma once
 
-#include "engine/Game.h"
+#include "engine/CommandGate.h"
+#include "engine/GameOptions.h"
 #include "engine/NetGame.h"
 #include "engine/ports.h"
-#include "storage/settings.h"
+#include "engine/rules/Game.h"
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace tarveth {
-
-// GameState                                  prompt           a pending square     an idle pass
-inline constexpr std::int16_t kReset = 0;        // none           -                    ends the loop
-inline constexpr std::int16_t kPickPiece = 1;    // Pick piece     PickPiece            -
-inline constexpr std::int16_t kPlacePiece = 2;   // Place piece    PlacePiece           -
-inline constexpr std::int16_t kReturnPiece = 3;  // Return piece   ReturnPiece          see ReturnUndecided
-inline constexpr std::int16_t kAllowReturn = 4;  // Allow Return   dropped              CheckReturnDue
-inline constexpr std::int16_t kTurnOver = 5;     // as it was      dropped              EndTurn
-inline constexpr std::int16_t kGetBoard = 6;     // Get Board      dropped              -
-inline constexpr std::int16_t kBoardArrived = 7; // as it was      dropped              goes on to 1
-inline constexpr std::int16_t kGameOver = 8;     // Game Over      dropped              -
 
 // What a new game says; the longest of all messages.
 inline constexpr std::string_view kToBeginPlay =
@@ -32,20 +23,25 @@ inline constexpr std::string_view kToBeginPlay =
     "place the "
     "selected piece. To deselect a selected piece, click it again.";
 
+// Where a position comes from that takes the place of the game on the board.
+enum class PositionSource { File, Opponent };
+
 class modMAIN {
 public:
     // All of these outlive the object.
-    modMAIN(Game& game, NetGame& net, const Settings& settings, const Ports& ports);
+    modMAIN(Game& game, NetGame& net, const GameOptions& options, const Ports& ports);
 
-    // Sets up a fresh game of the layout in the settings, Blue to move.
+    // Sets up a fresh game of the layout in the options, Blue to move.
     void NewGame();
-
-    void SetGameState(std::int16_t value);
-    // Hands the move to a side: turn label, then state 1.
-    void SetTurn(std::int16_t side);
-    void EndTurn();
-    // The message label and the beep: every refusal and game message.
-    void ShowStatus(std::string_view text);
+    // Puts a position that CheckGame finds sound in the place of the game on the board, its history with it.
+    // To be called between two passes. One from a file is shown at once, and its side picks a piece. For one
+    // from the opponent's program the log of the game there was is written first; the next pass shows it.
+    void SetUpPosition(Game position, PositionSource source);
+    // Ends a turn that is over, and asks first for a return that is due, so that the game can be written to a
+    // file, which holds no such state.
+    void FinishTurn();
+    // The program is about to end: no pass follows.
+    void EndLoop() { SetGameState(kReset); }
 
     // One pass of the main loop. False when the loop is to end (state 0).
     bool Pass();
@@ -58,9 +54,9 @@ public:
     // brought to its end, and the command waits until that is over.
     void RunCommand(std::function<void()> command);
     // The same for what comes from outside: the running animation takes its time.
-    void RunWhenFree(std::function<void()> command);
+    void RunWhenFree(std::function<void()> command) { gate_.Submit(std::move(command)); }
     // A pass or a command is running: this event is being handled while it waits.
-    bool Busy() const { return busy_; }
+    bool Busy() const { return gate_.IsShut(); }
 
     // Deposits a square for the next pass as a left click on it does: refused out of turn, off the board,
     // while a piece is moving, after the end of the game, while a square of the opponent's waits, and where a
@@ -69,47 +65,48 @@ public:
 
     // Brings the game to rest between two turns: a selected piece is put down, a return that is due is given
     // up, a turn that is over ends, and squares that wait are forgotten. To be called between two passes, as
-    // the three below.
+    // the four below.
     void SettleForTransfer();
-    // A board is going to arrive; until it has, no squares are taken.
+    // A board is going to arrive; until SetUpPosition or EndTransfer, no squares are taken.
     void AwaitBoard();
-    // It has arrived and is sound: it takes the place of the game, whose log is written.
-    void TakeBoard(Game board);
     // There is no more of it to come: the game there is goes on.
     void EndTransfer();
+    // The opponent's program says whose turn it is, outside a transfer. A game that is over stays over.
+    void TakeRemoteTurn(std::int16_t side);
+    // It says that play may begin without having sent a board. In the middle of a turn that changes nothing.
+    void TakeRemoteStart();
 
-    // True when no piece stands on the pending square.
-    bool IsSquareFree() const;
-
-    // The handlers of a pending square; Pass calls them.
-    void PickPiece();
-    void PlacePiece();
-    void ReturnPiece();
+    // The steps of the machine, for itself and its tests. Other rooms call the doors above.
+    void SetGameState(std::int16_t value);
+    // Hands the move to a side: turn label, then state 1.
+    void SetTurn(std::int16_t side);
+    void EndTurn();
+    // Decides whether the last capture earns a return, and asks which where there is a choice.
     void CheckReturnDue();
-    // True when a side has won; tells it.
-    bool CheckVictory();
+    // The message label and the beep: every refusal and game message.
+    void ShowStatus(std::string_view text);
 
 private:
-    void RunWaitingCommands();
-    bool MayPlaceReturn() const;
-    bool ReturnUndecided() const;
     void HandleBoardTransfer();
     void HandleIdle();
     void HandleSquare();
+    void SetPendingSquare(Square square);
+    void PickPiece();
+    void PlacePiece();
+    void MovePiece(int index, Square to, int captured);
+    void ReturnPiece();
+    bool CheckVictory();
     void EchoClick();
     void TakeRemoteSquare();
-    void TakeRemoteReturn();
-    bool IsPossibleReturn(int piece, int slot) const;
-    void MovePiece(int index, Square to);
-    void CapturePiece(int mover, int captured, Square to);
-    void RelocatePiece(int index, Square to);
+    void TakeRemoteReturn(Square square, const ReturnChoice& choice);
+    bool MayPlaceReturn() const;
+    bool ReturnUndecided() const;
 
     Game& game_;
     NetGame& net_;
-    const Settings& settings_;
+    const GameOptions& options_;
     Ports ports_;
-    bool busy_ = false;
-    std::vector<std::function<void()>> waitingCommands_;
+    CommandGate gate_;
 };
 
 } // namespace tarveth

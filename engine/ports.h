@@ -2,7 +2,7 @@
 // Nothing here blocks except where it says so.
 #pragma once
 
-#include "engine/modPieces.h"
+#include "engine/rules/modPieces.h"
 
 #include <cstdint>
 #include <string>
@@ -40,13 +40,19 @@ struct PersonPort {
     // A message box with an OK button. Blocks until it is closed; events are handled meanwhile.
     virtual void ShowMessageBox(std::string_view text) = 0;
     virtual void GameEndSound(bool localPlayerWon) = 0;
-    // Which piece comes back to `side`: 1 Pawn, 2 Officer. Blocks until chosen; events are handled meanwhile.
-    virtual int ChooseReturn(std::int16_t side) = 0;
+    // Which piece comes back to `side`, an Officer or a Pawn. Blocks until chosen; events are handled
+    // meanwhile.
+    virtual PieceKind ChooseReturn(std::int16_t side) = 0;
 };
 
-// The files that record a game.
+// The record of the game: its lines, in the game's history, and the files that keep them.
 struct RecordPort {
     virtual ~RecordPort() = default;
+    // Each adds one line. For a piece that has just moved; for the piece it took; for the piece that Return
+    // names and that has come back to a square.
+    virtual void RecordMove(int index) = 0;
+    virtual void RecordCapture(int mover, int captured) = 0;
+    virtual void RecordReturn(Square square) = 0;
     // Writes the log of the game so far, if the settings ask for it, and forgets the game's file name.
     virtual void BeginNewRecord() = 0;
     // The same for a board from the opponent. A game without a move leaves no log: it may have begun just for

@@ -1,4 +1,4 @@
-// A whole board on its way to the opponent's program, or from there.
+// Positions that come from a file, or from the opponent's program, and those that go there.
 #include "engine/modMAIN.h"
 
 #include <utility>
@@ -29,14 +29,32 @@ void modMAIN::AwaitBoard() {
     SetGameState(kGetBoard);
 }
 
-void modMAIN::TakeBoard(Game board) {
-    ports_.record.BeginReceivedRecord();
-    net_.ClearQueues(); // what came while the board arrived belongs to neither
-    game_ = std::move(board);
+void modMAIN::SetUpPosition(Game position, PositionSource source) {
+    const bool fromFile = source == PositionSource::File;
+    if (!fromFile)
+        ports_.record.BeginReceivedRecord();
+    else if (game_.GameState == kGameOver)
+        ports_.window.ShowMessage(""); // who has won the game before
+    net_.ClearQueues();                // squares that came before belong to the other board
+    game_ = std::move(position);
     ports_.window.ShowHistory();
-    ports_.window.ShowCaption("Tarveth");
+    if (fromFile)
+        ports_.board.RedrawBoard();
+    else
+        ports_.window.ShowCaption("Tarveth");
     SetTurn(game_.Turn);
-    SetGameState(kBoardArrived);
+    if (!fromFile)
+        SetGameState(kBoardArrived);
+}
+
+void modMAIN::TakeRemoteTurn(std::int16_t side) {
+    if (game_.GameState != kGameOver)
+        SetTurn(side);
+}
+
+void modMAIN::TakeRemoteStart() {
+    if (game_.GameState == kPickPiece)
+        SetGameState(kBoardArrived);
 }
 
 void modMAIN::EndTransfer() {

@@ -3,8 +3,8 @@
 // matter where the bytes are cut. Shared by the fuzz target and the test that replays its corpus.
 #pragma once
 
-#include "engine/checkgame.h"
-#include "net/framing.h"
+#include "engine/rules/checkgame.h"
+#include "net/wire/framing.h"
 #include "tests/net/TestClient.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 // replays its corpus.
 #pragma once
 
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 #include "net/modTools.h"
 #include "tests/RecordingPort.h"
 
@@ -19,7 +19,8 @@ namespace tarveth {
 class GameMessagesPlay {
 public:
     explicit GameMessagesPlay(std::string_view text) : text_(text) {
-        settings_.AnimateMoves = 0;
+        Port.game = &Board;
+        options_.AnimateMoves = 0;
         opponent_.tools = &tools_;
         net_.NetConnected = net_.InGame = true;
         main_.NewGame();
@@ -96,9 +97,9 @@ private:
 
     std::string_view text_;
     NetGame net_;
-    Settings settings_;
+    GameOptions options_;
     Opponent opponent_{Port};
-    modMAIN main_{Board, net_, settings_, Ports{Port, Port, Port, Port, opponent_}};
+    modMAIN main_{Board, net_, options_, Ports{Port, Port, Port, Port, opponent_}};
     modTools tools_{Board, net_, main_, Port, opponent_};
 };
 

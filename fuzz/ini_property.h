@@ -6,8 +6,8 @@
 #include "platform/posix/profile_text.h"
 #include "platform/profile_integer.h"
 #include "platform/profile_line.h"
-#include "storage/settings.h"
-#include "storage/val.h"
+#include "storage/settingsfile.h"
+#include "text/val.h"
 
 #include <optional>
 #include <string>

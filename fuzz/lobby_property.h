@@ -3,9 +3,9 @@
 // the fuzz target and the test that replays its corpus.
 #pragma once
 
-#include "net/framing.h"
-#include "net/nickname.h"
-#include "net/plaintext.h"
+#include "net/wire/framing.h"
+#include "net/wire/nickname.h"
+#include "net/wire/plaintext.h"
 #include "server/Lobby.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 // that is written and read back as it is. Shared by the fuzz target and the test that replays its corpus.
 #pragma once
 
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 #include "platform/file_error.h"
 #include "storage/modFileIO.h"
 

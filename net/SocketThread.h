@@ -2,7 +2,7 @@
 // The public calls are the owner's; none of them waits for the network.
 #pragma once
 
-#include "net/asio.h"
+#include "net/wire/asio.h"
 
 #include <asio/executor_work_guard.hpp>
 

@@ -1,6 +1,6 @@
 #include "net/boardtransfer.h"
 
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 
 #include <algorithm>
 #include <tuple>

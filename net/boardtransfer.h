@@ -2,7 +2,7 @@
 // program that receives them.
 #pragma once
 
-#include "engine/modPieces.h"
+#include "engine/rules/modPieces.h"
 #include "net/gamefields.h"
 
 #include <string>

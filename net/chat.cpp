@@ -1,9 +1,9 @@
 // What is said: the lines of the transcripts, and the line that is typed.
-#include "net/framing.h"
 #include "net/modClient.h"
-#include "net/modPARSER.h"
-#include "net/nickname.h"
-#include "net/plaintext.h"
+#include "net/wire/framing.h"
+#include "net/wire/modPARSER.h"
+#include "net/wire/nickname.h"
+#include "net/wire/plaintext.h"
 
 namespace tarveth {
 

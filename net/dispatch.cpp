@@ -1,6 +1,6 @@
 // What the server says: one table row a message.
 #include "net/modClient.h"
-#include "net/modPARSER.h"
+#include "net/wire/modPARSER.h"
 
 #include <array>
 

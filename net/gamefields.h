@@ -1,7 +1,7 @@
 // The arguments of an in-game message.
 #pragma once
 
-#include "engine/Currency.h"
+#include "engine/rules/Currency.h"
 
 #include <array>
 #include <cstddef>

@@ -1,9 +1,9 @@
 // Who is there, and the way to an opponent: the handshake, the list of users, invitations and their answers.
-#include "net/codepage.h"
 #include "net/modClient.h"
-#include "net/modPARSER.h"
-#include "net/nickname.h"
-#include "storage/val.h"
+#include "net/wire/modPARSER.h"
+#include "net/wire/nickname.h"
+#include "text/codepage.h"
+#include "text/val.h"
 #include "version.h"
 
 #include <algorithm>
@@ -85,7 +85,7 @@ void modClient::HandleAddNick(const LobbyMessage& message) {
         return;
     }
     usersChanged_ = true;
-    sounds_.NewUserSound();
+    newUserSound_();
 }
 
 void modClient::TellListIsLimited() {
@@ -217,7 +217,7 @@ void modClient::AskNickname() {
     if (!answer || TrimBlanks(*answer).empty())
         return;
     nickName_ = CleanNickname(*answer);
-    settings_.Nickname = FromWire(nickName_);
+    keptNickname_ = FromWire(nickName_);
     SetCaption();
     Send("nick", {nickName_});
 }

@@ -1,20 +1,20 @@
 #include "net/modClient.h"
 
-#include "net/codepage.h"
-#include "net/nickname.h"
-#include "net/plaintext.h"
+#include "net/wire/nickname.h"
+#include "net/wire/plaintext.h"
+#include "text/codepage.h"
 
 #include <utility>
 
 namespace tarveth {
 
-modClient::modClient(Game& game, NetGame& net, Settings& settings, modMAIN& main, MainWindowPort& mainWindow,
-                     Sounds& sounds)
+modClient::modClient(Game& game, NetGame& net, std::string& nickname, modMAIN& main,
+                     MainWindowPort& mainWindow, std::function<void()> newUserSound)
     : net_(net),
-      settings_(settings),
+      keptNickname_(nickname),
       main_(main),
       mainWindow_(mainWindow),
-      sounds_(sounds),
+      newUserSound_(std::move(newUserSound)),
       tools_(game, net, main, mainWindow, *this) {}
 
 void modClient::Open(ClientWindowPort& window, ClientPersonPort& person, AsyncSocket& socket) {
@@ -28,7 +28,7 @@ void modClient::Open(ClientWindowPort& window, ClientPersonPort& person, AsyncSo
     prevUpdate_ = false;
     users_.Clear();
     toldListIsLimited_ = false;
-    nickName_ = CleanNickname(ToWire(settings_.Nickname));
+    nickName_ = CleanNickname(ToWire(keptNickname_));
     window_->ShowUsers();
     SetPrivateMode(false);
     SetInGame(false);

@@ -5,12 +5,10 @@
 #pragma once
 
 #include "net/ClientPorts.h"
-#include "net/framing.h"
 #include "net/modSockets.h"
 #include "net/modTools.h"
 #include "net/userlist.h"
-#include "storage/settings.h"
-#include "storage/sounds.h"
+#include "net/wire/framing.h"
 
 #include <array>
 #include <cstdint>
@@ -31,9 +29,10 @@ inline constexpr std::int16_t kLinkInGame = 3;
 
 class modClient : public OpponentPort {
 public:
-    // All outlive the object; main may still be under construction.
-    modClient(Game& game, NetGame& net, Settings& settings, modMAIN& main, MainWindowPort& mainWindow,
-              Sounds& sounds);
+    // All outlive the object; main may still be under construction. nickname, in UTF-8: the user's, which
+    // changes with it. newUserSound is played for everybody who arrives.
+    modClient(Game& game, NetGame& net, std::string& nickname, modMAIN& main, MainWindowPort& mainWindow,
+              std::function<void()> newUserSound);
 
     // The client window is there: asks for a server and connects, as a command of its own if the game is busy
     // with one. The ports and the socket live until Close.
@@ -126,10 +125,10 @@ private:
     void SayToAll(std::string_view text);
 
     NetGame& net_;
-    Settings& settings_;
+    std::string& keptNickname_; // in UTF-8
     modMAIN& main_;
     MainWindowPort& mainWindow_;
-    Sounds& sounds_;
+    std::function<void()> newUserSound_;
     modTools tools_;
 
     // while the client window is open

@@ -1,6 +1,6 @@
 #include "net/modSockets.h"
 
-#include "net/framing.h"
+#include "net/wire/framing.h"
 
 #include <utility>
 

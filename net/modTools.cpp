@@ -1,8 +1,8 @@
 #include "net/modTools.h"
 
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 #include "net/boardtransfer.h"
-#include "net/modPARSER.h"
+#include "net/wire/modPARSER.h"
 
 #include <algorithm>
 #include <utility>
@@ -123,8 +123,8 @@ bool modTools::TakeTurn(const GameFields& fields) {
     if (arriving_)
         return ReadTurn(*arriving_, fields);
     const auto side = fields.Number(1, Blue, Red);
-    if (side && game_.GameState != kGameOver) // a game that is over stays over
-        main_.SetTurn(*side);
+    if (side)
+        main_.TakeRemoteTurn(*side);
     return side.has_value();
 }
 
@@ -169,8 +169,7 @@ void modTools::BeginBoard() {
 void modTools::FinishBoard() {
     const std::optional<Game> board = std::exchange(arriving_, std::nullopt);
     if (!board) {
-        if (game_.GameState == kPickPiece) // in any other it would undo what the players did
-            main_.SetGameState(kBoardArrived);
+        main_.TakeRemoteStart();
         return;
     }
     if (game_.GameState != kGetBoard)
@@ -181,7 +180,7 @@ void modTools::FinishBoard() {
                              "; it is ignored.");
         return;
     }
-    main_.TakeBoard(*board);
+    main_.SetUpPosition(*board, PositionSource::Opponent);
 }
 
 void modTools::SendBoard() {

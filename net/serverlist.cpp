@@ -1,6 +1,6 @@
 #include "net/serverlist.h"
 
-#include "net/modPARSER.h"
+#include "net/wire/modPARSER.h"
 #include "platform/atomic_file.h"
 #include "platform/file_exists.h"
 #include "platform/file_text.h"

@@ -1,7 +1,7 @@
 // What one client may ask of the lobby. Each is an option of the program; 0 switches a rate off.
 #pragma once
 
-#include "net/framing.h"
+#include "net/wire/framing.h"
 
 #include <chrono>
 #include <cstddef>

@@ -1,8 +1,8 @@
 #include "server/Lobby.h"
 
-#include "net/modPARSER.h"
-#include "net/nickname.h"
-#include "net/plaintext.h"
+#include "net/wire/modPARSER.h"
+#include "net/wire/nickname.h"
+#include "net/wire/plaintext.h"
 #include "server/chat.h"
 #include "server/games.h"
 #include "server/messages.h"

@@ -1,7 +1,7 @@
 // One client of the lobby: who he is, what he has asked, what he may still ask, and what he is to be sent.
 #pragma once
 
-#include "net/framing.h"
+#include "net/wire/framing.h"
 #include "server/Bucket.h"
 #include "server/Outgoing.h"
 

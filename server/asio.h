@@ -1,7 +1,7 @@
 // Asio, as the lobby uses it: on one thread.
 #pragma once
 
-#include "net/asio.h"
+#include "net/wire/asio.h"
 
 #include <asio/basic_socket_acceptor.hpp>
 #include <asio/signal_set.hpp>

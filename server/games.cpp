@@ -1,7 +1,7 @@
 #include "server/games.h"
 
-#include "net/nickname.h"
-#include "net/plaintext.h"
+#include "net/wire/nickname.h"
+#include "net/wire/plaintext.h"
 #include "server/wording.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "server/messages.h"
 
-#include "net/modPARSER.h"
+#include "net/wire/modPARSER.h"
 #include "server/games.h"
 #include "server/versions.h"
 namespace tarveth {

@@ -1,7 +1,7 @@
 // The marked messages that a client may send, as a table: the dispatcher checks, the handlers trust.
 #pragma once
 
-#include "net/framing.h"
+#include "net/wire/framing.h"
 #include "server/Lobby.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "server/names.h"
 
-#include "net/modPARSER.h"
-#include "net/nickname.h"
+#include "net/wire/modPARSER.h"
+#include "net/wire/nickname.h"
 
 namespace tarveth {
 

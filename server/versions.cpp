@@ -1,6 +1,6 @@
 #include "server/versions.h"
 
-#include "net/modPARSER.h"
+#include "net/wire/modPARSER.h"
 
 #include <array>
 #include <charconv>

@@ -1,8 +1,8 @@
 #include "server/wording.h"
 
-#include "net/modPARSER.h"
-#include "net/nickname.h"
-#include "net/plaintext.h"
+#include "net/wire/modPARSER.h"
+#include "net/wire/nickname.h"
+#include "net/wire/plaintext.h"
 
 namespace tarveth {
 

@@ -1,7 +1,7 @@
 #include "storage/clientoptions.h"
 
 #include "platform/file_exists.h"
-#include "storage/trim.h"
+#include "text/trim.h"
 
 #include <algorithm>
 #include <string_view>

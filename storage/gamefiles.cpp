@@ -5,7 +5,7 @@
 #include "platform/program_folder.h"
 #include "platform/text_path.h"
 #include "storage/modFileIO.h"
-#include "storage/trim.h"
+#include "text/trim.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -44,8 +44,8 @@ std::pair<std::string, std::string> DialogStart(const FileQuestion& question) {
     return {question.folder, name};
 }
 
-GameFiles::GameFiles(Game& game, NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
-                     GameFilesPort& questions, std::string folder)
+GameFiles::GameFiles(const Game& game, const NetGame& net, GameRecord& record, modMAIN& main,
+                     const Ports& ports, GameFilesPort& questions, std::string folder)
     : game_(game),
       net_(net),
       record_(record),
@@ -59,12 +59,12 @@ void GameFiles::SaveGame() {
         SaveGameAs();
         return;
     }
-    EndOpenTurn();
+    main_.FinishTurn();
     Attempt("The game is not saved.", [&] { WriteGame(game_, record_.GameTitle, record_.GameFileName); });
 }
 
 void GameFiles::SaveGameAs() {
-    EndOpenTurn();
+    main_.FinishTurn();
     std::string name = AskName(FileQuestion::Purpose::Save, "Save Game As", ProposedName());
     if (name.empty())
         return;
@@ -87,16 +87,8 @@ void GameFiles::LoadGame() {
 
 void GameFiles::OpenGame(const std::string& path) {
     Game loaded = ReadGame(path);
-    if (game_.GameState == kGameOver)
-        ports_.window.ShowMessage(""); // who has won the game before
-    game_.lstHistory.clear();
-    ports_.window.ShowHistory();
-    game_ = std::move(loaded);
-    net_.ClearQueues(); // squares that came while the dialog was open belong to the other board
     record_.GameFileName = path;
-    ports_.board.RedrawBoard();
-    main_.SetTurn(game_.Turn);
-    ports_.window.ShowHistory();
+    main_.SetUpPosition(std::move(loaded), PositionSource::File);
     ShowTitle();
     if (net_.GameInProgress())
         ports_.network.SendBoard();
@@ -122,15 +114,6 @@ std::string GameFiles::AskName(FileQuestion::Purpose purpose, std::string title,
     const std::string folder = folder_.substr(0, folder_.size() - 1);
     return Trim(
         questions_.AskFile({purpose, std::move(title), folder, std::move(name), kFilter}).value_or(""));
-}
-
-// A command can run in the middle of a turn, right behind an animation. A file holds no such state: whoever
-// loaded it would move again.
-void GameFiles::EndOpenTurn() {
-    if (game_.GameState == kAllowReturn)
-        main_.CheckReturnDue();
-    if (game_.GameState == kTurnOver)
-        main_.EndTurn();
 }
 
 void GameFiles::ShowTitle() {

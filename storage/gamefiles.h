@@ -47,7 +47,7 @@ std::pair<std::string, std::string> DialogStart(const FileQuestion& question);
 class GameFiles {
 public:
     // All references outlive the object. Folder: the program's own, with its trailing separator.
-    GameFiles(Game& game, NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
+    GameFiles(const Game& game, const NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
               GameFilesPort& questions, std::string folder);
 
     // The commands of the menu. What cannot be written or read gives one message box and changes nothing:
@@ -63,12 +63,11 @@ private:
     std::string TitleOf(const std::string& path) const;
     std::string ProposedName();
     std::string AskName(FileQuestion::Purpose purpose, std::string title, std::string name);
-    void EndOpenTurn();
     void ShowTitle();
     void Attempt(std::string_view failure, const std::function<void()>& work);
 
-    Game& game_;
-    NetGame& net_;
+    const Game& game_;
+    const NetGame& net_;
     GameRecord& record_;
     modMAIN& main_;
     Ports ports_;

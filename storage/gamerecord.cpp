@@ -2,16 +2,29 @@
 
 #include "platform/file_error.h"
 #include "storage/modFileIO.h"
+#include "storage/notation.h"
 
 #include <utility>
 
 namespace tarveth {
 
-GameRecord::GameRecord(const Game& game, const Settings& settings, PersonPort& person, std::string folder)
+GameRecord::GameRecord(Game& game, const Settings& settings, PersonPort& person, std::string folder)
     : game_(game), settings_(settings), person_(person), folder_(std::move(folder)) {}
 
 std::string GameRecord::LogPath() const {
     return GameFileName.empty() ? folder_ + "lastgame.log" : GameFileName + ".log";
+}
+
+void GameRecord::RecordMove(int index) {
+    HistoryAddMove(game_, index);
+}
+
+void GameRecord::RecordCapture(int mover, int captured) {
+    HistoryAddCapture(game_, mover, captured);
+}
+
+void GameRecord::RecordReturn(Square square) {
+    HistoryAddReturn(game_, square);
 }
 
 void GameRecord::BeginNewRecord() {

@@ -1,8 +1,8 @@
-// The files that record the game on the board: its title, its file, and the log of its moves.
+// The record of the game on the board: the lines of its history in notation, its title, its file and its log.
 #pragma once
 
-#include "engine/Game.h"
 #include "engine/ports.h"
+#include "engine/rules/Game.h"
 #include "storage/settings.h"
 
 #include <string>
@@ -12,11 +12,14 @@ namespace tarveth {
 class GameRecord : public RecordPort {
 public:
     // The references outlive the object. Folder: where the log goes, with its trailing separator.
-    GameRecord(const Game& game, const Settings& settings, PersonPort& person, std::string folder);
+    GameRecord(Game& game, const Settings& settings, PersonPort& person, std::string folder);
 
     std::string GameTitle;    // as the game was last loaded or saved; empty for a game never saved
     std::string GameFileName; // its full path
 
+    void RecordMove(int index) override;
+    void RecordCapture(int mover, int captured) override;
+    void RecordReturn(Square square) override;
     // Writes the log if "AutoSaveLog" is on; one that cannot be written gives a message box. Then title and
     // file name are empty.
     void BeginNewRecord() override;
@@ -28,7 +31,7 @@ public:
 private:
     void WriteLog();
 
-    const Game& game_;
+    Game& game_;
     const Settings& settings_;
     PersonPort& person_;
     std::string folder_;

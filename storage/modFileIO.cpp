@@ -4,7 +4,7 @@
 #include "platform/atomic_file.h"
 #include "platform/file_error.h"
 #include "platform/file_text.h"
-#include "storage/val.h"
+#include "text/val.h"
 
 #include <algorithm>
 #include <cmath>

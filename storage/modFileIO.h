@@ -5,7 +5,7 @@
 // (a line without a number is 0). It refuses, naming the line, whatever is no game.
 #pragma once
 
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "storage/modINI.h"
 
 #include "platform/file_text.h"
-#include "storage/trim.h"
+#include "text/trim.h"
 
 #include <array>
 #include <utility>

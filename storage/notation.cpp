@@ -1,6 +1,6 @@
 #include "storage/notation.h"
 
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 
 namespace tarveth {
 
@@ -42,8 +42,9 @@ void HistoryAddCapture(Game& game, int mover, int captured) {
 
 void HistoryAddReturn(Game& game, Square square) {
     // Two blanks stand where a move has its side and colon, so that the kinds line up in the list.
-    game.lstHistory.push_back("  " + std::string{SideLetter(game.Turn)} + game.ReturnName.substr(0, 1) +
-                              " r" + SquareText(square.column, square.row));
+    game.lstHistory.push_back("  " + std::string{SideLetter(game.Turn)} +
+                              std::string(game.Return.ReturnName().substr(0, 1)) + " r" +
+                              SquareText(square.column, square.row));
 }
 
 } // namespace tarveth

@@ -1,7 +1,7 @@
 // One line of text a move, a capture, a return: the history list is the game's record.
 #pragma once
 
-#include "engine/modPieces.h"
+#include "engine/rules/modPieces.h"
 
 #include <string>
 
@@ -19,6 +19,6 @@ std::string CaptureText(const Game& game, int index);
 // Each appends one line to the game's history.
 void HistoryAddMove(Game& game, int index);
 void HistoryAddCapture(Game& game, int mover, int captured);
-void HistoryAddReturn(Game& game, Square square); // of a piece of ReturnName's kind: "  BP r2G"
+void HistoryAddReturn(Game& game, Square square); // of a piece of ReturnKind: "  BP r2G"
 
 } // namespace tarveth

@@ -3,7 +3,7 @@
 #include "platform/atomic_file.h"
 #include "platform/file_error.h"
 #include "storage/modINI.h"
-#include "storage/trim.h"
+#include "text/trim.h"
 
 #include <algorithm>
 #include <cstdint>

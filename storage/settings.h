@@ -1,14 +1,11 @@
-// The user's settings: their names, their built-in values, and their way from and to tarveth.ini.
-// What the reader forgives: missing file, sections and keys (the setting stays as it is), any case, any
-// order, unknown lines. A number that does not fit is told as a SettingProblem and changes nothing.
+// The user's settings: their names and their built-in values.
 #pragma once
 
-#include "storage/modINI.h"
+#include "engine/GameOptions.h"
 
 #include <array>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace tarveth {
 
@@ -24,11 +21,9 @@ struct BoardColor {
 // Yes-or-no settings hold the number that was read: -1 is written for yes, and any other than 0 means it.
 // Colours are red + green * 256 + blue * 65536.
 // NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the members stand in the order of the file
-struct Settings {
-    std::int16_t BoardVariant = 1; // 1 Imperial, any other Draume Crown
+struct Settings : GameOptions {
     std::int16_t ZOCRight = -1;
     std::int16_t GridLabels = 0;
-    std::int16_t AnimateMoves = -1;
     std::int16_t History = 0;
     std::int16_t AutoSaveLog = 0;
     std::string Nickname = "Bubba";
@@ -59,38 +54,5 @@ struct Settings {
 
     friend bool operator==(const Settings&, const Settings&) = default;
 };
-
-// What is wrong with one line of the file, and what was done about it.
-struct SettingProblem {
-    std::string section;
-    std::string key;
-    std::string value;
-    std::string message;
-
-    friend bool operator==(const SettingProblem&, const SettingProblem&) = default;
-};
-
-struct SettingName {
-    const char* section;
-    const char* key;
-};
-
-// Every setting's place in the file: those of LoadSettings in their order, then those of LoadClientOptions.
-std::vector<SettingName> AllSettingNames();
-
-// Gives every setting its built-in value.
-void SetDefaultSettings(Settings& settings);
-
-// Read tarveth.ini in folder (which ends in its separator): the client window's fonts and colours with
-// LoadClientOptions, all the rest with LoadSettings. The file cannot fail; the problems found are returned.
-std::vector<SettingProblem> LoadSettings(Settings& settings, modINI& ini, const std::string& folder);
-std::vector<SettingProblem> LoadClientOptions(Settings& settings, modINI& ini, const std::string& folder);
-
-// Write every key of the same sections, changed or not. They are on the disk after the next IniFlush.
-void SaveSettings(const Settings& settings, modINI& ini, const std::string& folder);
-void SaveClientOptions(const Settings& settings, modINI& ini, const std::string& folder);
-
-// One message for the user about all the problems found in the file; empty when there are none.
-std::string ProblemText(const std::vector<SettingProblem>& problems, const std::string& iniPath);
 
 } // namespace tarveth

@@ -1,6 +1,6 @@
 #include "storage/window_positions.h"
 
-#include "storage/val.h"
+#include "text/val.h"
 
 #include <algorithm>
 #include <array>

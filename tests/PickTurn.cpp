@@ -1,6 +1,6 @@
 #include "tests/PickTurn.h"
 
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 
 #include <algorithm>
 #include <iterator>

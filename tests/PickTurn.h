@@ -1,7 +1,7 @@
 // A turn for a player who plays by chance but wants to see an end.
 #pragma once
 
-#include "engine/turns.h"
+#include "engine/rules/turns.h"
 #include "tests/Dice.h"
 
 namespace tarveth {

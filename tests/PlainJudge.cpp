@@ -1,6 +1,6 @@
 #include "tests/PlainJudge.h"
 
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 // square.
 #pragma once
 
-#include "engine/moves.h"
-#include "engine/zones.h"
+#include "engine/rules/moves.h"
+#include "engine/rules/zones.h"
 
 namespace tarveth::test {
 

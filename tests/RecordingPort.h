@@ -2,6 +2,8 @@
 #pragma once
 
 #include "engine/ports.h"
+#include "engine/rules/Game.h"
+#include "storage/notation.h"
 
 #include <functional>
 #include <string>
@@ -30,8 +32,8 @@ public:
     int receivedRecords = 0;
     int boardsSent = 0;
     int returnQuestions = 0;
-    int returnChoice = 1; // what ChooseReturn answers: 1 Pawn, 2 Officer
-    int returnSide = 0;   // whose pieces it offered last
+    PieceKind returnChoice = Pawn; // what ChooseReturn answers
+    int returnSide = 0;            // whose pieces it offered last
     std::vector<bool> gameEndSounds;
     std::vector<bool> victoriesAnnounced; // true for Blue
     std::vector<std::string> sent;        // in-game messages
@@ -70,12 +72,26 @@ public:
     void ShowMessageBox(std::string_view text) override { boxes.emplace_back(text); }
     void Beep() override { ++beeps; }
     void GameEndSound(bool localPlayerWon) override { gameEndSounds.push_back(localPlayerWon); }
-    int ChooseReturn(std::int16_t side) override {
+    PieceKind ChooseReturn(std::int16_t side) override {
         ++returnQuestions;
         returnSide = side;
         if (onChooseReturn)
             onChooseReturn();
         return returnChoice;
+    }
+    // The lines of the record go where a file would find them; without a game they are lost.
+    Game* game = nullptr;
+    void RecordMove(int index) override {
+        if (game != nullptr)
+            HistoryAddMove(*game, index);
+    }
+    void RecordCapture(int mover, int captured) override {
+        if (game != nullptr)
+            HistoryAddCapture(*game, mover, captured);
+    }
+    void RecordReturn(Square square) override {
+        if (game != nullptr)
+            HistoryAddReturn(*game, square);
     }
     void BeginNewRecord() override {
         ++newRecords;

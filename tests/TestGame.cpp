@@ -3,6 +3,7 @@
 namespace tarveth::test {
 
 TestGame::TestGame() {
+    port.game = &game;
     settings.AnimateMoves = 0;
     main.NewGame();
 }

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "engine/modMAIN.h"
-#include "engine/positiontext.h"
+#include "engine/rules/positiontext.h"
+#include "storage/settings.h"
 #include "tests/RecordingPort.h"
 
 #include <string_view>

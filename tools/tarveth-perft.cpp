@@ -1,6 +1,6 @@
 // Counts the complete turns from a starting layout or a saved game, one line a depth.
-#include "engine/Game.h"
-#include "engine/perft.h"
+#include "engine/rules/Game.h"
+#include "engine/rules/perft.h"
 #include "platform/file_error.h"
 #include "storage/modFileIO.h"
 

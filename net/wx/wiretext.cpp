@@ -1,7 +1,7 @@
 #include "net/wx/wiretext.h"
 
 #include "display/wx/text.h"
-#include "net/codepage.h"
+#include "text/codepage.h"
 
 #include <algorithm>
 

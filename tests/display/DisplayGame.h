@@ -37,6 +37,7 @@ struct DisplayGame {
     // A new game with the piece pictures of that size, from the folder pics; shown at their own size. A yield
     // is one tick of the timer, unless display.onYield says otherwise.
     explicit DisplayGame(int pictureSize = 32, std::int16_t boardVariant = kImperialBoard) {
+        port.game = &game;
         settings.AnimateMoves = 0;
         settings.BoardVariant = boardVariant;
         display.onYield = [this] { board.AnimationTick(); };

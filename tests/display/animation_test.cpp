@@ -1,5 +1,5 @@
 // The gliding piece, tick by tick.
-#include "engine/turns.h"
+#include "engine/rules/turns.h"
 #include "tests/Dice.h"
 #include "tests/TestGame.h"
 #include "tests/display/DisplayGame.h"
@@ -53,7 +53,7 @@ void PlayRandomly(DisplayGame& g, std::uint64_t seed, int turns) {
     Dice dice(seed);
     for (int i = 0; i < turns && g.game.GameState == kPickPiece; ++i) {
         const CompleteTurn turn = dice.OneOf(ListTurns(g.game));
-        g.port.returnChoice = turn.returnKind == Officer ? 2 : 1;
+        g.port.returnChoice = turn.returnKind == Officer ? Officer : Pawn;
         g.Click(turn.from);
         g.Click(turn.to);
         if (turn.returnKind != 0)

@@ -1,6 +1,6 @@
 #include "tests/engine/CheckedPlay.h"
 
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 #include "tests/PickTurn.h"
 
 #include <algorithm>
@@ -60,7 +60,7 @@ bool CheckedPlay::PlayGame(int longest) {
 bool CheckedPlay::ClickThroughGame(int most) {
     NewGame();
     for (int click = 0; click < most && table_.game.GameState != kGameOver; ++click) {
-        table_.port.returnChoice = dice_.Between(1, 2);
+        table_.port.returnChoice = dice_.Between(1, 2) == 2 ? Officer : Pawn;
         ClickAnywhere();
         while (table_.game.GameState == kAllowReturn || table_.game.GameState == kTurnOver)
             Pass();
@@ -75,7 +75,7 @@ void CheckedPlay::PlayTurn() {
     if (table_.game.GameState == kPlacePiece) // that has picked a piece: put it down
         Click({table_.game.SelX, table_.game.SelY});
     Click(turn.from);
-    table_.port.returnChoice = turn.returnKind == Officer ? 2 : 1;
+    table_.port.returnChoice = turn.returnKind == Officer ? Officer : Pawn;
     Click(turn.to);
     if (table_.game.GameState == kAllowReturn)
         Pass();

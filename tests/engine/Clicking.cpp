@@ -56,7 +56,7 @@ void Clicking::ForEachTurn(const Game& start, const Visit& visit) {
             FinishTurn({picked.CurPiece,
                         from,
                         to,
-                        captured ? table_.game.CapturedPiece : 0,
+                        captured ? table_.game.Return.CapturedPiece : 0,
                         0,
                         {},
                         picked.Piece(picked.CurPiece).Side == start.Turn},
@@ -81,7 +81,7 @@ void Clicking::FinishTurn(CompleteTurn turn, const Visit& visit) {
 // Answers the question which piece comes back, if it is asked, with `choice`. True when it was.
 bool Clicking::PlaceReturns(CompleteTurn turn, int choice, const Game& captured, const Visit& visit) {
     table_.port.returnQuestions = 0;
-    table_.port.returnChoice = choice;
+    table_.port.returnChoice = choice == kOfficerComesBack ? Officer : Pawn;
     PassOn(captured);
     const bool asked = table_.port.returnQuestions > 0;
     const Game due = table_.game;
@@ -94,7 +94,7 @@ bool Clicking::PlaceReturns(CompleteTurn turn, int choice, const Game& captured,
         ClickOn(due, square);
         if (table_.game.GameState != kTurnOver)
             continue;
-        turn.returnKind = due.ReturnKind;
+        turn.returnKind = due.Return.ReturnKind;
         turn.returnTo = square;
         PassOn(Game(table_.game));
         visit(turn, Game(table_.game));

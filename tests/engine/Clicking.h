@@ -2,8 +2,8 @@
 // handlers make of it. Knows no rule of its own.
 #pragma once
 
-#include "engine/perft.h"
-#include "engine/turns.h"
+#include "engine/rules/perft.h"
+#include "engine/rules/turns.h"
 #include "tests/TestGame.h"
 
 #include <functional>

@@ -1,8 +1,8 @@
 #include "tests/engine/RandomPosition.h"
 
-#include "engine/captures.h"
 #include "engine/modMAIN.h"
-#include "engine/moves.h"
+#include "engine/rules/captures.h"
+#include "engine/rules/moves.h"
 
 namespace tarveth::test {
 
@@ -52,7 +52,7 @@ Game RandomOrdinaryPosition(Dice& dice) {
     Game game;
     do
         SetOut(game, dice);
-    while (!VictorySentence(game).empty());
+    while (FindVictory(game).winner != NoSide);
     const int last = dice.Between(1, kPieces);
     SetPrevious(game, dice, last);
     ClearReflection(game, last);

@@ -1,7 +1,7 @@
 // Positions that no game need ever have led to, for tests of what must hold in all of them.
 #pragma once
 
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 #include "tests/Dice.h"
 
 namespace tarveth::test {

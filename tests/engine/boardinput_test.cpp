@@ -172,13 +172,13 @@ TEST(Deposit, WhileTheReturnIsBeingChosenNothingIsTaken) {
 TEST(IsSquareFree, IsTrueWhereNoPieceStands) {
     TestGame g("turn B | BM 4D | RP 8H | jail BP");
     g.game.ClickX = g.game.ClickY = 4;
-    EXPECT_FALSE(g.main.IsSquareFree());
+    EXPECT_FALSE(IsSquareFree(g.game));
     g.game.ClickX = g.game.ClickY = 8;
-    EXPECT_FALSE(g.main.IsSquareFree());
+    EXPECT_FALSE(IsSquareFree(g.game));
     g.game.ClickX = 4;
-    EXPECT_TRUE(g.main.IsSquareFree());
+    EXPECT_TRUE(IsSquareFree(g.game));
     g.game.ClickX = g.game.ClickY = 1;
-    EXPECT_TRUE(g.main.IsSquareFree()) << "the jailed piece's square";
+    EXPECT_TRUE(IsSquareFree(g.game)) << "the jailed piece's square";
 }
 
 } // namespace

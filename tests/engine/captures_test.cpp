@@ -1,5 +1,5 @@
 // Captures, the jail, returns and victory.
-#include "engine/captures.h"
+#include "engine/rules/captures.h"
 #include "tests/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ TEST(Captures, TheTakenPieceGoesToTheJailWithItsSquareNegated) {
     EXPECT_EQ(g.game.Jailed(1).Y, -5);
     EXPECT_EQ(g.game.Jailed(1).Side, Red);
     EXPECT_EQ(g.game.Jailed(1).Kind, Pawn);
-    EXPECT_EQ(g.game.CapturedPiece, 21);
+    EXPECT_EQ(g.game.Return.CapturedPiece, 21);
     EXPECT_EQ(g.On("4E"), 1);
 }
 
@@ -90,9 +90,9 @@ TEST(Returns, ForAnOfficerAPawnComesBack) {
     TestGame g("turn B | BM 4D | RO 4E | jail BO BP");
     g.Move("4D", "4E");
     EXPECT_EQ(g.game.GameState, 3);
-    EXPECT_EQ(g.game.ReturnKind, Pawn);
-    EXPECT_EQ(g.game.ReturnSlot, 2);
-    EXPECT_EQ(g.game.ReturnName, "Pawn");
+    EXPECT_EQ(g.game.Return.ReturnKind, Pawn);
+    EXPECT_EQ(g.game.Return.ReturnSlot, 2);
+    EXPECT_EQ(g.game.Return.ReturnName(), "Pawn");
     EXPECT_EQ(g.port.returnQuestions, 0);
     EXPECT_EQ(g.port.prompt, "Return piece");
 }
@@ -109,35 +109,35 @@ TEST(Returns, ForAMasterAnOfficerComesBackUnaskedWhenOnlyOfficersAreJailed) {
     TestGame g("turn B | BM 4D | RM 4E | jail RO BO BO");
     g.Move("4D", "4E");
     EXPECT_EQ(g.game.GameState, 3);
-    EXPECT_EQ(g.game.ReturnKind, Officer);
-    EXPECT_EQ(g.game.ReturnSlot, 2);
-    EXPECT_EQ(g.game.ReturnName, "Officer");
+    EXPECT_EQ(g.game.Return.ReturnKind, Officer);
+    EXPECT_EQ(g.game.Return.ReturnSlot, 2);
+    EXPECT_EQ(g.game.Return.ReturnName(), "Officer");
     EXPECT_EQ(g.port.returnQuestions, 0);
 }
 
 TEST(Returns, ForAMasterAPawnComesBackUnaskedWhenOnlyPawnsAreJailed) {
     TestGame g("turn B | BM 4D | RM 4E | jail BP");
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.ReturnKind, Pawn);
-    EXPECT_EQ(g.game.ReturnSlot, 1);
+    EXPECT_EQ(g.game.Return.ReturnKind, Pawn);
+    EXPECT_EQ(g.game.Return.ReturnSlot, 1);
     EXPECT_EQ(g.port.returnQuestions, 0);
 }
 
 TEST(Returns, ForAMasterThePlayerChoosesWhenBothKindsAreJailed) {
     TestGame pawn("turn B | BM 4D | RM 4E | jail BO BP");
-    pawn.port.returnChoice = 1;
+    pawn.port.returnChoice = Pawn;
     pawn.Move("4D", "4E");
     EXPECT_EQ(pawn.port.returnQuestions, 1);
-    EXPECT_EQ(pawn.game.ReturnKind, Pawn);
-    EXPECT_EQ(pawn.game.ReturnSlot, 2);
+    EXPECT_EQ(pawn.game.Return.ReturnKind, Pawn);
+    EXPECT_EQ(pawn.game.Return.ReturnSlot, 2);
 
     TestGame officer("turn B | BM 4D | RM 4E | jail BO BP");
-    officer.port.returnChoice = 2;
+    officer.port.returnChoice = Officer;
     officer.Move("4D", "4E");
     EXPECT_EQ(officer.port.returnQuestions, 1);
-    EXPECT_EQ(officer.game.ReturnKind, Officer);
-    EXPECT_EQ(officer.game.ReturnSlot, 1);
-    EXPECT_EQ(officer.game.ReturnName, "Officer");
+    EXPECT_EQ(officer.game.Return.ReturnKind, Officer);
+    EXPECT_EQ(officer.game.Return.ReturnSlot, 1);
+    EXPECT_EQ(officer.game.Return.ReturnName(), "Officer");
 }
 
 TEST(Returns, TheChoiceIsAmongThePiecesOfTheSideToMove) {
@@ -192,7 +192,7 @@ TEST(Returns, OneIsDueForAnOpposingPieceTakenByAControlledOne) {
 TEST(Returns, NoCaptureOnRecordMeansNoReturn) {
     TestGame g("turn B | BM 4D | jail BP BO");
     for (const std::int16_t captured : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{27}}) {
-        g.game.CapturedPiece = captured;
+        g.game.Return.CapturedPiece = captured;
         g.main.SetGameState(4);
         g.main.CheckReturnDue();
         EXPECT_EQ(g.game.GameState, 5) << captured;
@@ -250,26 +250,21 @@ TEST(Returns, ATakenSquareIsNotReturnedToEvenWhenItWasNotClicked) {
     TestGame g("turn B | BM 4D | RO 4E | jail BP");
     g.Move("4D", "4E");
     const Game before = g.game;
-    g.game.ClickX = 4;
-    g.game.ClickY = 5;
-    g.main.ReturnPiece();
-    g.game.ClearClick();
+    EXPECT_EQ(ReturnPiece(g.game, {4, 5}), 0);
     EXPECT_EQ(g.game, before);
 }
 
 TEST(Returns, WithoutAJailedPieceOrSlotNothingHappens) {
     TestGame g("turn B | BO 1B | BO 1C | BO 1D | BO 1E | jail BP");
     g.game.GameState = 3;
-    g.game.ClickX = g.game.ClickY = 1;
-    g.game.ReturnKind = Officer;
-    g.game.ReturnSlot = 1;
-    g.main.ReturnPiece();
-    g.game.ReturnKind = Pawn;
+    g.game.Return.ReturnKind = Officer;
+    g.game.Return.ReturnSlot = 1;
+    EXPECT_EQ(ReturnPiece(g.game, {1, 1}), 0);
+    g.game.Return.ReturnKind = Pawn;
     for (const std::int16_t slot : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{2}}) {
-        g.game.ReturnSlot = slot;
-        g.main.ReturnPiece();
+        g.game.Return.ReturnSlot = slot;
+        EXPECT_EQ(ReturnPiece(g.game, {1, 1}), 0);
     }
-    EXPECT_EQ(g.game.GameState, 3);
     EXPECT_EQ(g.game.JailCount(), 1);
     EXPECT_EQ(g.On("1A"), 0);
 }
@@ -277,7 +272,7 @@ TEST(Returns, WithoutAJailedPieceOrSlotNothingHappens) {
 TEST(Victory, EachHasItsSentence) {
     const auto sentence = [](const std::string& jail) {
         const TestGame g("turn B | jail " + jail);
-        return std::string(VictorySentence(g.game));
+        return std::string(FindVictory(g.game).sentence);
     };
     const std::string blueMasters = "BM BM BM";
     const std::string redMasters = "RM RM RM";
@@ -303,9 +298,9 @@ TEST(Victory, IsNotYetWithOnePieceLeft) {
                              "RO RO RO RP RP RP RP RP RP", "RO RO RO RO RP RP RP RP RP", "BM BM RM RM",
                              "BO BO BO BO", "RP RP RP RP RP RP"}) {
         const TestGame g(std::string("turn B | jail ") + jail);
-        EXPECT_EQ(VictorySentence(g.game), "") << jail;
+        EXPECT_EQ(FindVictory(g.game).sentence, "") << jail;
     }
-    EXPECT_EQ(VictorySentence(Game{}), "") << "a game without a jail";
+    EXPECT_EQ(FindVictory(Game{}).sentence, "") << "a game without a jail";
 }
 
 TEST(Victory, ThreeJailedMastersEndTheGameAtTheNextPass) {

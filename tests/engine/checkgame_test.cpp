@@ -1,4 +1,4 @@
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 
 #include "tests/TestGame.h"
 

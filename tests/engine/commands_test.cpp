@@ -76,7 +76,7 @@ TEST(Commands, NewGameInTheMiddleOfACaptureLeavesNobodyInTheJail) {
     EXPECT_EQ(g.game.PieceTable, fresh.game.PieceTable);
     EXPECT_EQ(g.game.JailTable, fresh.game.JailTable);
     EXPECT_EQ(g.game.GameState, 1);
-    EXPECT_EQ(g.game.CapturedPiece, 0);
+    EXPECT_EQ(g.game.Return.CapturedPiece, 0);
 }
 
 TEST(Commands, NewGameWhileTheReturnIsBeingChosenWaitsForTheChoice) {

@@ -1,5 +1,5 @@
 // The fixed-point number in which squares are kept.
-#include "engine/Currency.h"
+#include "engine/rules/Currency.h"
 
 #include <gtest/gtest.h>
 

@@ -63,10 +63,9 @@ protected:
 
     void SetUp() override {
         g.game.CurPiece = 1;
-        g.game.CapturedPiece = 15;
-        g.game.ReturnKind = Pawn;
-        g.game.ReturnSlot = 1;
-        g.game.ReturnName = "Pawn";
+        g.game.Return.CapturedPiece = 15;
+        g.game.Return.ReturnKind = Pawn;
+        g.game.Return.ReturnSlot = 1;
         g.game.GameState = GetParam().state;
     }
 };

@@ -1,5 +1,5 @@
 // Where a selected piece may go: each rule with its legal and its illegal twin.
-#include "engine/moves.h"
+#include "engine/rules/moves.h"
 #include "tests/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -352,7 +352,7 @@ TEST(PlacePiece, NothingIsPlacedWhileAPieceIsMoving) {
     g.game.ClickY = 6;
     g.game.Animating = true;
     g.port.message = "old";
-    g.main.PlacePiece();
+    g.main.Pass();
     EXPECT_EQ(g.game.GameState, 2);
     EXPECT_EQ(g.On("4D"), 1);
     EXPECT_EQ(g.port.message, "old");

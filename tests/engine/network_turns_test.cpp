@@ -131,10 +131,10 @@ protected:
 
     void SetUp() override {
         StartNetworkGame(g, false);
-        g.game.ReturnKind = Officer; // left from an earlier return
-        g.game.ReturnSlot = 9;
+        g.game.Return.ReturnKind = Officer; // left from an earlier return
+        g.game.Return.ReturnSlot = 9;
         ReceiveCapture(g);
-        g.port.returnChoice = 2;
+        g.port.returnChoice = Officer;
     }
 };
 

@@ -1,5 +1,5 @@
 // The turn counter against published counts, against the click-driven counter, and against saved positions.
-#include "engine/perft.h"
+#include "engine/rules/perft.h"
 
 #include "storage/modFileIO.h"
 #include "tests/engine/Clicking.h"

@@ -1,5 +1,5 @@
 // The pieces, the layouts, the direction tables, and what a new game asks of the windows.
-#include "engine/captures.h"
+#include "engine/rules/captures.h"
 #include "tests/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -140,8 +140,7 @@ TEST(Pieces, CreatingThemEmptiesTheGame) {
     game.GameState = 8;
     game.CurPiece = 5;
     game.ClickX = game.ClickY = 3;
-    game.CapturedPiece = 20;
-    game.ReturnName = "Pawn";
+    game.Return = {20, Pawn, 1};
     game.VictoryText = "over";
     SendToJail(game, 4);
     CreatePieces(game);

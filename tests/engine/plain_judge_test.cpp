@@ -1,5 +1,5 @@
 // The engine's judges against the plain ones, on every square.
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 #include "tests/Dice.h"
 #include "tests/PlainJudge.h"
 #include "tests/engine/RandomPosition.h"

@@ -145,7 +145,7 @@ TEST(Remote, ABurstIsPlayedInTheOrderItWasSent) {
 TEST(Remote, SquaresWaitWhileATurnIsBeingCompleted) {
     for (const std::int16_t state : {std::int16_t{4}, std::int16_t{5}}) {
         RemoteGame g("turn B | BM 4D | RO 1H | jail BP RO");
-        g.game.CapturedPiece = 18;
+        g.game.Return.CapturedPiece = 18;
         g.QueueSquare("4D");
         g.game.ClickX = g.game.ClickY = 1; // keeps the state for this pass
         g.game.GameState = state;

@@ -57,7 +57,7 @@ TEST(SettleForTransfer, ForgetsTheSquaresThatWait) {
     EXPECT_FALSE(g.net.RemoteMove);
 }
 
-TEST(TakeBoard, WritesTheLogOfTheGameThatItReplaces) {
+TEST(SetUpPosition, WritesTheLogOfTheGameThatItReplaces) {
     class LogPort : public RecordingPort {
     public:
         explicit LogPort(const Game& game) : game_(game) {}
@@ -75,7 +75,7 @@ TEST(TakeBoard, WritesTheLogOfTheGameThatItReplaces) {
     main.NewGame();
     game.lstHistory = {"one", "two"};
     main.AwaitBoard();
-    main.TakeBoard(TestGame("turn R | RM 4D").game);
+    main.SetUpPosition(TestGame("turn R | RM 4D").game, PositionSource::Opponent);
     EXPECT_EQ(port.linesLogged, 2U);
     EXPECT_TRUE(game.lstHistory.empty());
     EXPECT_EQ(game.GameState, kBoardArrived);

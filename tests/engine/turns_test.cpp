@@ -1,9 +1,9 @@
 // The listed turns are those that clicking finds, no more and no fewer.
-#include "engine/turns.h"
+#include "engine/rules/turns.h"
 
-#include "engine/CompactGame.h"
-#include "engine/moves.h"
-#include "engine/zones.h"
+#include "engine/rules/CompactGame.h"
+#include "engine/rules/moves.h"
+#include "engine/rules/zones.h"
 #include "tests/Dice.h"
 #include "tests/engine/Clicking.h"
 #include "tests/engine/RandomPosition.h"

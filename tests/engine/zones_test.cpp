@@ -1,5 +1,5 @@
 // Zones of control, the Lost Power rule, and what a click in state 1 selects.
-#include "engine/zones.h"
+#include "engine/rules/zones.h"
 #include "tests/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -244,7 +244,7 @@ TEST(PickPiece, NothingIsPickedWhileAPieceIsMoving) {
     TestGame g("turn B | BM 4D");
     g.game.ClickX = g.game.ClickY = 4;
     g.game.Animating = true;
-    g.main.PickPiece();
+    g.main.Pass();
     EXPECT_EQ(g.game.GameState, 1);
     EXPECT_EQ(g.game.CurPiece, 0);
 }

@@ -1,8 +1,8 @@
 // The manual's diagrams against the rules, and their form in letters.
 
-#include "engine/moves.h"
-#include "engine/positiontext.h"
-#include "engine/zones.h"
+#include "engine/rules/moves.h"
+#include "engine/rules/positiontext.h"
+#include "engine/rules/zones.h"
 #include "tools/diagram/diagram.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // The manual's source against the program: what a person may meet is explained there.
 
-#include "engine/captures.h"
-#include "engine/moves.h"
-#include "engine/positiontext.h"
-#include "storage/settings.h"
+#include "engine/rules/captures.h"
+#include "engine/rules/moves.h"
+#include "engine/rules/positiontext.h"
+#include "storage/settingsfile.h"
 #include "tests/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ TEST(Manual, ExplainsTheRefusalOfAReturnOnATakenSquare) {
 TEST(Manual, QuotesTheSentenceOfAVictory) {
     Game game;
     SetPosition(game, "turn B | BM 4D | jail RM RM RM");
-    EXPECT_NE(Manual().find("\\q{" + std::string(VictorySentence(game)) + '}'), std::string::npos);
+    EXPECT_NE(Manual().find("\\q{" + std::string(FindVictory(game).sentence) + '}'), std::string::npos);
 }
 
 // A chapter names it, or it is drawn for nothing.

@@ -1,6 +1,6 @@
 #include "tests/net/PlainPeer.h"
 
-#include "net/asio.h"
+#include "net/wire/asio.h"
 
 #include <algorithm>
 #include <array>

@@ -6,8 +6,9 @@ namespace tarveth::test {
 
 TestClient::TestClient(Delivery how)
     : main(game, net, settings, Ports{port, port, port, port, client}),
-      client(game, net, settings, main, port, sounds),
+      client(game, net, settings.Nickname, main, port, [this] { sounds.NewUserSound(); }),
       delivery(how) {
+    port.game = &game;
     settings.Nickname = "Ann";
     main.NewGame();
     client.Open(window, window, socket);

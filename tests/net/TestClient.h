@@ -3,6 +3,7 @@
 
 #include "engine/modMAIN.h"
 #include "net/modClient.h"
+#include "storage/settings.h"
 #include "storage/sounds.h"
 #include "tests/RecordingPort.h"
 #include "tests/net/FakeSocket.h"

@@ -1,7 +1,7 @@
 #include "tests/net/TwoPrograms.h"
 
-#include "engine/checkgame.h"
-#include "engine/turns.h"
+#include "engine/rules/checkgame.h"
+#include "engine/rules/turns.h"
 #include "tests/PickTurn.h"
 #include "tests/engine/RandomPosition.h"
 
@@ -35,7 +35,7 @@ std::string TakePart(std::string_view& bytes) {
 
 LobbyProgram::LobbyProgram(TestLobby& lobby, const std::string& nick)
     : main(game, net, settings, Ports{windows, windows, windows, windows, client}),
-      client(game, net, settings, main, windows, sounds),
+      client(game, net, settings.Nickname, main, windows, [this] { sounds.NewUserSound(); }),
       place(lobby.Connect()) {
     settings.Nickname = nick;
     settings.AnimateMoves = 0;
@@ -127,7 +127,7 @@ void TwoPrograms::PutLoadedBoard(LobbyProgram& program) {
 void TwoPrograms::PlayTurn(bool mayStop) {
     const CompleteTurn turn = PickTurn(Mover().game, dice_);
     for (LobbyProgram* program : programs_)
-        program->windows.returnChoice = turn.returnKind == Officer ? 2 : 1;
+        program->windows.returnChoice = turn.returnKind == Officer ? Officer : Pawn;
     ClickWithoutSense();
     Click(Mover(), turn.from);
     SwapNowAndThen();

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "engine/modMAIN.h"
-#include "engine/turns.h"
+#include "engine/rules/turns.h"
 #include "net/modClient.h"
+#include "storage/notation.h"
+#include "storage/settings.h"
 #include "storage/sounds.h"
 #include "tests/Dice.h"
 #include "tests/net/FakeSocket.h"
@@ -25,11 +27,11 @@ class SilentWindows : public MainWindowPort,
                       public ClientWindowPort,
                       public ClientPersonPort {
 public:
-    explicit SilentWindows(const Game& game) : game_(game) {}
+    explicit SilentWindows(Game& game) : game_(game) {}
 
     std::vector<std::string> log; // of the game before, as the file would hold it
     std::string status;           // lblMessage
-    int returnChoice = 1;
+    PieceKind returnChoice = Pawn;
     int notices = 0;
 
     void ShowMessage(std::string_view text) override { status = text; }
@@ -45,7 +47,10 @@ public:
     void Beep() override {}
     void ShowMessageBox(std::string_view) override {}
     void GameEndSound(bool) override {}
-    int ChooseReturn(std::int16_t) override { return returnChoice; }
+    PieceKind ChooseReturn(std::int16_t) override { return returnChoice; }
+    void RecordMove(int index) override { HistoryAddMove(game_, index); }
+    void RecordCapture(int mover, int captured) override { HistoryAddCapture(game_, mover, captured); }
+    void RecordReturn(Square square) override { HistoryAddReturn(game_, square); }
     void BeginNewRecord() override { log = game_.lstHistory; }
     void BeginReceivedRecord() override { log = game_.lstHistory; }
     void PlayWav(const std::string&) override {}
@@ -64,7 +69,7 @@ public:
     }
 
 private:
-    const Game& game_;
+    Game& game_;
 };
 
 // One of them, at its place in the lobby.

@@ -1,5 +1,5 @@
 // A whole board from one program to the other: what is sent, and what becomes of what arrives.
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 #include "tests/net/ToolsGame.h"
 
 #include <gtest/gtest.h>
@@ -84,7 +84,7 @@ TEST(SendBoard, GivesUpAReturnThatIsDueAndEndsTheTurn) {
 TEST(SendBoard, EndsATurnThatIsOver) {
     for (const std::int16_t state : {kAllowReturn, kTurnOver}) {
         ToolsGame g("turn B | BM 4D | RO 8H | jail BP RO");
-        g.game.CapturedPiece = 18;
+        g.game.Return.CapturedPiece = 18;
         g.game.GameState = state;
         g.BoardSent();
         EXPECT_EQ(g.game.GameState, kPickPiece);
@@ -179,7 +179,7 @@ TEST(ReceiveBoard, BeginsARecordAndAHistoryOfItsOwn) {
     ToolsGame g;
     g.Move("4E", "4D");
     g.game.CurPiece = 12;
-    g.game.ReturnName = "Pawn";
+    g.game.Return = {15, Pawn, 1};
     g.Receive("C(board)");
     EXPECT_EQ(g.port.receivedRecords, 0) << "it may yet turn out bad";
     EXPECT_EQ(g.game.lstHistory.size(), 1U);
@@ -222,7 +222,7 @@ TEST(ReceiveBoard, EndsWhatWasBegunOnTheBoardBefore) {
     ASSERT_EQ(g.game.GameState, kReturnPiece);
     g.Receive(NewBoard());
     EXPECT_EQ(g.game.GameState, kPickPiece);
-    EXPECT_EQ(g.game.ReturnKind, 0);
+    EXPECT_EQ(g.game.Return.ReturnKind, 0);
     EXPECT_FALSE(g.main.HasWork());
 }
 

@@ -1,7 +1,7 @@
 // Opening and closing the client window, and what arrives while something else is going on.
 #include "tests/net/TestClient.h"
 
-#include "engine/positiontext.h"
+#include "engine/rules/positiontext.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // A server, or an opponent behind it, that says what no honest one would: the program stays whole and within
 // bounds, the game on the board can be played on, and the user is told in few words.
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 #include "tests/net/TestClient.h"
 
 #include <gtest/gtest.h>

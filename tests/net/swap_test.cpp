@@ -48,7 +48,7 @@ TEST(Swap, LeavesTheBoardAsItIs) {
 TEST(Swap, HandsAReturnThatIsDueToTheOther) {
     const std::string_view capture = "turn B | BM 4D | RM 4E | RM 8H | jail BP BO";
     ToolsGame mine(capture); // Blue
-    mine.port.returnChoice = 2;
+    mine.port.returnChoice = Officer;
     mine.Move("4D", "4E");
     ToolsGame his(capture);
     his.tools.SetLocalRed();
@@ -123,7 +123,7 @@ TEST(LinkEnd, MakesTheOpponentsReturnTheLocalPlayers) {
     ToolsGame g("turn R | RM 4D | BM 4E | BM 8H | jail RP RO");
     g.Receive("M(4, 4)M(4, 5)");
     ASSERT_EQ(g.game.GameState, kReturnPiece);
-    g.port.returnChoice = 2;
+    g.port.returnChoice = Officer;
     g.tools.EndLink();
     g.net.InGame = false;
     g.Settle();

@@ -1,5 +1,5 @@
 // Loading what is no game: one message that names the file and the line, the game on the board untouched.
-#include "engine/checkgame.h"
+#include "engine/rules/checkgame.h"
 #include "tests/Dice.h"
 #include "tests/storage/BadFiles.h"
 

@@ -223,7 +223,7 @@ TEST(Load, PutsTheGameOnTheBoardAndShowsItsTitle) {
     EXPECT_EQ(t.port.player, "Red");
     EXPECT_EQ(t.port.caption, "a.tsg (Tarveth)");
     EXPECT_GT(t.port.redraws, redraws);
-    EXPECT_EQ(t.port.calls, (Lines{"history", "redraw", "player Red", "history", "caption a.tsg (Tarveth)"}));
+    EXPECT_EQ(t.port.calls, (Lines{"history", "redraw", "player Red", "caption a.tsg (Tarveth)"}));
     EXPECT_EQ(t.record.GameFileName, t.folder.File("a.tsg"));
     EXPECT_TRUE(t.port.boxes.empty());
 }

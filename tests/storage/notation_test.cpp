@@ -80,13 +80,13 @@ TEST(History, ACaptureAddsMoveAndCaptureInOneLine) {
 
 TEST(History, AReturnIsIndentedByTwoBlanks) {
     TestGame g;
-    g.game.ReturnName = "Pawn";
+    g.game.Return.ReturnKind = Pawn;
     HistoryAddReturn(g.game, {2, 7});
     g.game.Turn = Red;
-    g.game.ReturnName = "Officer";
+    g.game.Return.ReturnKind = Officer;
     HistoryAddReturn(g.game, {8, 1});
     g.game.Turn = 7;
-    g.game.ReturnName.clear();
+    g.game.Return.ReturnKind = 0;
     HistoryAddReturn(g.game, {8, 1});
     EXPECT_EQ(g.game.lstHistory, (std::vector<std::string>{"  BP r2G", "  RO r8A", "  R r8A"}));
 }

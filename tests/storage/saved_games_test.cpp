@@ -1,8 +1,8 @@
 // Saved games: the bytes that are written, what the reader forgives, and what it refuses.
 #include "storage/modFileIO.h"
 
-#include "engine/checkgame.h"
-#include "engine/turns.h"
+#include "engine/rules/checkgame.h"
+#include "engine/rules/turns.h"
 #include "platform/file_error.h"
 #include "tests/Dice.h"
 #include "tests/TestGame.h"
@@ -26,7 +26,7 @@ Game PlayedGame(int turns) {
     Dice dice(41);
     for (int i = 0; i < turns && table.game.GameState != kGameOver; ++i) {
         const CompleteTurn turn = dice.OneOf(ListTurns(table.game));
-        table.port.returnChoice = turn.returnKind == Officer ? 2 : 1;
+        table.port.returnChoice = turn.returnKind == Officer ? Officer : Pawn;
         for (const Square square : {turn.from, turn.to, turn.returnTo}) {
             table.main.DepositSquare(square);
             table.main.RunPasses();

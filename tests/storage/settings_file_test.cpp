@@ -1,5 +1,5 @@
 // tarveth.ini as a whole: what a close of the main window leaves on the disk.
-#include "storage/settings.h"
+#include "storage/settingsfile.h"
 #include "storage/window_positions.h"
 
 #include "tests/FirstSettings.h"
@@ -53,33 +53,33 @@ TEST_F(SettingsFile, AnUnchangedCloseLeavesItAsItIs) {
 }
 
 TEST_F(SettingsFile, GivesBackEverySettingThatWasSaved) {
-    settings = {.BoardVariant = 2,
-                .ZOCRight = 0,
-                .GridLabels = -1,
-                .AnimateMoves = 0,
-                .History = 1,
-                .AutoSaveLog = -1,
-                .Nickname = "Ann",
-                .UseNewUserSound = -1,
-                .NewUserSound = "<beep>",
-                .NewUserSoundDelay = 60,
-                .SoundVictor = "C:\\MEDIA\\TADA.WAV",
-                .SoundLoser = "sad trombone.wav",
-                .PictureScheme = "pics/stone.tps",
-                .BluePics = {"", "b1.bmp", "b2.bmp", "b3.bmp"},
-                .RedPics = {"", "r1.bmp", "r2.bmp", "r3.bmp"},
-                .BoardBlack = {1, 2, 3},
-                .BoardWhite = {4, 5, 6},
-                .TranscriptFontName = "Courier New",
-                .TranscriptFontSize = 10,
-                .TranscriptMyColor = 1,
-                .TranscriptOppColor = 2,
-                .TranscriptSysColor = 16777215,
-                .TranscriptColor = -4,
-                .UserListFontName = "Arial",
-                .UserListFontSize = 11,
-                .ChatTextFontName = "Times",
-                .ChatTextFontSize = 12};
+    settings.BoardVariant = 2;
+    settings.ZOCRight = 0;
+    settings.GridLabels = -1;
+    settings.AnimateMoves = 0;
+    settings.History = 1;
+    settings.AutoSaveLog = -1;
+    settings.Nickname = "Ann";
+    settings.UseNewUserSound = -1;
+    settings.NewUserSound = "<beep>";
+    settings.NewUserSoundDelay = 60;
+    settings.SoundVictor = "C:\\MEDIA\\TADA.WAV";
+    settings.SoundLoser = "sad trombone.wav";
+    settings.PictureScheme = "pics/stone.tps";
+    settings.BluePics = {"", "b1.bmp", "b2.bmp", "b3.bmp"};
+    settings.RedPics = {"", "r1.bmp", "r2.bmp", "r3.bmp"};
+    settings.BoardBlack = {1, 2, 3};
+    settings.BoardWhite = {4, 5, 6};
+    settings.TranscriptFontName = "Courier New";
+    settings.TranscriptFontSize = 10;
+    settings.TranscriptMyColor = 1;
+    settings.TranscriptOppColor = 2;
+    settings.TranscriptSysColor = 16777215;
+    settings.TranscriptColor = -4;
+    settings.UserListFontName = "Arial";
+    settings.UserListFontSize = 11;
+    settings.ChatTextFontName = "Times";
+    settings.ChatTextFontSize = 12;
     EXPECT_TRUE(Close());
 
     Settings read;

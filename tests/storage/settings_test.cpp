@@ -1,5 +1,5 @@
 // The values of the settings: defaults, what is taken from the file as it stands, and what is refused.
-#include "storage/settings.h"
+#include "storage/settingsfile.h"
 
 #include "tests/platform/TempFolder.h"
 

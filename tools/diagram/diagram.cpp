@@ -1,7 +1,7 @@
 #include "tools/diagram/diagram.h"
 
-#include "engine/positiontext.h"
-#include "engine/zones.h"
+#include "engine/rules/positiontext.h"
+#include "engine/rules/zones.h"
 
 #include <sstream>
 #include <stdexcept>

@@ -13,7 +13,7 @@
 //   numbers
 #pragma once
 
-#include "engine/Game.h"
+#include "engine/rules/Game.h"
 
 #include <istream>
 #include <string>

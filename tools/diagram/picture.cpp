@@ -22,7 +22,7 @@ struct NoWindow : DisplayPort, PersonPort {
     void Beep() override {}
     void ShowMessageBox(std::string_view) override {}
     void GameEndSound(bool) override {}
-    int ChooseReturn(std::int16_t) override { return 1; }
+    PieceKind ChooseReturn(std::int16_t) override { return Pawn; }
 };
 
 struct Drawing {

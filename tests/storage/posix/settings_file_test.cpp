@@ -1,5 +1,5 @@
 // What our own writing of tarveth.ini leaves alone in it, byte for byte, and on a disk that fills up.
-#include "storage/settings.h"
+#include "storage/settingsfile.h"
 #include "storage/window_positions.h"
 
 #include "tests/FirstSettings.h"

@@ -1,0 +1,196 @@
+#include "display/wx/frmMain.h"
+
+#include "display/wx/BoardView.h"
+#include "display/wx/HistoryList.h"
+#include "display/wx/frmMainMenu.h"
+#include "display/wx/text.h"
+
+#include <wx/evtloop.h>
+#include <wx/filefn.h>
+#include <wx/iconbndl.h>
+#include <wx/image.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/settings.h>
+#include <wx/stattext.h>
+#include <wx/utils.h>
+
+namespace tarveth {
+
+namespace {
+
+constexpr int kFirstBoardEdge = 512; // the built-in pictures at their own size
+constexpr int kSmallestWidth = 640;
+constexpr int kSmallestHeight = 480;
+
+} // namespace
+
+frmMain::frmMain() : PlacedFrame("Tarveth"), Timer1(this) {
+    CreateMenus();
+    CreateControls();
+    const LayoutBox inside = SizeForBoard(FromDIP(kFirstBoardEdge), Metrics());
+    SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
+    SetClientSize(inside.width, inside.height);
+    surface->Bind(wxEVT_SIZE, &frmMain::OnSize, this);
+    Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
+    Bind(wxEVT_IDLE, &frmMain::OnIdle, this);
+    Bind(wxEVT_TIMER, [this](wxTimerEvent&) { parts_->board.AnimationTick(); });
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+        TakeThemeColours();
+        event.Skip();
+    });
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::CreateMenus() {
+    MainMenu menu = CreateMainMenu();
+    mnuOptions = menu.mnuOptions;
+    SetMenuBar(menu.bar);
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, mnuFileExit);
+    Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+        parts_->mouse.ReleaseCursorZone(); // from here on the menu hears when the key is let go
+        if (event.GetMenu() == mnuOptions)
+            CheckBoardVariant();
+        event.Skip();
+    });
+}
+
+void frmMain::Connect(const MainWindowParts& parts) {
+    parts_ = std::make_unique<MainWindowParts>(parts);
+    picDisplay->Connect(parts.board, parts.mouse, [this] { parts_->main.RunPasses(); });
+    for (const auto& [item, command] : parts_->commands) {
+        GetMenuBar()->Enable(item, true);
+        Bind(
+            wxEVT_MENU, [this, run = command](wxCommandEvent&) { parts_->main.RunCommand(run); }, item);
+    }
+    TakeThemeColours();
+    ApplyDisplaySettings();
+    picDisplay->SetFocus();
+    CallAfter([this] { NameControls(); }); // nobody reads them before the window is there
+}
+
+// In a dark theme a side's pure colour would be lost on its ground, so what has one keeps a light ground.
+void frmMain::TakeThemeColours() {
+    const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    lblCurPlayer->SetBackgroundColour(ground.GetLuminance() < 0.5 ? *wxWHITE : wxColour());
+    if (!parts_)
+        return;
+    ShowLocalSide(localSide_);
+    const wxColour jail = ground.ChangeLightness(ground.GetLuminance() < 0.5 ? 108 : 95);
+    parts_->board.picJail.BackColor = Rgb(jail.Red(), jail.Green(), jail.Blue());
+    parts_->board.RedrawBoard();
+}
+
+void frmMain::TakeIcons(const std::string& folder) {
+    wxImage::AddHandler(new wxPNGHandler);
+    wxIconBundle icons;
+    for (const int size : {16, 32, 48, 64, 128}) {
+        const wxString file = ToWx(folder) + "pics/tarveth-" + std::to_string(size) + ".png";
+        wxIcon icon;
+        if (wxFileExists(file) && icon.LoadFile(file, wxBITMAP_TYPE_PNG))
+            icons.AddIcon(icon);
+    }
+    if (!icons.IsEmpty())
+        SetIcons(icons);
+}
+
+void frmMain::CheckBoardVariant() {
+    mnuOptions->Check(parts_->settings.BoardVariant == kImperialBoard ? mnuOptionsImperial : mnuOptionsDraume,
+                      true);
+}
+
+void frmMain::ShowMessage(std::string_view text) {
+    lblMessage->SetLabelText(ToWx(text));
+}
+
+void frmMain::ShowPrompt(std::string_view text) {
+    lblMoveStatus->SetLabelText(ToWx(text));
+}
+
+void frmMain::ShowPlayer(std::string_view text, std::uint32_t colour) {
+    lblCurPlayer->SetForegroundColour(wxColour(colour));
+    lblCurPlayer->SetLabelText(ToWx(text));
+}
+
+void frmMain::ShowLocalSide(std::int16_t side) {
+    localSide_ = side;
+    const wxColour none;
+    Label1[1]->SetForegroundColour(side == NoSide ? none : side == Blue ? *wxBLUE : *wxRED);
+    Label1[1]->SetBackgroundColour(side != NoSide && lblCurPlayer->UseBgCol() ? *wxWHITE : none);
+    Label1[1]->Refresh();
+}
+
+void frmMain::ShowCaption(std::string_view text) {
+    SetTitle(ToWx(text));
+}
+
+void frmMain::ShowMarker(bool visible) {
+    parts_->board.ShowMarker(visible);
+}
+
+void frmMain::ShowHistory() {
+    if (lstHistory != nullptr)
+        lstHistory->ShowLines(parts_->game.lstHistory);
+}
+
+void frmMain::Beep() {
+    wxBell();
+}
+
+void frmMain::ShowMessageBox(std::string_view text) {
+    wxMessageBox(ToWx(text), "Tarveth", wxOK, this);
+}
+
+void frmMain::GameEndSound(bool localPlayerWon) {
+    parts_->gameEndSound(localPlayerWon);
+}
+
+PieceKind frmMain::ChooseReturn(std::int16_t side) {
+    return parts_->chooseReturn(side);
+}
+
+void frmMain::RefreshDisplay() {
+    picDisplay->ShowPixels(parts_->board.picDisplay.Pixels);
+    picDisplayJail->ShowPixels(parts_->board.picDisplayJail.Pixels);
+}
+
+void frmMain::SetTimerInterval(int milliseconds) {
+    if (milliseconds == 0)
+        Timer1.Stop();
+    else
+        Timer1.Start(milliseconds);
+}
+
+void frmMain::Yield() {
+    wxEventLoopBase::GetActive()->Dispatch();
+}
+
+void frmMain::OnSize(wxSizeEvent& event) {
+    if (parts_)
+        LayOut();
+    event.Skip();
+}
+
+void frmMain::OnIdle(wxIdleEvent& event) {
+    // After every event, so that what a command did is judged as well.
+    if (parts_ && parts_->main.RunPasses())
+        event.RequestMore();
+    event.Skip();
+}
+
+void frmMain::OnClose(wxCloseEvent& event) {
+    if (parts_->main.Busy() && event.CanVeto()) { // a piece is on its way: it arrives first
+        event.Veto();
+        parts_->main.RunCommand([this] { Close(true); }); // the command itself keeps it busy
+        return;
+    }
+    parts_->saveSettings(Position());
+    Timer1.Stop();
+    parts_->main.EndLoop();
+    parts_->closeOthers();
+    event.Skip(); // destroys the window, and with the last one the program ends
+}
+
+} // namespace tarveth

@@ -1,0 +1,111 @@
+// The main window: menus, board, jail, history and labels. Its handlers each call one thing in the core.
+#pragma once
+
+#include "display/board.h"
+#include "display/boardmouse.h"
+#include "display/layout.h"
+#include "display/wx/PlacedFrame.h"
+#include "engine/modMAIN.h"
+
+#include <array>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include <wx/timer.h>
+
+class wxMenu;
+class wxStaticLine;
+class wxStaticText;
+
+namespace tarveth {
+
+class BoardView;
+class HistoryList;
+class PictureView;
+
+// What the window works on; all of it outlives the window.
+struct MainWindowParts {
+    Game& game;
+    Settings& settings;
+    PiecePictures& pictures;
+    modMAIN& main;
+    BoardDisplay& board;
+    BoardMouse& mouse;
+    std::map<int, std::function<void()>> commands; // by MainMenuItem; an item without one is disabled
+    std::function<void(const WindowPosition&)> saveSettings;
+    std::function<void()> closeOthers; // after that, when the game has ended
+    std::function<void(bool localPlayerWon)> gameEndSound;
+    std::function<PieceKind(std::int16_t side)> chooseReturn; // Officer or Pawn; blocks until chosen
+};
+
+class frmMain : public PlacedFrame, public MainWindowPort, public PersonPort, public DisplayPort {
+public:
+    frmMain();
+    ~frmMain() override;
+
+    // Joins the window to the game. Called once, before anything else.
+    void Connect(const MainWindowParts& parts);
+
+    // Takes the window's icons from pics/ in the folder (with its trailing separator), if they are there.
+    void TakeIcons(const std::string& folder);
+
+    // Applies the display switches of the settings and places everything anew.
+    void ApplyDisplaySettings();
+    void ShowGridLabels();
+
+    void ShowMessage(std::string_view text) override;
+    void ShowPrompt(std::string_view text) override;
+    void ShowPlayer(std::string_view text, std::uint32_t colour) override;
+    void ShowLocalSide(std::int16_t side) override;
+    void ShowCaption(std::string_view text) override;
+    void ShowMarker(bool visible) override;
+    void ShowHistory() override;
+
+    void Beep() override;
+    void ShowMessageBox(std::string_view text) override;
+    void GameEndSound(bool localPlayerWon) override;
+    PieceKind ChooseReturn(std::int16_t side) override;
+
+    void RefreshDisplay() override;
+    void SetTimerInterval(int milliseconds) override;
+    void Yield() override;
+
+private:
+    void CreateMenus();
+    void CreateControls();
+    void CreateGridLabels();
+    void CreateHistory();
+    void NameControls();
+    wxStaticText* NewLabel(const wxString& text = {});
+    LayoutMetrics Metrics() const;
+    void LayOut();
+    void TakeThemeColours();
+    void CheckBoardVariant();
+
+    void OnSize(wxSizeEvent& event);
+    void OnClose(wxCloseEvent& event);
+    void OnIdle(wxIdleEvent& event);
+
+    std::unique_ptr<MainWindowParts> parts_; // null until Connect
+    std::int16_t localSide_ = NoSide;        // as last shown
+
+    wxMenu* mnuOptions = nullptr;
+    wxWindow* surface = nullptr; // holds all the controls
+    BoardView* picDisplay = nullptr;
+    PictureView* picDisplayJail = nullptr;
+    HistoryList* lstHistory = nullptr;       // none until first shown
+    std::array<wxStaticText*, 16> lblGrid{}; // likewise
+    std::array<wxStaticText*, 2> Label1{};
+    wxStaticText* lblCurPlayer = nullptr;
+    wxStaticText* lblMoveStatus = nullptr;
+    wxStaticText* lblMessage = nullptr;
+    wxStaticLine* linLeft = nullptr;
+    wxStaticLine* linRight = nullptr;
+    wxStaticLine* linTop = nullptr;
+    wxStaticLine* linBottom = nullptr;
+    wxStaticLine* Line1 = nullptr;
+    wxTimer Timer1;
+};
+
+} // namespace tarveth

@@ -1,0 +1,162 @@
+// The controls of the main window, and where they stand.
+#include "display/wx/frmMain.h"
+
+#include "display/wx/BoardView.h"
+#include "display/wx/HistoryList.h"
+#include "display/wx/text.h"
+#include "platform/accessible.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <wx/panel.h>
+#include <wx/statline.h>
+#include <wx/stattext.h>
+
+namespace tarveth {
+
+namespace {
+
+constexpr int kFrameLine = 1;
+
+void NameControl(wxWindow* control, const std::string& given, const std::string& spoken) {
+    platform::SetAccessible(control->GetHandle(), given, spoken);
+}
+
+void Place(wxWindow* window, const LayoutBox& box) {
+    window->SetSize(box.x, box.y, box.width, box.height);
+}
+
+// A label in the middle of its box.
+void CentreLabel(wxStaticText* label, const LayoutBox& box) {
+    const wxSize text = label->GetTextExtent(label->GetLabel());
+    label->SetSize(box.x + (box.width - text.x) / 2, box.y + (box.height - text.y) / 2, text.x, text.y);
+}
+
+// A label over the whole width of its box, in the middle of its height.
+void PlaceLine(wxStaticText* label, const LayoutBox& box) {
+    const int height = label->GetTextExtent("M").y;
+    label->SetSize(box.x, box.y + (box.height - height) / 2, box.width, height);
+}
+
+} // namespace
+
+wxStaticText* frmMain::NewLabel(const wxString& text) {
+    return new wxStaticText(surface, wxID_ANY, text, wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE);
+}
+
+void frmMain::CreateControls() {
+    surface = new wxPanel(this);
+    picDisplay = new BoardView(surface);
+    picDisplayJail = new PictureView(surface);
+    Label1[0] = NewLabel("Turn:");
+    Label1[1] = NewLabel("Next:");
+    lblCurPlayer = NewLabel();
+    lblCurPlayer->SetFont(GetFont().Scaled(1.5F).Bold());
+    lblMoveStatus = NewLabel();
+    lblMoveStatus->SetFont(GetFont().Bold());
+    lblMessage = NewLabel();
+    const auto line = [this](long style) {
+        return new wxStaticLine(surface, wxID_ANY, wxDefaultPosition, wxDefaultSize, style);
+    };
+    linLeft = line(wxLI_VERTICAL);
+    linRight = line(wxLI_VERTICAL);
+    linTop = line(wxLI_HORIZONTAL);
+    linBottom = line(wxLI_HORIZONTAL);
+    Line1 = line(wxLI_HORIZONTAL);
+}
+
+// Sixteen labels and a list cost a tenth of the start, so they are made when they are first shown.
+void frmMain::CreateGridLabels() {
+    for (std::size_t i = 0; i < 8; ++i) {
+        lblGrid[i] = NewLabel(wxString(static_cast<char>('A' + i)));
+        lblGrid[i + 8] = NewLabel(wxString(static_cast<char>('1' + i)));
+    }
+    for (std::size_t i = 0; i < lblGrid.size(); ++i)
+        NameControl(lblGrid[i], "lblGrid(" + std::to_string(i) + ')', i < 8 ? "Row" : "Column");
+}
+
+void frmMain::CreateHistory() {
+    lstHistory = new HistoryList(surface);
+    NameControl(lstHistory, "lstHistory", "Move history");
+    ShowHistory();
+}
+
+void frmMain::NameControls() {
+    NameControl(picDisplay, "picDisplay", "Board");
+    NameControl(picDisplayJail, "picDisplayJail", "Jail");
+    NameControl(lblCurPlayer, "lblCurPlayer", "Player to move");
+    NameControl(lblMoveStatus, "lblMoveStatus", "What to do next");
+    NameControl(lblMessage, "lblMessage", "Message");
+    NameControl(Label1[0], "Label1(0)", "Caption");
+    NameControl(Label1[1], "Label1(1)", "Caption");
+}
+
+LayoutMetrics frmMain::Metrics() const {
+    const wxSize letter = lblMessage->GetTextExtent("M");
+    LayoutMetrics metrics;
+    metrics.margin = FromDIP(metrics.margin);
+    metrics.gap = FromDIP(metrics.gap);
+    if (parts_ && parts_->settings.GridLabels != 0) {
+        metrics.gridWidth = letter.x + FromDIP(8);
+        metrics.gridHeight = letter.y + FromDIP(2);
+    }
+    metrics.rowHeight = letter.y + FromDIP(4);
+    metrics.playerHeight = lblCurPlayer->GetTextExtent("M").y + FromDIP(4);
+    metrics.captionWidth = std::max(lblMessage->GetTextExtent(Label1[0]->GetLabel()).x,
+                                    lblMessage->GetTextExtent(Label1[1]->GetLabel()).x) +
+                           FromDIP(10);
+    metrics.sideWidth = std::max(FromDIP(metrics.sideWidth), lblMessage->GetCharWidth() * 22);
+    // Room for the longest message; broken between words, it takes about a sixth more than its length.
+    metrics.messageLines = lblMessage->GetTextExtent(ToWx(kToBeginPlay)).x * 7 / 6 / metrics.sideWidth + 1;
+    return metrics;
+}
+
+void frmMain::LayOut() {
+    const wxSize inside = surface->GetClientSize();
+    const MainLayout layout = LayOutMainWindow(inside.x, inside.y, Metrics());
+    Place(picDisplay, layout.display);
+    Place(picDisplayJail, layout.displayJail);
+    for (std::size_t i = 0; i < lblGrid.size() && lblGrid[i] != nullptr; ++i)
+        CentreLabel(lblGrid[i], layout.grid[i]);
+    PlaceLine(Label1[0], layout.playerCaption);
+    PlaceLine(lblCurPlayer, layout.player);
+    // No wider than its text, so that a ground of its own stays a small patch.
+    lblCurPlayer->SetSize(lblCurPlayer->GetTextExtent("Blue ").x, wxDefaultCoord);
+    PlaceLine(Label1[1], layout.statusCaption);
+    PlaceLine(lblMoveStatus, layout.status);
+    Place(lblMessage, layout.message);
+    Place(Line1, layout.separator);
+    if (lstHistory != nullptr)
+        Place(lstHistory, layout.history);
+    const LayoutBox& board = layout.display;
+    Place(linLeft, {board.x - kFrameLine, board.y, kFrameLine, board.height});
+    Place(linRight, {board.Right(), board.y, kFrameLine, board.height});
+    Place(linTop, {board.x, board.y - kFrameLine, board.width, kFrameLine});
+    Place(linBottom, {board.x, board.Bottom(), board.width, kFrameLine});
+    const double scale = GetContentScaleFactor();
+    parts_->board.SetDisplaySize(static_cast<int>(std::lround(board.width * scale)),
+                                 static_cast<int>(std::lround(layout.displayJail.height * scale)));
+}
+
+void frmMain::ApplyDisplaySettings() {
+    ShowGridLabels();
+    const bool history = parts_->settings.History != 0;
+    if (history && lstHistory == nullptr)
+        CreateHistory();
+    if (lstHistory != nullptr)
+        lstHistory->Show(history);
+    Line1->Show(history);
+    LayOut();
+}
+
+void frmMain::ShowGridLabels() {
+    const bool visible = parts_->settings.GridLabels != 0;
+    if (visible && lblGrid[0] == nullptr)
+        CreateGridLabels();
+    if (lblGrid[0] != nullptr)
+        for (wxStaticText* label : lblGrid)
+            label->Show(visible);
+}
+
+} // namespace tarveth

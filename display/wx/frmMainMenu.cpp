@@ -1,0 +1,41 @@
+#include "display/wx/frmMainMenu.h"
+
+#include <wx/menu.h>
+
+namespace tarveth {
+
+MainMenu CreateMainMenu() {
+    auto* mnuFile = new wxMenu;
+    mnuFile->Append(mnuFileNew, "&New Game");
+    mnuFile->Append(mnuFileLoad, "&Load Game");
+    mnuFile->Append(mnuFileSave, "&Save Game");
+    mnuFile->Append(mnuFileSaveAs, "Save Game &As");
+    mnuFile->AppendSeparator();
+    mnuFile->Append(mnuFileInternet, "Connect to &Internet");
+    mnuFile->AppendSeparator();
+    mnuFile->Append(mnuFileExit, "E&xit");
+
+    auto* mnuOptions = new wxMenu;
+    mnuOptions->AppendRadioItem(mnuOptionsImperial, "&Imperial Board");
+    mnuOptions->AppendRadioItem(mnuOptionsDraume, "&Draume Crown Board");
+    mnuOptions->AppendSeparator();
+    mnuOptions->Append(mnuSetColors, "&Options...");
+
+    auto* mnuHelp = new wxMenu;
+    mnuHelp->Append(mnuHelpHelp, "&Help on Tarveth");
+    mnuHelp->AppendSeparator();
+    mnuHelp->Append(mnuOptionsShowZOC, "&Show ZOC");
+    mnuHelp->Append(mnuOptionsShowZOCAll, "Show &ZOC All");
+    mnuHelp->AppendSeparator();
+    mnuHelp->Append(mnuHelpAbout, "&About Tarveth");
+
+    auto* bar = new wxMenuBar;
+    bar->Append(mnuFile, "&File");
+    bar->Append(mnuOptions, "&Options");
+    bar->Append(mnuHelp, "&Help");
+    for (int item = mnuFirst; item <= mnuLast; ++item)
+        bar->Enable(item, item == mnuFileExit);
+    return {bar, mnuOptions};
+}
+
+} // namespace tarveth

@@ -1,0 +1,47 @@
+// The way of the settings from and to tarveth.ini.
+// What the reader forgives: missing file, sections and keys (the setting stays as it is), any case, any
+// order, unknown lines. A number that does not fit is told as a SettingProblem and changes nothing.
+#pragma once
+
+#include "storage/modINI.h"
+#include "storage/settings.h"
+
+#include <string>
+#include <vector>
+
+namespace tarveth {
+
+// What is wrong with one line of the file, and what was done about it.
+struct SettingProblem {
+    std::string section;
+    std::string key;
+    std::string value;
+    std::string message;
+
+    friend bool operator==(const SettingProblem&, const SettingProblem&) = default;
+};
+
+struct SettingName {
+    const char* section;
+    const char* key;
+};
+
+// Every setting's place in the file: those of LoadSettings in their order, then those of LoadClientOptions.
+std::vector<SettingName> AllSettingNames();
+
+// Gives every setting its built-in value.
+void SetDefaultSettings(Settings& settings);
+
+// Read tarveth.ini in folder (which ends in its separator): the client window's fonts and colours with
+// LoadClientOptions, all the rest with LoadSettings. The file cannot fail; the problems found are returned.
+std::vector<SettingProblem> LoadSettings(Settings& settings, modINI& ini, const std::string& folder);
+std::vector<SettingProblem> LoadClientOptions(Settings& settings, modINI& ini, const std::string& folder);
+
+// Write every key of the same sections, changed or not. They are on the disk after the next IniFlush.
+void SaveSettings(const Settings& settings, modINI& ini, const std::string& folder);
+void SaveClientOptions(const Settings& settings, modINI& ini, const std::string& folder);
+
+// One message for the user about all the problems found in the file; empty when there are none.
+std::string ProblemText(const std::vector<SettingProblem>& problems, const std::string& iniPath);
+
+} // namespace tarveth

@@ -1,0 +1,220 @@
+#include "storage/wx/frmClientOptions.h"
+
+#include "display/preview.h"
+#include "display/wx/GameFileDialogs.h"
+#include "display/wx/PictureView.h"
+#include "display/wx/text.h"
+#include "engine/rules/modPieces.h"
+#include "platform/file_error.h"
+#include "platform/file_exists.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/colordlg.h>
+#include <wx/fontdlg.h>
+#include <wx/msgdlg.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+#include <wx/textctrl.h>
+
+namespace tarveth {
+
+namespace {
+
+// A sample of a giant font would push everything else off the screen.
+constexpr int kSmallestSample = 6;
+constexpr int kLargestSample = 20;
+
+wxFont FontOf(const std::string& name, int points) {
+    return wxFont(wxFontInfo(points).FaceName(ToWx(name)));
+}
+
+// A folder's name without its trailing separator.
+std::string WithoutSeparator(std::string folder) {
+    if (folder.size() > 1)
+        folder.pop_back();
+    return folder;
+}
+
+void ShowPath(wxTextCtrl* box, const std::string& path) {
+    box->ChangeValue(PathToWx(path));
+    box->SetInsertionPointEnd(); // of a long path the file's name is seen
+    box->SetToolTip(PathToWx(path));
+}
+
+} // namespace
+
+frmClientOptions::frmClientOptions(wxWindow* parent, const ClientOptions& options,
+                                   std::vector<std::string> folders)
+    : wxDialog(parent, wxID_ANY, "Tarveth Options", wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+      Options(options),
+      folders_(std::move(folders)) {
+    CreatePages();
+}
+
+void frmClientOptions::Load() {
+    Options.Canceled = true;
+    for (std::size_t i = 0; i < chkPlayOptions.size(); ++i)
+        chkPlayOptions[i]->SetValue(Options.PlayOptions[i] != 0);
+    chkSounds->SetValue(Options.PlaySounds[0] != 0);
+    for (std::size_t i = 0; i < txtSample.size(); ++i)
+        ShowSample(i);
+    for (std::size_t i = 0; i < txtSampleFont.size(); ++i)
+        ShowFont(i);
+    for (std::size_t i = 0; i < txtSound.size(); ++i)
+        ShowSound(i);
+    ShowPictures();
+    cmbOptions->SetSelection(static_cast<int>(Page));
+    ShowPage(Page);
+    Fit();
+    SetMinSize(GetSize());
+    CentreOnParent();
+    cmbOptions->SetFocus();
+}
+
+void frmClientOptions::ShowPage(std::size_t page) {
+    Page = page;
+    for (wxPanel* frame : fraOptions) {
+        frame->Hide();
+        frame->Disable();
+    }
+    fraOptions[page]->Show();
+    fraOptions[page]->Enable();
+    Layout();
+}
+
+void frmClientOptions::ShowSample(std::size_t i) {
+    txtSample[i]->SetForegroundColour(wxColour(static_cast<unsigned long>(Options.SampleColor[i])));
+    txtSample[i]->Refresh();
+}
+
+void frmClientOptions::ShowFont(std::size_t i) {
+    const int points = std::clamp<int>(Options.SampleFontSize[i], kSmallestSample, kLargestSample);
+    txtSampleFont[i]->SetFont(FontOf(Options.SampleFontName[i], points));
+    txtSampleFont[i]->ChangeValue(ToWx(FontText(Options, i)));
+    SizeBox(txtSampleFont[i], 0);
+}
+
+void frmClientOptions::ShowSound(std::size_t i) {
+    ShowPath(txtSound[i], SoundText(Options, i));
+}
+
+void frmClientOptions::ShowPictures() {
+    ShowPath(txtPictureScheme, Options.PictureScheme);
+    Settings named;
+    CopyToSettings(Options, named);
+    pictures_.LoadPiecePictures(named, folders_); // what is wrong with them is told when they are put to use
+    for (std::size_t kind = Master; kind <= Pawn; ++kind) { // on squares of both colours
+        const Pixel square = kind == Officer ? Rgb(0, 0, 0) : Rgb(255, 255, 255);
+        ShowPicture(bluePictures_[kind], Options.BluePics[kind], pictures_.picBlue[kind], square);
+        ShowPicture(redPictures_[kind], Options.RedPics[kind], pictures_.picRed[kind], ~square & 0xFFFFFF);
+    }
+}
+
+void frmClientOptions::ShowPicture(const PictureRow& row, const std::string& name, const PixelBuffer& picture,
+                                   Pixel square) {
+    ShowPath(row.box, PictureText(name));
+    const double scale = GetContentScaleFactor();
+    const int edge = static_cast<int>(std::lround(row.preview->GetMinSize().x * scale));
+    row.preview->SetBitmap(ToBitmap(Preview(picture, edge, square), scale));
+}
+
+void frmClientOptions::ChangeColor(std::size_t i) {
+    wxColourData data;
+    data.SetColour(wxColour(static_cast<unsigned long>(Options.SampleColor[i])));
+    wxColourDialog dialog(this, &data);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    Options.SampleColor[i] = static_cast<std::int32_t>(dialog.GetColourData().GetColour().GetRGB());
+    ShowSample(i);
+}
+
+void frmClientOptions::ChangeFont(std::size_t i) {
+    wxFontData data;
+    data.EnableEffects(false);
+    data.SetInitialFont(FontOf(Options.SampleFontName[i], std::max<int>(1, Options.SampleFontSize[i])));
+    wxFontDialog dialog(this, data);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    const wxFont font = dialog.GetFontData().GetChosenFont();
+    Options.SampleFontName[i] = font.GetFaceName().utf8_string();
+    Options.SampleFontSize[i] = static_cast<std::int16_t>(std::clamp(font.GetPointSize(), 1, 999));
+    ShowFont(i);
+    Layout();
+}
+
+std::string frmClientOptions::AskFile(const char* title, const char* filter, const std::string& name,
+                                      FileQuestion::Purpose purpose) {
+    FileQuestion question;
+    question.purpose = purpose;
+    question.title = title;
+    question.filter = filter;
+    question.name = name;
+    question.folder = WithoutSeparator(folders_.back());
+    return GameFileDialogs(this).AskFile(question).value_or(std::string());
+}
+
+void frmClientOptions::ChangeSound(std::size_t i) {
+    const std::string chosen = AskFile("Specify Sound File", "WAV files (*.WAV)|*.WAV", Options.Sounds[i]);
+    if (chosen.empty())
+        return;
+    Options.Sounds[i] = chosen;
+    ShowSound(i);
+}
+
+void frmClientOptions::ChangePicture(std::string& name) {
+    const std::string chosen =
+        AskFile("Specify Picture File", "BMP files (*.BMP)|*.BMP", FindPicture(name, folders_));
+    if (chosen.empty())
+        return;
+    name = chosen;
+    ShowPictures();
+}
+
+void frmClientOptions::ChangePictureScheme() {
+    const std::string chosen = AskFile("Specify Picture Scheme", "Tarveth PicScheme files (*.TPS)|*.TPS",
+                                       ProposedSchemeName(Options), FileQuestion::Purpose::Name);
+    if (chosen.empty())
+        return;
+    Attempt([&] { LoadPictureScheme(Options, chosen); });
+    ShowPictures();
+}
+
+void frmClientOptions::SavePictureSchemeAs() {
+    GameFileDialogs dialogs(this);
+    FileQuestion question;
+    question.purpose = FileQuestion::Purpose::Save;
+    question.title = "Save Picture Scheme As";
+    question.filter = "Tarveth PicScheme (*.TPS)|*.TPS|All Files,*.*|*.*"; // as people know it
+    question.name = ProposedSchemeName(Options);
+    question.folder = WithoutSeparator(folders_.front());
+    const std::string file = SchemeFileName(dialogs.AskFile(question).value_or(std::string()));
+    if (file.empty())
+        return;
+    if (platform::FileExists(file) &&
+        dialogs.AskYesNoCancel(file + "\nThis file already exists. Overwrite it?") != YesNoCancel::Yes)
+        return;
+    Attempt([&] { SavePictureScheme(Options, file); });
+    ShowPictures();
+}
+
+void frmClientOptions::Attempt(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const platform::FileError& error) {
+        wxMessageBox(ToWx(error.what()), "Tarveth", wxOK | wxICON_EXCLAMATION, this);
+    }
+}
+
+void frmClientOptions::Finish(bool canceled) {
+    Options.Canceled = canceled;
+    EndModal(canceled ? wxID_CANCEL : wxID_OK);
+}
+
+} // namespace tarveth
