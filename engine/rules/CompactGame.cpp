@@ -1,10 +1,8 @@
 #include "engine/rules/CompactGame.h"
 
-#include "engine/rules/checkgame.h"
-#include "engine/rules/moves.h"
+#include "engine/rules/Game.h"
 
-#include <algorithm>
-#include <stdexcept>
+#include <cassert>
 
 namespace tarveth {
 
@@ -35,32 +33,21 @@ SquareSet ZoneOf(SquareSet pieces, const SquareTable& zones) {
     return zone;
 }
 
-// Diagonals of five and seven steps count one more than they are (see DiagonalDistance), so that a piece on
-// the destination itself is in the way.
-SquareSet OvercountedDiagonals(int from) {
-    const auto square = static_cast<std::size_t>(from);
-    return (kWithin[5][square] ^ kWithin[4][square]) | (kWithin[7][square] ^ kWithin[6][square]);
-}
-
 } // namespace
 
-CompactGame::CompactGame(const Game& game) : turn_(static_cast<Side>(game.Turn)) {
-    if (const std::string problem = CheckGame(game); !problem.empty())
-        throw std::invalid_argument(problem);
-    barred_.fill(kNoSquare);
+CompactGame::CompactGame(const Game& game, const PieceFacts& facts)
+    : turn_(static_cast<Side>(game.Turn)), facts_(&facts) {
     for (int i = 1; i <= kPieces; ++i)
         AddPiece(i, game.Piece(i));
     for (const Side side : {Blue, Red})
         for (const PieceKind kind : {Master, Officer, Pawn})
             jailed_(side, kind) = static_cast<std::int8_t>(CountJailed(game, side, kind));
+    assert(Check().empty());
 }
 
 void CompactGame::AddPiece(int index, const PieceRecord& piece) {
-    const auto i = static_cast<std::size_t>(index);
     const auto side = static_cast<Side>(piece.Side);
     const auto kind = static_cast<PieceKind>(piece.Kind);
-    reach_[0][i] = ReachOf(piece.MaxCtlMove, piece.MaxCtlDiag);
-    reach_[1][i] = ReachOf(piece.MaxMove, piece.MaxDiag);
     if (piece.InJail()) {
         offBoard_(side, kind) |= std::uint32_t{1} << index;
         return;
@@ -68,17 +55,6 @@ void CompactGame::AddPiece(int index, const PieceRecord& piece) {
     const int square = SquareNumber({piece.X.ToInt16(), piece.Y.ToInt16()});
     standing_(side, kind) |= SetOf(square);
     occupant_[static_cast<std::size_t>(square)] = static_cast<std::int8_t>(index);
-    if (const Square previous{piece.PrevX, piece.PrevY}; previous.OnBoard())
-        barred_[i] = static_cast<std::int8_t>(SquareNumber(previous));
-}
-
-CompactGame::Reach CompactGame::ReachOf(int straightLimit, int diagonalLimit) {
-    int diagonal = 0;
-    while (diagonalLimit != 0 && diagonal < kLongestMove &&
-           DiagonalDistance(diagonal + 1, diagonal + 1) <= straightLimit)
-        ++diagonal;
-    return {static_cast<std::uint8_t>(std::clamp(straightLimit, 0, kLongestMove)),
-            static_cast<std::uint8_t>(diagonal)};
 }
 
 bool CompactGame::HasLost(Side side, const JailCounts& jailed) {
@@ -106,15 +82,6 @@ CompactGame::Controlled CompactGame::ControlledPieces() const {
     return {standing_(other, Officer) & masterZone, standing_(other, Pawn) & (masterZone | officerZone)};
 }
 
-SquareSet CompactGame::SquaresInReach(int from, Reach reach, SquareSet occupied) const {
-    const auto square = static_cast<std::size_t>(from);
-    SquareSet squares = SlideStraight(from, occupied) & kWithin[reach.straight][square];
-    if (reach.diagonal > 0)
-        squares |= SlideDiagonally(from, occupied) & kWithin[reach.diagonal][square] &
-                   ~(OvercountedDiagonals(from) & occupied);
-    return squares;
-}
-
 PieceKind CompactGame::KindOn(Side side, int square) const {
     const SquareSet here = SetOf(square);
     if ((standing_(side, Master) & here) != 0)
@@ -135,11 +102,12 @@ void CompactGame::Play(const CompactTurn& turn) {
     standing_(side, KindOn(side, turn.from)) ^= SetOf(turn.from) | to;
     occupant_[static_cast<std::size_t>(turn.from)] = 0;
     occupant_[static_cast<std::size_t>(turn.to)] = static_cast<std::int8_t>(turn.piece);
-    barred_.fill(kNoSquare);
-    barred_[static_cast<std::size_t>(turn.piece)] = static_cast<std::int8_t>(turn.from);
+    lastMoved_ = static_cast<std::int8_t>(turn.piece);
+    lastFrom_ = static_cast<std::int8_t>(turn.from);
     if (turn.returnTo != kNoSquare)
         PlayReturn(turn.returnKind, turn.returnTo);
     turn_ = Opponent(turn_);
+    assert(Check().empty());
 }
 
 void CompactGame::PlayReturn(PieceKind kind, int to) {
@@ -149,6 +117,49 @@ void CompactGame::PlayReturn(PieceKind kind, int to) {
     --jailed_(turn_, kind);
     standing_(turn_, kind) |= SetOf(to);
     occupant_[static_cast<std::size_t>(to)] = static_cast<std::int8_t>(piece);
+}
+
+std::string CompactGame::CheckSets() const {
+    SquareSet seen = 0;
+    std::uint32_t pieces = 0;
+    for (const Side side : {Blue, Red})
+        for (const PieceKind kind : {Master, Officer, Pawn}) {
+            if ((seen & standing_(side, kind)) != 0)
+                return "two pieces stand on one square";
+            seen |= standing_(side, kind);
+        }
+    for (int square = 0; square < kSquares; ++square) {
+        const int piece = PieceAt(square);
+        if ((piece != 0) != ((seen & SetOf(square)) != 0) || piece < 0 || piece > kPieces)
+            return "square " + std::to_string(square) + " and its occupant disagree";
+        const std::uint32_t bit = piece == 0 ? 0 : std::uint32_t{1} << piece;
+        if ((pieces & bit) != 0)
+            return "piece " + std::to_string(piece) + " stands on two squares";
+        pieces |= bit;
+    }
+    return {};
+}
+
+std::string CompactGame::CheckJail() const {
+    int off = 0;
+    for (const Side side : {Blue, Red})
+        for (const PieceKind kind : {Master, Officer, Pawn}) {
+            const int without = CountOf(offBoard_(side, kind));
+            if (jailed_(side, kind) < 0 || jailed_(side, kind) > without)
+                return "the jail holds pieces that are not off the board";
+            off += without;
+        }
+    if (off + CountOf(Occupied()) != kPieces)
+        return "there are not 26 pieces";
+    return {};
+}
+
+std::string CompactGame::Check() const {
+    if (turn_ != Blue && turn_ != Red)
+        return "it is nobody's turn";
+    if (std::string problem = CheckSets(); !problem.empty())
+        return problem;
+    return CheckJail();
 }
 
 } // namespace tarveth

@@ -2,12 +2,13 @@
 // that are copied in no time. Both list their turns here, so that they cannot disagree.
 #pragma once
 
-#include "engine/rules/Game.h"
+#include "engine/rules/PieceFacts.h"
 #include "engine/rules/SquareSet.h"
 
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <string>
 
 namespace tarveth {
 
@@ -54,8 +55,9 @@ private:
 
 class CompactGame {
 public:
-    // Of a game at rest in state 1. Throws std::invalid_argument when CheckGame finds fault with it.
-    explicit CompactGame(const Game& game);
+    // Of a game at rest in state 1. `facts` are those of the same game; they must outlive the position and
+    // its copies.
+    CompactGame(const Game& game, const PieceFacts& facts);
 
     bool IsOver() const { return HasLost(Blue, jailed_) || HasLost(Red, jailed_); }
     Side Turn() const { return turn_; }
@@ -81,22 +83,26 @@ public:
     // Plays a turn that ForEachTurn has listed.
     void Play(const CompactTurn& turn);
 
+    // The first of its tables that contradicts another; empty when all agree. Asserted after every turn.
+    std::string Check() const;
+
 private:
-    // How far a piece may go; each 0 to 7.
-    struct Reach {
-        std::uint8_t straight, diagonal;
-    };
     using JailCounts = SideKindTable<std::int8_t>;
     struct Controlled {
         SquareSet officers, pawns;
     };
 
-    static Reach ReachOf(int straightLimit, int diagonalLimit);
     static bool HasLost(Side side, const JailCounts& jailed);
     bool MayReturn(PieceKind kind) const { return jailed_(turn_, kind) > 0 && offBoard_(turn_, kind) != 0; }
     Controlled ControlledPieces() const;
-    SquareSet SquaresInReach(int from, Reach reach, SquareSet occupied) const;
     PieceKind KindOn(Side side, int square) const;
+    int BarredSquare(int piece) const {
+        if (lastMoved_ == 0)
+            return facts_->BarredAtFirst(piece);
+        return piece == lastMoved_ ? lastFrom_ : kNoSquare;
+    }
+    std::string CheckSets() const;
+    std::string CheckJail() const;
     void AddPiece(int index, const PieceRecord& piece);
     void PlayReturn(PieceKind kind, int to);
     template <class Visit>
@@ -106,11 +112,12 @@ private:
 
     Side turn_;
     SideKindTable<SquareSet> standing_;
-    SideKindTable<std::uint32_t> offBoard_;         // bit i is piece i
-    JailCounts jailed_;                             // entries of JailTable
-    std::array<std::int8_t, kSquares> occupant_{};  // by square; 0 where it is free
-    std::array<std::int8_t, kPieces + 1> barred_{}; // by piece: where the Rule of Reflection bars it from
-    std::array<std::array<Reach, kPieces + 1>, 2> reach_{}; // by piece: controlled, own
+    SideKindTable<std::uint32_t> offBoard_;        // bit i is piece i
+    JailCounts jailed_;                            // entries of JailTable
+    std::array<std::int8_t, kSquares> occupant_{}; // by square; 0 where it is free
+    std::int8_t lastMoved_ = 0;                    // the piece of the turn played last; 0 before the first
+    std::int8_t lastFrom_ = kNoSquare;             // where the Rule of Reflection bars that piece from
+    const PieceFacts* facts_;
 };
 
 template <class Visit>
@@ -118,11 +125,11 @@ void CompactGame::VisitMovers(SquareSet movers, bool own, SquareSet takeable, Vi
     const SquareSet occupied = Occupied();
     while (movers != 0) {
         const int from = TakeFirst(movers);
-        const auto piece = static_cast<std::size_t>(PieceAt(from));
-        const SquareSet destinations = SquaresInReach(from, reach_[own ? 1 : 0][piece], occupied) &
-                                       (takeable | ~occupied) & ~SetOf(barred_[piece]);
+        const int piece = PieceAt(from);
+        const SquareSet destinations = SquaresInReach(from, facts_->ReachOf(piece, own), occupied) &
+                                       (takeable | ~occupied) & ~SetOf(BarredSquare(piece));
         if (destinations != 0)
-            visit(Mover{static_cast<int>(piece), from, own, destinations});
+            visit(Mover{piece, from, own, destinations});
     }
 }
 
@@ -132,9 +139,11 @@ void CompactGame::ForEachMover(Visit visit) const {
     const SquareSet theirs = Standing(Opponent(turn_));
     // Of one's own pieces, only a Master may take its own side; a controlled piece takes nothing else.
     VisitMovers(standing_(turn_, Master), true, mine | theirs, visit);
-    VisitMovers(standing_(turn_, Officer) | standing_(turn_, Pawn), true, theirs, visit);
+    VisitMovers(standing_(turn_, Officer), true, theirs, visit);
+    VisitMovers(standing_(turn_, Pawn), true, theirs, visit);
     const Controlled controlled = ControlledPieces();
-    VisitMovers(controlled.officers | controlled.pawns, false, theirs, visit);
+    VisitMovers(controlled.officers, false, theirs, visit);
+    VisitMovers(controlled.pawns, false, theirs, visit);
 }
 
 template <class Visit>

@@ -34,8 +34,13 @@ constexpr SquareSet SetOf(Square square) {
     return square.OnBoard() ? SetOf(SquareNumber(square)) : 0;
 }
 
+// By arithmetic: without the processor's own instruction, which older ones do not have, std::popcount is a
+// call into a library.
 constexpr int CountOf(SquareSet set) {
-    return std::popcount(set);
+    set -= (set >> 1) & 0x5555555555555555;
+    set = (set & 0x3333333333333333) + ((set >> 2) & 0x3333333333333333);
+    set = (set + (set >> 4)) & 0x0f0f0f0f0f0f0f0f;
+    return static_cast<int>((set * 0x0101010101010101) >> 56);
 }
 
 // Takes the square of the lowest number out of a set that is not empty.
@@ -81,8 +86,22 @@ constexpr std::array<SquareTable, kLongestMove + 1> MakeNeighbourhoods() {
     return within;
 }
 
+// The squares beside one in the four straight directions.
+constexpr SquareTable MakeStraightNeighbours() {
+    SquareTable neighbours{};
+    for (int from = 0; from < kSquares; ++from)
+        for (const Direction direction : {East, South, West, North}) {
+            const Square centre = NumberedSquare(from);
+            const Square step = kSteps[direction];
+            neighbours[static_cast<std::size_t>(from)] |=
+                SetOf(Square{centre.column + step.column, centre.row + step.row});
+        }
+    return neighbours;
+}
+
 inline constexpr auto kRays = MakeRays();
 inline constexpr auto kWithin = MakeNeighbourhoods();
+inline constexpr auto kStraightNeighbours = MakeStraightNeighbours();
 
 // The free squares seen in one direction, and the first occupied one.
 template <Direction direction>

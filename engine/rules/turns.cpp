@@ -6,7 +6,8 @@ namespace tarveth {
 
 std::vector<CompleteTurn> ListTurns(const Game& game) {
     std::vector<CompleteTurn> turns;
-    const CompactGame position(game);
+    const PieceFacts facts(game);
+    const CompactGame position(game, facts);
     if (position.IsOver())
         return turns;
     position.ForEachTurn([&](const CompactTurn& turn) {

@@ -67,6 +67,7 @@ TEST(Perft, ImperialBoard) {
     EXPECT_EQ(CountTurns(game, 1), (TurnCounts{44, 44, 0, 11, 7, 0, 0}));
     EXPECT_EQ(CountTurns(game, 2), (TurnCounts{2148, 2001, 147, 691, 308, 200, 0}));
     EXPECT_EQ(CountTurns(game, 3), (TurnCounts{109222, 101714, 7508, 31552, 14200, 8292, 0}));
+    EXPECT_EQ(CountTurns(game, 4).turns, 6013876U);
 }
 
 TEST(Perft, DraumeCrownBoard) {
@@ -74,6 +75,7 @@ TEST(Perft, DraumeCrownBoard) {
     EXPECT_EQ(CountTurns(game, 1), (TurnCounts{39, 39, 0, 7, 7, 0, 0}));
     EXPECT_EQ(CountTurns(game, 2), (TurnCounts{1521, 1521, 0, 273, 273, 0, 0}));
     EXPECT_EQ(CountTurns(game, 3), (TurnCounts{62747, 62666, 81, 10465, 10374, 0, 0}));
+    EXPECT_EQ(CountTurns(game, 4).turns, 2598846U);
 }
 
 TEST(Perft, AgreesWithClickingOnBothLayouts) {
