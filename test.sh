@@ -15,7 +15,7 @@ fi
 
 windows_program=
 if command -v wineserver >/dev/null; then
-    windows_program=$PWD/build/windows/bin/tarveth.exe
+    windows_program=$PWD/build/windows-tests/bin/tarveth.exe
 elif [ "${CI-}" = true ]; then
     echo "Wine is missing, and with it the tests of the Windows programs." >&2
     exit 1
@@ -37,10 +37,9 @@ if [ -n "$windows_program" ]; then
     echo "== Windows: build, test under Wine"
     TARVETH_WX=$(tools/build-wx-windows)
     export TARVETH_WX
-    cmake --preset windows -DTARVETH_TESTS=ON -DTARVETH_BENCHES=ON "-DTARVETH_MANUAL=$PWD/build/release/bin" >/dev/null
+    cmake --preset windows-tests >/dev/null
     cmake --build --preset windows-tests
-    cmake --build --preset windows
-    ctest --preset windows
+    ctest --preset windows-tests
 fi
 
 echo "== Release: test"
