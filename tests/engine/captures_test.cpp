@@ -35,6 +35,20 @@ TEST(Captures, TheTakenPieceGoesToTheJailWithItsSquareNegated) {
     EXPECT_EQ(g.On("4E"), 1);
 }
 
+// In the middle of a glide the window may draw the board and the jail again, from these tables.
+TEST(Captures, TheTakenPieceStaysOnItsSquareAndOutOfTheJailWhileTheCapturingOneGlides) {
+    TestGame g("turn B | BM 4D | RO 4F | jail RP");
+    g.settings.AnimateMoves = -1;
+    Game during;
+    g.port.onAnimate = [&] { during = g.game; };
+    g.Move("4D", "4F");
+    ASSERT_EQ(g.port.animations, 1);
+    EXPECT_EQ(PieceOn(during, SquareOf("4F")), 17);
+    EXPECT_EQ(JailText(during), "RP");
+    EXPECT_EQ(g.On("4F"), 1);
+    EXPECT_EQ(JailText(g.game), "RP RO");
+}
+
 TEST(Captures, TheJailEntryKeepsThePreviousSquareOfTheTakenPiece) {
     TestGame g("turn B | BM 4D | RP 4E<5F");
     g.Move("4D", "4E");

@@ -8,7 +8,7 @@ namespace tarveth::test {
 
 namespace {
 
-constexpr int kGames = 2500;  // by each test
+constexpr int kGames = 2500;  // of each seed and layout
 constexpr int kLongest = 400; // turns
 
 void PlayToTheEnd(std::int16_t boardVariant, std::uint64_t seed) {
@@ -21,37 +21,17 @@ void PlayToTheEnd(std::int16_t boardVariant, std::uint64_t seed) {
 
 } // namespace
 
-TEST(RandomGames, ImperialBoard1) {
-    PlayToTheEnd(kImperialBoard, 101);
+class SeededGames : public testing::TestWithParam<std::uint64_t> {};
+
+TEST_P(SeededGames, AreCheckedOnTheImperialBoard) {
+    PlayToTheEnd(kImperialBoard, 100 + GetParam());
 }
 
-TEST(RandomGames, ImperialBoard2) {
-    PlayToTheEnd(kImperialBoard, 102);
+TEST_P(SeededGames, AreCheckedOnTheDraumeCrownBoard) {
+    PlayToTheEnd(kDraumeCrownBoard, 200 + GetParam());
 }
 
-TEST(RandomGames, ImperialBoard3) {
-    PlayToTheEnd(kImperialBoard, 103);
-}
-
-TEST(RandomGames, ImperialBoard4) {
-    PlayToTheEnd(kImperialBoard, 104);
-}
-
-TEST(RandomGames, DraumeCrownBoard1) {
-    PlayToTheEnd(kDraumeCrownBoard, 201);
-}
-
-TEST(RandomGames, DraumeCrownBoard2) {
-    PlayToTheEnd(kDraumeCrownBoard, 202);
-}
-
-TEST(RandomGames, DraumeCrownBoard3) {
-    PlayToTheEnd(kDraumeCrownBoard, 203);
-}
-
-TEST(RandomGames, DraumeCrownBoard4) {
-    PlayToTheEnd(kDraumeCrownBoard, 204);
-}
+INSTANTIATE_TEST_SUITE_P(Seeds, SeededGames, testing::Range<std::uint64_t>(1, 5));
 
 TEST(RandomGames, ByClicksOnAnySquareAtAll) {
     CheckedPlay play(kImperialBoard, 301);

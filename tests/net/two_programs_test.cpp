@@ -8,12 +8,14 @@
 namespace tarveth::test {
 namespace {
 
-constexpr int kGames = 2500; // by each test
+constexpr int kGames = 2500; // of each seed
 constexpr int kLongest = 80; // turns
 constexpr int kGamesALink = 50;
 
-void PlayAgainstEachOther(std::uint64_t seed) {
-    TwoPrograms programs(seed);
+class SeededPrograms : public testing::TestWithParam<std::uint64_t> {};
+
+TEST_P(SeededPrograms, KeepTheSameBoards) {
+    TwoPrograms programs(GetParam());
     int won = 0;
     for (int game = 1; game <= kGames; ++game) {
         won += programs.PlayGame(kLongest) ? 1 : 0;
@@ -22,25 +24,11 @@ void PlayAgainstEachOther(std::uint64_t seed) {
     }
     EXPECT_GT(won, kGames / 10);
     EXPECT_GT(programs.Messages(), kGames * 50);
-    ::testing::Test::RecordProperty("won", won);
-    ::testing::Test::RecordProperty("messages", programs.Messages());
+    RecordProperty("won", won);
+    RecordProperty("messages", programs.Messages());
 }
 
-TEST(TwoPrograms, KeepTheSameBoards1) {
-    PlayAgainstEachOther(1);
-}
-
-TEST(TwoPrograms, KeepTheSameBoards2) {
-    PlayAgainstEachOther(2);
-}
-
-TEST(TwoPrograms, KeepTheSameBoards3) {
-    PlayAgainstEachOther(3);
-}
-
-TEST(TwoPrograms, KeepTheSameBoards4) {
-    PlayAgainstEachOther(4);
-}
+INSTANTIATE_TEST_SUITE_P(Seeds, SeededPrograms, testing::Range<std::uint64_t>(1, 5));
 
 } // namespace
 } // namespace tarveth::test
