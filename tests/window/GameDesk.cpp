@@ -110,12 +110,12 @@ void GameDesk::WaitUntilAtRest() {
 
 bool GameDesk::ComesToRest(Milliseconds patience) {
     constexpr Milliseconds kRest{60}; // some frames of the screen
-    long long switches = -1;
+    std::map<pid_t, long long> switches;
     auto since = std::chrono::steady_clock::now();
     return WaitUntil(
         [&] {
             const auto now = std::chrono::steady_clock::now();
-            const long long before = std::exchange(switches, program.Usage().voluntarySwitches);
+            const auto before = std::exchange(switches, program.Usage().voluntarySwitches);
             if (before != switches || !Sleeps(program.Pid())) {
                 since = now;
             }

@@ -2,8 +2,8 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
-#include <sstream>
 #include <system_error>
 
 #include <fcntl.h>
@@ -62,6 +62,11 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
     _exit(127);
 }
 
+// As a shell gives it: 128 + signal number when a signal ended the process.
+int ExitStatus(int status) {
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
 // The number after `key` in a file of "key: number" lines, 0 when it is not there.
 long long StatusNumber(const std::filesystem::path& file, const std::string& key) {
     std::ifstream lines(file);
@@ -73,27 +78,29 @@ long long StatusNumber(const std::filesystem::path& file, const std::string& key
     return 0;
 }
 
-double CpuSeconds(const std::filesystem::path& folder) {
-    std::ifstream file(folder / "stat");
-    std::string text;
-    std::getline(file, text);
-    // The program's name, in parentheses, may hold anything; the numbers begin behind it with the third one.
-    const auto nameEnd = text.rfind(')');
-    if (nameEnd == std::string::npos) {
-        return 0;
+// By the process's own clock, which the scheduler keeps in nanoseconds; /proc/PID/stat counts ticks of 10 ms.
+std::chrono::nanoseconds CpuTime(pid_t process) {
+    clockid_t clock{};
+    timespec used{};
+    if (clock_getcpuclockid(process, &clock) != 0 || clock_gettime(clock, &used) != 0) {
+        return {};
     }
-    std::istringstream fields(text.substr(nameEnd + 1));
-    std::string skipped;
-    for (int field = 3; field < 14; ++field) {
-        fields >> skipped;
-    }
-    long long user = 0;
-    long long system = 0;
-    fields >> user >> system;
-    return static_cast<double>(user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
+    return std::chrono::seconds(used.tv_sec) + std::chrono::nanoseconds(used.tv_nsec);
 }
 
 } // namespace
+
+long long WakeUpsBetween(const ProcessUsage& before, const ProcessUsage& after) {
+    long long wakeUps = 0;
+    for (const auto& [thread, switches] : after.voluntarySwitches) {
+        const auto earlier = before.voluntarySwitches.find(thread);
+        wakeUps += switches - (earlier == before.voluntarySwitches.end() ? 0 : earlier->second);
+    }
+    for (const auto& [thread, switches] : before.voluntarySwitches) {
+        wakeUps += after.voluntarySwitches.contains(thread) ? 0 : 1;
+    }
+    return wakeUps;
+}
 
 Process::Process(const ProcessOptions& options) {
     std::vector<std::string> command = options.command;
@@ -130,13 +137,25 @@ bool Process::Alive() {
     if (waitpid(pid_, &status, WNOHANG) != pid_) {
         return true;
     }
-    status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    status_ = ExitStatus(status);
     return false;
 }
 
 std::optional<int> Process::WaitForExit(Milliseconds patience) {
     WaitUntil([this] { return !Alive(); }, patience);
     return status_;
+}
+
+void Process::Stop() {
+    int status = 0;
+    kill(pid_, SIGSTOP);
+    if (waitpid(pid_, &status, WUNTRACED) == pid_ && !WIFSTOPPED(status)) {
+        status_ = ExitStatus(status); // it has ended before the signal came
+    }
+}
+
+void Process::Continue() {
+    kill(pid_, SIGCONT);
 }
 
 void Process::Kill() {
@@ -147,12 +166,14 @@ void Process::Kill() {
 ProcessUsage Process::Usage() const {
     const std::filesystem::path folder = "/proc/" + std::to_string(pid_);
     ProcessUsage usage;
-    usage.cpuSeconds = CpuSeconds(folder);
+    usage.cpuTime = CpuTime(pid_);
     usage.peakMemoryKiB = StatusNumber(folder / "status", "VmHWM:");
     std::error_code gone;
     for (std::filesystem::directory_iterator thread(folder / "task", gone), end; thread != end;
          thread.increment(gone)) {
-        usage.voluntarySwitches += StatusNumber(thread->path() / "status", "voluntary_ctxt_switches:");
+        const std::string id = thread->path().filename().string();
+        usage.voluntarySwitches[static_cast<pid_t>(std::atol(id.c_str()))] =
+            StatusNumber(thread->path() / "status", "voluntary_ctxt_switches:");
     }
     return usage;
 }

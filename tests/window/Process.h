@@ -3,6 +3,7 @@
 
 #include "tests/window/Waiting.h"
 
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -23,10 +24,14 @@ struct ProcessOptions {
 
 // What a process has used since it began.
 struct ProcessUsage {
-    double cpuSeconds = 0;           // user and system time of all threads
-    long long voluntarySwitches = 0; // how often a living thread of it went to sleep
-    long long peakMemoryKiB = 0;     // largest resident size
+    std::chrono::nanoseconds cpuTime{}; // user and system time of all its threads, ended ones too
+    std::map<pid_t, long long> voluntarySwitches = {}; // how often each living thread of it went to sleep
+    long long peakMemoryKiB = 0;                       // largest resident size
 };
+
+// How often threads of the process went to sleep between two looks at it. Of a thread that has ended in
+// between only its end is known, and counts as one.
+long long WakeUpsBetween(const ProcessUsage& before, const ProcessUsage& after);
 
 class Process {
 public:
@@ -42,6 +47,9 @@ public:
     [[nodiscard]] bool Alive();
     // The exit status, 128 + signal number when a signal ended it, nothing when it is alive after `patience`.
     std::optional<int> WaitForExit(Milliseconds patience = kPatience);
+    // Stops the process where it is, until Continue; returns once it stands still.
+    void Stop();
+    void Continue();
     // Ends the process and its children at once, without asking.
     void Kill();
     // All zero once the process has ended.

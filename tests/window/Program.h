@@ -45,6 +45,9 @@ public:
     std::optional<int> WaitForExit(Milliseconds patience = kPatience) {
         return process_.WaitForExit(patience);
     }
+    // As Process::Stop and Process::Continue.
+    void Stop() { process_.Stop(); }
+    void Continue() { process_.Continue(); }
     [[nodiscard]] ProcessUsage Usage() const { return process_.Usage(); }
     // What it has written to its standard output and errors so far.
     [[nodiscard]] std::string Output() const;

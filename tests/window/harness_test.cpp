@@ -154,10 +154,16 @@ TEST_F(Harness, AsksNothingThatMakesTheProgramComplain) {
 TEST_F(Harness, CountsWhatTheProgramUses) {
     const ProcessUsage before = program.Usage();
     EXPECT_GT(before.peakMemoryKiB, 1000);
-    EXPECT_GT(before.voluntarySwitches, 0);
+    EXPECT_GT(WakeUpsBetween({}, before), 0);
     screen.Click(board.extents.Centre());
-    EXPECT_TRUE(WaitUntil([&] { return program.Usage().voluntarySwitches > before.voluntarySwitches; }));
-    EXPECT_GE(program.Usage().cpuSeconds, before.cpuSeconds);
+    EXPECT_TRUE(WaitUntil([&] { return WakeUpsBetween(before, program.Usage()) > 0; }));
+    EXPECT_GT(program.Usage().cpuTime, before.cpuTime);
+}
+
+TEST(Usage, AThreadThatHasEndedIsOneWakeUpAndTakesNothingOfTheOthersAway) {
+    const ProcessUsage before{.voluntarySwitches = {{1, 10}, {2, 500}, {3, 7}}};
+    const ProcessUsage after{.voluntarySwitches = {{1, 14}, {3, 7}, {4, 2}}};
+    EXPECT_EQ(WakeUpsBetween(before, after), 4 + 1 + 0 + 2);
 }
 
 TEST_F(Harness, PassesArgumentsEnvironmentAndFolder) {
