@@ -1,8 +1,9 @@
 #include "text/val.h"
 
+#include "tests/platform/CommaLocale.h"
+
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <string>
 
@@ -57,11 +58,12 @@ TEST(Val, OutOfRangeIsInfiniteOrZero) {
 }
 
 TEST(Val, DoesNotDependOnTheUsersCountry) {
-    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-    for (const char* country : {"de_DE.UTF-8", "fr_FR.UTF-8", ""})
-        std::setlocale(LC_NUMERIC, country);
-    EXPECT_EQ(Val("1200.5"), 1200.5);
-    std::setlocale(LC_NUMERIC, before.c_str());
+    for (const char* name : kCommaLocales) {
+        const CommaLocale locale(name);
+        ASSERT_STREQ(std::localeconv()->decimal_point, ",") << name;
+        EXPECT_EQ(Val("1200.5"), 1200.5) << name;
+        EXPECT_EQ(Val("1200,5"), 1200) << name;
+    }
 }
 
 } // namespace

@@ -1,11 +1,10 @@
 #include "platform/short_date.h"
+#include "tests/platform/posix/Variable.h"
 
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
 #include <ctime>
-#include <optional>
 #include <string>
 
 #ifdef __SANITIZE_ADDRESS__
@@ -14,28 +13,6 @@
 
 namespace tarveth {
 namespace {
-
-// An environment variable, put back afterwards.
-class Variable {
-public:
-    Variable(const char* name, const char* value) : name_(name) {
-        if (const char* before = std::getenv(name))
-            before_ = before;
-        setenv(name, value, 1);
-    }
-    ~Variable() {
-        if (before_)
-            setenv(name_, before_->c_str(), 1);
-        else
-            unsetenv(name_);
-    }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* name_;
-    std::optional<std::string> before_;
-};
 
 std::string Today(const char* format) {
     const std::time_t now = std::time(nullptr);

@@ -1,0 +1,44 @@
+// The locale of a user who writes a comma before the decimals, for the time of a test.
+#pragma once
+
+#include <clocale>
+#include <string>
+
+#ifndef _WIN32
+#include "tests/platform/posix/Variable.h"
+#endif
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
+namespace tarveth {
+
+#ifdef _WIN32
+inline constexpr const char* kCommaLocales[] = {"German", "French"};
+#else
+inline constexpr const char* kCommaLocales[] = {"de_DE.UTF-8", "fr_FR.UTF-8"}; // made for the tests
+#endif
+
+// Numbers are written and read as in that locale while this lives.
+class CommaLocale {
+public:
+    explicit CommaLocale(const char* name) : before_(std::setlocale(LC_NUMERIC, nullptr)) {
+#ifdef __SANITIZE_ADDRESS__
+        const __lsan::ScopedDisabler glibcs; // it does not give its list of LOCPATH's folders back
+#endif
+        std::setlocale(LC_NUMERIC, name);
+    }
+    ~CommaLocale() {
+        std::setlocale(LC_NUMERIC, before_.c_str());
+    }
+    CommaLocale(const CommaLocale&) = delete;
+    CommaLocale& operator=(const CommaLocale&) = delete;
+
+private:
+#ifndef _WIN32
+    Variable folder_{"LOCPATH", TEST_LOCALES};
+#endif
+    std::string before_;
+};
+
+} // namespace tarveth
