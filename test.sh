@@ -1,51 +1,127 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds everything and runs every check and test, without a screen.
+# Installs what is missing, builds the programs and runs their tests, without a screen. More with --all; see --help.
 set -euo pipefail
 cd "$(dirname "$0")"
 source tools/dependencies.sh
 
-need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" git python3 clang-format-14 clang-tidy-14 libgtest-dev libbenchmark-dev locales \
-    "${WINDOW_TEST_PACKAGES[@]}" "${WINDOWS_PACKAGES[@]}" googletest ccache
+ALL_PARTS=(native lint headers benches windows sanitize)
+# where the preset windows-tests puts it
+WINDOWS_PROGRAM=$PWD/build/windows-tests/bin/tarveth.exe
 
-# What was compiled before comes from a cache outside the tree, also for another clone.
+usage() {
+    cat <<'END'
+Usage: ./test.sh [--all | PART...]
+
+Installs what is missing on Debian and its relatives, builds and tests. Without arguments: the part native.
+  --all      every part, in this order:
+  native     the game, the lobby, their tools and the manual, and all their tests, on a screen of their own
+  lint       clang-format, the rooms and clang-tidy
+  headers    every header compiles by itself
+  benches    the benches compile; docs/performance.md says how to run them
+  windows    the Windows programs, their packages and their tests, under Wine
+  sanitize   the tests of the core, the sockets and the lobby under ASan and UBSan
+  --help     these lines
+END
+}
+
+# say TEXT: a heading, with the time since the start.
+say() {
+    printf '\n== %s (after %d min %02d s)\n' "$1" $((SECONDS / 60)) $((SECONDS % 60))
+}
+
+test_native() {
+    need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+    say "Native: build"
+    cmake --preset release -DTARVETH_BENCHES=OFF -DTARVETH_WINDOWS_PROGRAM= >/dev/null
+    cmake --build --preset release
+    say "Native: test"
+    ctest --preset release
+}
+
+test_lint() {
+    need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${LINT_PACKAGES[@]}"
+    say "Lint: formatting and rooms"
+    tools/check-format
+    tools/check-rooms
+    say "Lint: clang-tidy"
+    cmake --preset lint >/dev/null
+    tools/check-lint build/lint
+}
+
+test_headers() {
+    need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${LINT_PACKAGES[@]}"
+    say "Headers: compile by themselves"
+    cmake --preset lint >/dev/null
+    tools/check-headers build/lint
+}
+
+test_benches() {
+    need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" "${TEST_PACKAGES[@]}" libbenchmark-dev
+    say "Benches: build"
+    cmake --preset release >/dev/null
+    cmake --build --preset release
+}
+
+test_windows() {
+    need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${WINDOWS_PACKAGES[@]}" googletest
+    if ! command -v wineserver >/dev/null; then
+        echo "The part windows needs Wine, and it is not there." >&2
+        return 1
+    fi
+    say "Windows: the toolkit and the manual"
+    TARVETH_WX=$(tools/build-wx-windows)
+    export TARVETH_WX
+    cmake --preset release -DTARVETH_BENCHES=OFF "-DTARVETH_WINDOWS_PROGRAM=$WINDOWS_PROGRAM" >/dev/null
+    cmake --build build/release --target tarveth_help
+    say "Windows: build"
+    cmake --preset windows-tests >/dev/null
+    cmake --build --preset windows-tests
+    say "Windows: test of the core and the lobby"
+    ctest --preset windows-tests
+    say "Windows: test of the programs from outside"
+    cmake --build build/release --target wine_tests
+    ctest --preset release --label-regex '^wine$'
+}
+
+test_sanitize() {
+    need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
+    say "Sanitizers: build"
+    cmake --preset sanitize >/dev/null
+    cmake --build --preset sanitize
+    say "Sanitizers: test"
+    ctest --preset sanitize
+}
+
+parts=()
+for argument in "$@"; do
+    case $argument in
+    --all) parts+=("${ALL_PARTS[@]}") ;;
+    --help | -h)
+        usage
+        exit
+        ;;
+    *)
+        if [[ " ${ALL_PARTS[*]} " != *" $argument "* ]]; then
+            echo "test.sh has no part called \"$argument\"; its parts are: ${ALL_PARTS[*]}. See ./test.sh --help." >&2
+            exit 2
+        fi
+        parts+=("$argument")
+        ;;
+    esac
+done
+[ ${#parts[@]} -gt 0 ] || parts=(native)
+
+# On a terminal the tests report on one line, and those that fail on lines of their own.
+export CTEST_PROGRESS_OUTPUT=1
+# Where ccache is installed, what was compiled before comes from a cache outside the tree, also for another clone.
 if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
     export CCACHE_DIR=${XDG_CACHE_HOME:-$HOME/.cache}/tarveth/ccache
 fi
 
-windows_program=
-if command -v wineserver >/dev/null; then
-    windows_program=$PWD/build/windows-tests/bin/tarveth.exe
-elif [ "${CI-}" = true ]; then
-    echo "Wine is missing, and with it the tests of the Windows programs." >&2
-    exit 1
-else
-    echo "Skipped, since Wine is missing: the tests of the Windows programs"
-fi
-
-echo "== Formatting and small checks"
-tools/check-format
-tools/check-rooms
-
-echo "== Release: build, lint"
-cmake --preset release "-DTARVETH_WINDOWS_PROGRAM=$windows_program" >/dev/null
-cmake --build --preset release
-tools/check-headers build/release
-tools/check-lint build/release
-
-if [ -n "$windows_program" ]; then
-    echo "== Windows: build, test under Wine"
-    TARVETH_WX=$(tools/build-wx-windows)
-    export TARVETH_WX
-    cmake --preset windows-tests >/dev/null
-    cmake --build --preset windows-tests
-    ctest --preset windows-tests
-fi
-
-echo "== Release: test"
-ctest --preset release
-
-echo "== Sanitizers: build, test"
-cmake --preset sanitize >/dev/null
-cmake --build --preset sanitize
-ctest --preset sanitize
+part=
+trap '[ $? -eq 0 ] || [ -z "$part" ] || say "The part $part has failed" >&2' EXIT
+for part in "${parts[@]}"; do
+    "test_$part"
+done
+say "All is well: ${parts[*]}"

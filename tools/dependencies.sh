@@ -27,10 +27,15 @@ need() {
         fi
         root=(sudo)
     fi
-    echo "Installing ${missing[*]}"
-    "${root[@]}" apt-get update -qq || return 1
-    "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" ||
+    mkdir -p build
+    local log=build/packages.log
+    echo "Installing ${#missing[@]} packages and what they need; $log tells how it goes: ${missing[*]}"
+    if ! { "${root[@]}" apt-get update -q && "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -q --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+        cat "$log" >&2
+        echo "The packages could not be installed; the package manager's own words are above." >&2
         return 1
+    fi
 }
 
 # What the game itself is built with.
@@ -46,5 +51,11 @@ WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++ cmake ninja-build pkg-config ha
 # The window tests' desktop without a screen, and their hands and eyes.
 WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core
     libatspi2.0-dev libxtst-dev libxdamage-dev)
+
+# What the tests are built with and run on.
+TEST_PACKAGES=(libgtest-dev locales "${WINDOW_TEST_PACKAGES[@]}")
+
+# What looks at the sources; the benches are looked at too.
+LINT_PACKAGES=(git python3 clang-format-14 clang-tidy-14 libbenchmark-dev)
 
 FUZZ_PACKAGES=(clang libclang-rt-14-dev cmake ninja-build libasio-dev)
