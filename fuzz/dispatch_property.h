@@ -106,10 +106,10 @@ private:
         for (const std::string& text : sent) {
             Framer framer;
             std::string_view rest = text;
-            const auto piece = framer.Next(rest);
-            const bool plain = piece && piece->kind == Piece::Kind::Text;
-            const bool message = piece && piece->kind == Piece::Kind::Message &&
-                                 std::ranges::find(kNames, piece->name) != kNames.end();
+            const auto frame = framer.Next(rest);
+            const bool plain = frame && frame->kind == Frame::Kind::Text;
+            const bool message = frame && frame->kind == Frame::Kind::Message &&
+                                 std::ranges::find(kNames, frame->name) != kNames.end();
             if (!rest.empty() || !(plain || message))
                 return "the server is sent what is neither a message nor text: " + text;
         }

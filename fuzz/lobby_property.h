@@ -124,11 +124,11 @@ private:
         }
         std::string text;
         std::string_view rest = sent;
-        while (const auto piece = client.heard.Next(rest)) {
-            if (piece->kind == Piece::Kind::Text)
-                text += piece->whole;
-            else if (piece->kind == Piece::Kind::TooLong || !IsServerMessage(piece->name))
-                return "a client is sent no message of the protocol: " + std::string(piece->name);
+        while (const auto frame = client.heard.Next(rest)) {
+            if (frame->kind == Frame::Kind::Text)
+                text += frame->whole;
+            else if (frame->kind == Frame::Kind::TooLong || !IsServerMessage(frame->name))
+                return "a client is sent no message of the protocol: " + std::string(frame->name);
         }
         return client.heard.InMessage() ? "a client is sent half a message" : TextFault(text);
     }

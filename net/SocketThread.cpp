@@ -102,7 +102,7 @@ void SocketThread::Tried(const asio::error_code& failure) {
     }
     timer_.expires_at(Clock::time_point::max());
     socket_.set_option(Tcp::no_delay(true), gone);
-    platform::WatchPeer(static_cast<int>(socket_.native_handle()));
+    platform::EnableKeepAlive(static_cast<int>(socket_.native_handle()));
     {
         const std::lock_guard lock(mutex_);
         reading_ = true;

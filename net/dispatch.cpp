@@ -36,13 +36,13 @@ std::span<const modClient::MessageRow> modClient::MessageTable() {
 void modClient::DispatchMessages(std::string_view bytes) {
     std::string text;
     while (visit_ != nullptr) {
-        const auto piece = framer_.Next(bytes);
-        if (!piece)
+        const auto frame = framer_.Next(bytes);
+        if (!frame)
             break;
-        if (piece->kind == Piece::Kind::Message)
-            DispatchMessage(*piece);
-        else if (piece->kind == Piece::Kind::Text)
-            text += piece->whole;
+        if (frame->kind == Frame::Kind::Message)
+            DispatchMessage(*frame);
+        else if (frame->kind == Frame::Kind::Text)
+            text += frame->whole;
         else
             ShowNotice("A message of more than " + std::to_string(kLongestMessage) +
                        " characters was ignored.");
@@ -53,12 +53,12 @@ void modClient::DispatchMessages(std::string_view bytes) {
         ShowUsersIfChanged();
 }
 
-void modClient::DispatchMessage(const Piece& piece) {
+void modClient::DispatchMessage(const Frame& frame) {
     for (const MessageRow& row : MessageTable()) {
-        if (row.name != piece.name)
+        if (row.name != frame.name)
             continue;
-        LobbyMessage message{piece.arguments, {}};
-        const std::size_t count = SplitFields(piece.arguments, ",", row.grouping, message.fields);
+        LobbyMessage message{frame.arguments, {}};
+        const std::size_t count = SplitFields(frame.arguments, ",", row.grouping, message.fields);
         for (std::string_view& field : message.fields)
             field = TrimBlanks(field);
         if (count >= row.leastFields)

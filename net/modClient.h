@@ -89,7 +89,7 @@ private:
     void Unload();
     void Send(std::string_view name, std::initializer_list<std::string_view> fields);
 
-    void DispatchMessage(const Piece& piece);
+    void DispatchMessage(const Frame& frame);
     void HandleChangeNick(const LobbyMessage& message);
     void HandleRemoveNick(const LobbyMessage& message);
     void HandleAddNick(const LobbyMessage& message);

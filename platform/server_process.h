@@ -8,21 +8,22 @@ namespace tarveth::platform {
 // Lets the process have as many files and sockets open as its hard limit allows.
 void RaiseOpenFileLimit();
 
-// Lets the process live on when nobody reads its log any more.
-void OutliveLogReader();
+// Ignores SIGPIPE, so that the process survives when the reader of its standard error stream has gone.
+void IgnoreSigpipe();
 
-// Whether a listener that comes back needs leave to take its address while old connections linger there.
-// Elsewhere that is given unasked, and the leave would let two programs listen on one port.
-bool NeedsLeaveToListenAgain();
+// Whether a listening socket should set SO_REUSEADDR. On POSIX systems a restarted server needs it, because
+// connections in TIME_WAIT would keep its port taken. On Windows it would let two programs share a port.
+bool ListenerSetsReuseAddress();
 
-// Has the system find out within a minute that the peer of a TCP socket is gone, idle or not. The socket is
-// the system's own handle.
-void WatchPeer(int socket);
+// Enables TCP keep-alive and limits how long unacknowledged bytes are retried (TCP_USER_TIMEOUT), so that a
+// peer that has vanished is noticed within a minute. The socket is the system's own handle.
+void EnableKeepAlive(int socket);
 
-// The signal by which an operator asks for figures; nothing where there is none.
+// The signal that asks the server to log its figures: SIGUSR1, or SIGBREAK on Windows.
 std::optional<int> FiguresSignal();
 
-// Whether a signal is handled on a second thread, so that even a program of one thread has to lock.
-bool SignalsComeOnAThreadOfTheirOwn();
+// Whether the system runs signal handlers on a thread of their own, so that even a program of one thread needs
+// locks.
+bool SignalHandlersRunOnAnotherThread();
 
 } // namespace tarveth::platform

@@ -42,24 +42,24 @@ void Lobby::Enter(Session& session, Time now) {
 void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
     now_ = now;
     while (session.stage != Stage::Dismissed) {
-        const auto piece = session.framer.Next(bytes);
-        if (!piece)
+        const auto frame = session.framer.Next(bytes);
+        if (!frame)
             break;
-        HandlePiece(session, *piece);
+        HandleFrame(session, *frame);
     }
     WatchOpenLine(session);
     PauseAfterDebt(session);
 }
 
-void Lobby::HandlePiece(Session& session, const Piece& piece) {
-    if (piece.kind == Piece::Kind::Text) {
-        HearText(*this, session, piece.whole);
+void Lobby::HandleFrame(Session& session, const Frame& frame) {
+    if (frame.kind == Frame::Kind::Text) {
+        HearText(*this, session, frame.whole);
         return;
     }
     if (!session.line.empty())
         EndLine(*this, session);
-    if (piece.kind == Piece::Kind::Message) {
-        DispatchClientMessage(*this, session, piece);
+    if (frame.kind == Frame::Kind::Message) {
+        DispatchClientMessage(*this, session, frame);
         return;
     }
     ++figures_.dropped;

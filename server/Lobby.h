@@ -62,7 +62,7 @@ public:
     void StopIgnoring(Session& user, std::string_view folded);
 
 private:
-    void HandlePiece(Session& session, const Piece& piece);
+    void HandleFrame(Session& session, const Frame& frame);
     void Ring(Session& session, AlarmKind kind);
     void MarkDue(Session& session);
     void PauseAfterDebt(Session& session);

@@ -32,8 +32,8 @@ void WaitForFigures(asio::signal_set& signal, Server& server) {
 
 void Serve(const LobbyOptions& options) {
     platform::RaiseOpenFileLimit();
-    platform::OutliveLogReader();
-    asio::io_context io(platform::SignalsComeOnAThreadOfTheirOwn() ? 1 : ASIO_CONCURRENCY_HINT_UNSAFE);
+    platform::IgnoreSigpipe();
+    asio::io_context io(platform::SignalHandlersRunOnAnotherThread() ? 1 : ASIO_CONCURRENCY_HINT_UNSAFE);
     asio::signal_set end(io, SIGINT, SIGTERM);
     asio::signal_set figures(io);
     Server server(io, options.reach, options.limits, options.messageOfTheDay);

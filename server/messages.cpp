@@ -86,7 +86,7 @@ std::span<const MessageRow> MessageTable() {
     return kTable;
 }
 
-void DispatchClientMessage(Lobby& lobby, Session& session, const Piece& message) {
+void DispatchClientMessage(Lobby& lobby, Session& session, const Frame& message) {
     ++lobby.Counts().messages;
     const MessageRow* row = FindRow(message.name);
     const MessageLimit limit = row != nullptr ? row->limit : MessageLimit::Messages;

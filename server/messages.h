@@ -32,6 +32,6 @@ struct MessageRow {
 std::span<const MessageRow> MessageTable();
 
 // An unknown name, a stage in which the message is not allowed, and one over a limit each end here.
-void DispatchClientMessage(Lobby& lobby, Session& session, const Piece& message);
+void DispatchClientMessage(Lobby& lobby, Session& session, const Frame& message);
 
 } // namespace tarveth

@@ -2,7 +2,7 @@
 
 namespace tarveth {
 
-std::optional<Piece> Framer::Next(std::string_view& bytes) {
+std::optional<Frame> Framer::Next(std::string_view& bytes) {
     while (!bytes.empty() || inMessage_) {
         if (!inMessage_) {
             kept_ = std::string();
@@ -10,15 +10,15 @@ std::optional<Piece> Framer::Next(std::string_view& bytes) {
             if (marker != 0) {
                 const std::string_view text = bytes.substr(0, marker);
                 bytes.remove_prefix(text.size());
-                return Piece{Piece::Kind::Text, {}, {}, text};
+                return Frame{Frame::Kind::Text, {}, {}, text};
             }
             bytes.remove_prefix(1);
             inMessage_ = true;
             tooLong_ = false;
             depth_ = 0;
         }
-        if (const auto piece = NextInMessage(bytes))
-            return piece;
+        if (const auto frame = NextInMessage(bytes))
+            return frame;
         if (inMessage_)
             return std::nullopt;
     }
@@ -27,14 +27,14 @@ std::optional<Piece> Framer::Next(std::string_view& bytes) {
 }
 
 // Nothing, with inMessage_ false: the message was given up at a marker, or had been too long.
-std::optional<Piece> Framer::NextInMessage(std::string_view& bytes) {
+std::optional<Frame> Framer::NextInMessage(std::string_view& bytes) {
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         const char c = bytes[at];
         if (c == kMarker) {
             const bool tooLong = !tooLong_ && kept_.size() + at > longest_;
             bytes.remove_prefix(at);
             inMessage_ = false;
-            return tooLong ? std::optional(Piece{Piece::Kind::TooLong, {}, {}, {}}) : std::nullopt;
+            return tooLong ? std::optional(Frame{Frame::Kind::TooLong, {}, {}, {}}) : std::nullopt;
         }
         if (c == '(') {
             if (depth_ == 0)
@@ -42,7 +42,7 @@ std::optional<Piece> Framer::NextInMessage(std::string_view& bytes) {
             ++depth_;
         } else if (depth_ == 0) {
             if (EndsName(c))
-                return Finish(bytes, at, Piece::Kind::Text);
+                return Finish(bytes, at, Frame::Kind::Text);
         } else if (c == ')' && --depth_ == 0) {
             if (tooLong_) {
                 bytes.remove_prefix(at + 1);
@@ -50,13 +50,13 @@ std::optional<Piece> Framer::NextInMessage(std::string_view& bytes) {
                 return std::nullopt;
             }
             const bool fits = kept_.size() + at + 1 <= longest_;
-            return Finish(bytes, at + 1, fits ? Piece::Kind::Message : Piece::Kind::TooLong);
+            return Finish(bytes, at + 1, fits ? Frame::Kind::Message : Frame::Kind::TooLong);
         }
     }
     return Keep(bytes);
 }
 
-std::optional<Piece> Framer::Keep(std::string_view& bytes) {
+std::optional<Frame> Framer::Keep(std::string_view& bytes) {
     const std::string_view rest = bytes;
     bytes = {};
     if (tooLong_)
@@ -64,23 +64,23 @@ std::optional<Piece> Framer::Keep(std::string_view& bytes) {
     if (kept_.size() + rest.size() > longest_) {
         tooLong_ = true;
         kept_ = std::string();
-        return Piece{Piece::Kind::TooLong, {}, {}, {}};
+        return Frame{Frame::Kind::TooLong, {}, {}, {}};
     }
     kept_.append(rest);
     return std::nullopt;
 }
 
-Piece Framer::Finish(std::string_view& bytes, std::size_t length, Piece::Kind kind) {
+Frame Framer::Finish(std::string_view& bytes, std::size_t length, Frame::Kind kind) {
     inMessage_ = false;
     std::string_view whole = bytes.substr(0, length);
     bytes.remove_prefix(length);
-    if (kind == Piece::Kind::TooLong)
+    if (kind == Frame::Kind::TooLong)
         return {kind, {}, {}, {}};
     if (!kept_.empty()) {
         kept_.append(whole);
         whole = kept_;
     }
-    if (kind == Piece::Kind::Text)
+    if (kind == Frame::Kind::Text)
         return {kind, {}, {}, whole};
     return {kind, whole.substr(0, nameLength_), whole.substr(nameLength_ + 1, whole.size() - nameLength_ - 2),
             whole};

@@ -13,12 +13,14 @@
 namespace tarveth {
 
 inline constexpr char kMarker = '\xA9';
+inline constexpr std::string_view kMarkerText(&kMarker, 1);
 inline constexpr std::size_t kLongestMessage = 32767;
 
-struct Piece {
+// One item of the stream.
+struct Frame {
     enum class Kind {
         Message, // name, arguments and whole are set; whole is name(arguments) without the marker
-        Text,    // whole holds bytes outside any message; the rest of a text may follow as another piece
+        Text,    // whole holds bytes outside any message; the rest of a text may follow as another frame
         TooLong  // a message has passed the limit; said once, nothing else of it will come
     };
     Kind kind = Kind::Text;
@@ -38,17 +40,17 @@ public:
     explicit Framer(std::size_t longest = kLongestMessage, MessageNames names = MessageNames::Any)
         : longest_(longest), names_(names) {}
 
-    // The next piece of the bytes, which are shortened by what was used; nothing when they are used up. The
-    // piece's views hold until the next call, as long as the bytes do.
-    std::optional<Piece> Next(std::string_view& bytes);
+    // Takes the next frame from the front of the bytes; nothing when they are used up. The frame's views stay
+    // valid until the next call, and no longer than the bytes.
+    std::optional<Frame> Next(std::string_view& bytes);
 
-    // Is the beginning of a message being kept?
+    // Whether the beginning of an incomplete message is being kept.
     bool InMessage() const { return inMessage_; }
 
 private:
-    std::optional<Piece> NextInMessage(std::string_view& bytes);
-    std::optional<Piece> Keep(std::string_view& bytes);
-    Piece Finish(std::string_view& bytes, std::size_t length, Piece::Kind kind);
+    std::optional<Frame> NextInMessage(std::string_view& bytes);
+    std::optional<Frame> Keep(std::string_view& bytes);
+    Frame Finish(std::string_view& bytes, std::size_t length, Frame::Kind kind);
     bool EndsName(char c) const;
 
     std::string kept_; // what came of the message before these bytes, without the marker

@@ -11,13 +11,13 @@ namespace tarveth::platform {
 
 namespace {
 
-// A peer is asked after so many idle seconds, and is gone when it has not answered so often, so long apart:
-// within a minute, and the timers' own slack.
+// Keep-alive probes start after this many idle seconds; a peer that answers none of kAttempts probes, each
+// kSecondsBetween apart, is gone. Together that is less than a minute.
 constexpr int kIdleSeconds = 30;
 constexpr int kSecondsBetween = 8;
 constexpr int kAttempts = 3;
 
-// The same for bytes that it has not confirmed, which keep the system from asking.
+// How long sent bytes may stay unacknowledged. While there are any, the system sends no keep-alive probes.
 [[maybe_unused]] constexpr int kUnconfirmedMilliseconds = 50000;
 
 void SetOption(int socket, int level, int name, int value) {
@@ -34,15 +34,15 @@ void RaiseOpenFileLimit() {
     setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-void OutliveLogReader() {
+void IgnoreSigpipe() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-bool NeedsLeaveToListenAgain() {
+bool ListenerSetsReuseAddress() {
     return true;
 }
 
-void WatchPeer(int socket) {
+void EnableKeepAlive(int socket) {
     SetOption(socket, SOL_SOCKET, SO_KEEPALIVE, 1);
 #ifdef TCP_KEEPIDLE
     SetOption(socket, IPPROTO_TCP, TCP_KEEPIDLE, kIdleSeconds);
@@ -58,7 +58,7 @@ std::optional<int> FiguresSignal() {
     return SIGUSR1;
 }
 
-bool SignalsComeOnAThreadOfTheirOwn() {
+bool SignalHandlersRunOnAnotherThread() {
     return false;
 }
 

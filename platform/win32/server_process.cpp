@@ -10,37 +10,37 @@ namespace tarveth::platform {
 
 namespace {
 
-// A peer is asked after so long without a word; after that the system itself counts the attempts, which are
-// ten, and they come fast enough to be over within the minute.
+// Keep-alive probes start after kIdleMilliseconds and follow each other by kMillisecondsBetween. The system
+// itself fixes their number at ten, so that a vanished peer is noticed within a minute.
 constexpr ULONG kIdleMilliseconds = 30000;
 constexpr ULONG kMillisecondsBetween = 2500;
 
 } // namespace
 
-// Nothing limits sockets here but memory.
+// Windows limits the number of sockets by memory alone.
 void RaiseOpenFileLimit() {}
 
-// A log that nobody reads is a write that fails, and ends no process here.
-void OutliveLogReader() {}
+// Windows has no SIGPIPE: writing to a pipe without a reader is an ordinary error.
+void IgnoreSigpipe() {}
 
-bool NeedsLeaveToListenAgain() {
+bool ListenerSetsReuseAddress() {
     return false;
 }
 
-void WatchPeer(int socket) {
+void EnableKeepAlive(int socket) {
     tcp_keepalive watch{1, kIdleMilliseconds, kMillisecondsBetween};
     DWORD returned = 0;
     WSAIoctl(static_cast<SOCKET>(socket), SIO_KEEPALIVE_VALS, &watch, sizeof watch, nullptr, 0, &returned,
              nullptr, nullptr);
 }
 
-// Ctrl+Break.
+// The system raises SIGBREAK on Ctrl+Break.
 std::optional<int> FiguresSignal() {
     return SIGBREAK;
 }
 
-// The system makes a thread for every Ctrl+C.
-bool SignalsComeOnAThreadOfTheirOwn() {
+// The system starts a thread for every Ctrl+C.
+bool SignalHandlersRunOnAnotherThread() {
     return true;
 }
 

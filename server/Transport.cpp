@@ -43,7 +43,7 @@ std::size_t SendSome(TcpSocket& socket, const std::vector<std::string_view>& par
 
 Server::Server(asio::io_context& io, const Reach& reach, const Limits& limits, std::string messageOfTheDay)
     : io_(io),
-      acceptor_(io, {asio::ip::make_address(reach.bind), reach.port}, platform::NeedsLeaveToListenAgain()),
+      acceptor_(io, {asio::ip::make_address(reach.bind), reach.port}, platform::ListenerSetsReuseAddress()),
       reserve_(io),
       alarm_(io),
       retry_(io),
@@ -97,7 +97,7 @@ void Server::Admit(TcpSocket socket, const asio::ip::address& address) {
     asio::error_code ignored;
     socket.non_blocking(true, ignored);
     socket.set_option(asio::ip::tcp::no_delay(true), ignored);
-    platform::WatchPeer(static_cast<int>(socket.native_handle()));
+    platform::EnableKeepAlive(static_cast<int>(socket.native_handle()));
     auto connection = std::make_unique<Connection>(std::move(socket), address, lobby_.Bounds());
     connection->place = connections_.size();
     connections_.push_back(std::move(connection));
