@@ -1,6 +1,6 @@
-// What must hold for a lobby whose clients send any bytes: pairs and invitations are mutual, nicknames are
-// unique and clean, and whatever a client is sent is well-formed and in the words of the protocol. Shared by
-// the fuzz target and the test that replays its corpus.
+// What must hold in a lobby whose clients send arbitrary bytes: games and invitations are mutual, nicknames
+// are unique and clean, and what a client is sent is well-formed and in the words of the protocol. The fuzz
+// target and the test that replays its corpus share this file.
 #pragma once
 
 #include "net/wire/framing.h"
@@ -26,7 +26,7 @@ public:
             Replace(i);
     }
 
-    // What is broken; nothing if all is well.
+    // Runs the play, and gives what is wrong; empty if nothing is.
     std::string Fault() {
         std::string fault;
         while (fault.empty() && !bytes_.empty()) {
@@ -77,7 +77,7 @@ private:
             Replace(who);
         } else if (what == 1) {
             now_ += std::chrono::milliseconds(1 + 50 * NextByte());
-            lobby_.Wake(now_);
+            lobby_.RunTimers(now_);
         } else {
             const std::string_view words = bytes_.substr(0, NextByte());
             bytes_.remove_prefix(std::min(words.size(), bytes_.size()));
@@ -100,6 +100,8 @@ private:
             playing += user->partner != nullptr ? 1 : 0;
             if (user->partner != nullptr && (user->partner->partner != user || user->partner == user))
                 return "a game is not mutual";
+            if (user->partner != nullptr && !user->invited.empty())
+                return "a user in a game has an open invitation";
             for (const Session* invitee : user->invited)
                 if (!invitee->IsUser() || !Holds(invitee->invitedBy, user))
                     return "an invitation is not mutual";
@@ -110,7 +112,7 @@ private:
         return playing == 2 * lobby_.Counts().games ? "" : "the games are not counted rightly";
     }
 
-    // Sends him what there is, in pieces of odd sizes, and looks at it as his program would.
+    // Delivers what is queued for the client in writes of odd sizes, and checks it as a client reads it.
     std::string OutputFault(Client& client) {
         Outbox& box = client.session.box;
         std::string sent;

@@ -22,8 +22,8 @@ void EnableKeepAlive(int socket);
 // The signal that asks the server to log its figures: SIGUSR1, or SIGBREAK on Windows.
 std::optional<int> FiguresSignal();
 
-// Whether the system runs signal handlers on a thread of their own, so that even a program of one thread needs
-// locks.
+// Whether the system runs signal handlers on a thread of their own, so that even a program of one thread
+// needs locks.
 bool SignalHandlersRunOnAnotherThread();
 
 } // namespace tarveth::platform

@@ -4,7 +4,8 @@ namespace tarveth {
 
 namespace {
 
-// A socket of IPv6 shows the addresses of IPv4 in a form of its own.
+// Gives the IPv4 address of an IPv4-mapped IPv6 address (::ffff:192.0.2.1), as a dual-stack socket reports
+// it.
 asio::ip::address Plain(const asio::ip::address& address) {
     if (address.is_v6() && address.to_v6().is_v4_mapped())
         return asio::ip::make_address_v4(asio::ip::v4_mapped, address.to_v6());

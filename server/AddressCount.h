@@ -1,4 +1,4 @@
-// How many clients each address has, so that none takes all the places. This computer's own are not counted.
+// Counts the connections of each address and limits them. Loopback addresses are not counted.
 #pragma once
 
 #include "server/asio.h"
@@ -12,9 +12,9 @@ class AddressCount {
 public:
     explicit AddressCount(std::size_t most) : most_(most) {}
 
-    // Counts one more, if the address may have one more.
+    // Counts a new connection of the address; false if the address has as many as it may have.
     bool Enter(const asio::ip::address& address);
-    // One that has entered goes.
+    // Uncounts a connection for which Enter gave true.
     void Leave(const asio::ip::address& address);
 
 private:

@@ -1,4 +1,4 @@
-// A token bucket: fills at a rate's average, holds at most what the rate allows at once.
+// A token bucket. It fills at the rate's average speed, and holds at most what the rate allows at once.
 #pragma once
 
 #include "server/Limits.h"
@@ -9,7 +9,7 @@ namespace tarveth {
 
 class Bucket {
 public:
-    // Takes the amount if it is there.
+    // Takes the amount if the bucket holds it; false if it does not.
     bool Take(const Rate& rate, double amount, Time now) {
         if (rate.perSecond <= 0)
             return true;
@@ -20,7 +20,7 @@ public:
         return true;
     }
 
-    // Takes the amount in any case, and gives how long the debt takes to be repaid.
+    // Takes the amount in any case, and gives the time until the bucket is out of debt.
     Clock::duration Borrow(const Rate& rate, double amount, Time now) {
         if (rate.perSecond <= 0)
             return {};

@@ -1,5 +1,5 @@
-// One client's socket and session. While nothing goes on it holds no buffer: it waits to be readable, and the
-// server then reads into a buffer that all share.
+// One client's socket and session. A connection has no read buffer: it waits until it is readable, and the
+// transport then reads into a buffer that all connections share.
 #pragma once
 
 #include "server/Session.h"
@@ -15,11 +15,11 @@ public:
     TcpSocket socket;
     asio::ip::address address;
     Session session;
-    std::size_t place = 0; // in the server's list of connections
-    bool reading = false;  // a wait until it is readable is pending
-    bool writing = false;  // one until it is writable
-    bool closed = false;   // it is kept until its waits have come back
-    bool finished = false; // has been told that nothing more will be sent
+    std::size_t place = 0; // index in the transport's list of connections
+    bool reading = false;  // an asynchronous wait for readability is pending
+    bool writing = false;  // an asynchronous wait for writability is pending
+    bool closed = false;   // the socket is closed; the object is freed when no wait is pending
+    bool finished = false; // the sending direction has been shut down
 };
 
 } // namespace tarveth

@@ -1,4 +1,4 @@
-// What one client may ask of the lobby. Each is an option of the program; 0 switches a rate off.
+// What one client may do in the lobby. Each limit is an option of the program; a rate of 0 means no limit.
 #pragma once
 
 #include "net/wire/framing.h"
@@ -11,9 +11,9 @@ namespace tarveth {
 using Clock = std::chrono::steady_clock;
 using Time = Clock::time_point;
 
-// So much a second on average, and so much at once.
+// An average per second, and the largest amount at once.
 struct Rate {
-    double perSecond = 0; // 0: no limit
+    double perSecond = 0; // 0 means no limit
     double atOnce = 0;
 };
 

@@ -18,13 +18,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A client sends a chat line without an end: it is whole when nothing has followed for so long.
+// Clients send chat lines without a line end. A line is complete when nothing has followed it for this long.
 constexpr auto kLinePause = 100ms;
 
-// So long a dismissed client may take to read what it is told.
-constexpr auto kLastWords = 2s;
+// How long a dismissed client may take to read what has been sent, before its connection is closed.
+constexpr auto kFarewellTimeout = 2s;
 
-// Past so many taken variants of a nickname, the next number tried is one that hardly anybody has.
+// When this many variants of a nickname are taken, the next numbers tried are ones that no newcomer had
+// before, so that a thousand users who ask for one nickname do not cost a million look-ups.
 constexpr int kVariantsInARow = 8;
 
 } // namespace
@@ -35,8 +36,8 @@ Lobby::Lobby(const Limits& limits, std::string messageOfTheDay)
 void Lobby::Enter(Session& session, Time now) {
     now_ = now;
     ++figures_.arrivals;
-    alarms_.Set(session, AlarmKind::Patience, now + limits_.handshake);
-    Send(session, {"\251update(", kVersion, ")"});
+    timers_.Set(session, TimerKind::Deadline, now + limits_.handshake);
+    Send(session, {kMarkerText, "update(", kVersion, ")"});
 }
 
 void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
@@ -53,7 +54,7 @@ void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
 
 void Lobby::HandleFrame(Session& session, const Frame& frame) {
     if (frame.kind == Frame::Kind::Text) {
-        HearText(*this, session, frame.whole);
+        ReceiveText(*this, session, frame.whole);
         return;
     }
     if (!session.line.empty())
@@ -69,9 +70,9 @@ void Lobby::HandleFrame(Session& session, const Frame& frame) {
 
 void Lobby::WatchOpenLine(Session& session) {
     if (session.line.empty() || session.stage == Stage::Dismissed)
-        alarms_.Clear(session, AlarmKind::Line);
+        timers_.Clear(session, TimerKind::ChatLine);
     else
-        alarms_.Set(session, AlarmKind::Line, now_ + kLinePause);
+        timers_.Set(session, TimerKind::ChatLine, now_ + kLinePause);
 }
 
 void Lobby::PauseAfterDebt(Session& session) {
@@ -80,25 +81,25 @@ void Lobby::PauseAfterDebt(Session& session) {
         return;
     ++figures_.pauses;
     session.paused = true;
-    alarms_.Set(session, AlarmKind::Resume, now_ + wait);
+    timers_.Set(session, TimerKind::Resume, now_ + wait);
 }
 
-void Lobby::Wake(Time now) {
+void Lobby::RunTimers(Time now) {
     now_ = now;
-    while (const auto alarm = alarms_.TakeRinging(now))
-        Ring(*alarm->session, alarm->kind);
+    while (const auto timer = timers_.TakeExpired(now))
+        RunTimer(*timer->session, timer->kind);
 }
 
-void Lobby::Ring(Session& session, AlarmKind kind) {
+void Lobby::RunTimer(Session& session, TimerKind kind) {
     switch (kind) {
-    case AlarmKind::Line:
+    case TimerKind::ChatLine:
         EndLine(*this, session);
         break;
-    case AlarmKind::Resume:
+    case TimerKind::Resume:
         session.paused = false;
         MarkDue(session);
         break;
-    case AlarmKind::Patience:
+    case TimerKind::Deadline:
         if (session.stage == Stage::Dismissed) {
             session.cutOff = true;
             MarkDue(session);
@@ -111,36 +112,36 @@ void Lobby::Ring(Session& session, AlarmKind kind) {
 }
 
 void Lobby::Leave(Session& session) {
-    Depart(session);
+    RemoveUser(session);
     session.stage = Stage::Dismissed;
-    alarms_.ClearAll(session);
+    timers_.ClearAll(session);
     if (session.due)
         std::erase(due_, &session);
 }
 
 void Lobby::Dismiss(Session& session) {
-    Depart(session);
+    RemoveUser(session);
     session.stage = Stage::Dismissed;
     session.paused = false;
-    alarms_.ClearAll(session);
-    alarms_.Set(session, AlarmKind::Patience, now_ + kLastWords);
+    timers_.ClearAll(session);
+    timers_.Set(session, TimerKind::Deadline, now_ + kFarewellTimeout);
     MarkDue(session);
 }
 
-void Lobby::Depart(Session& session) {
+void Lobby::RemoveUser(Session& session) {
     if (!session.IsUser())
         return;
     LeaveGames(*this, session);
     session.ignored.clear();
     std::erase(ignorers_, &session);
-    stems_.erase(NicknameStem(session.nick));
+    usersByStem_.erase(NicknameStem(session.nick));
     users_.back()->place = session.place;
     std::swap(users_[session.place], users_.back());
     users_.pop_back();
     roster_.UserChanged();
-    out_.KeepAnnouncements(session.box);
+    out_.QueueAnnouncements(session.box);
     session.box.listening = false;
-    Announce({"\251removenick(", session.nick, ")"});
+    Announce({kMarkerText, "removenick(", session.nick, ")"});
 }
 
 std::vector<Session*> Lobby::TakeDue() {
@@ -156,6 +157,11 @@ void Lobby::MarkDue(Session& session) {
     due_.push_back(&session);
 }
 
+std::string Lobby::Refuse(Refusal refusal) {
+    ++figures_.refusedArrivals;
+    return std::string(kMarkerText) + "alert(" + std::string(RefusalReason(refusal)) + ")";
+}
+
 void Lobby::SayGoodbye(Session& session) {
     if (session.stage != Stage::Dismissed)
         Tell(session, "The lobby is closing. Please come back later.");
@@ -167,12 +173,12 @@ void Lobby::Send(Session& session, BlockWriter::Parts parts) {
 }
 
 void Lobby::Tell(Session& session, std::string_view text) {
-    Send(session, {"\251sys(", BalancedLine(text), ")"});
+    Send(session, {kMarkerText, "sys(", BalancedLine(text), ")"});
 }
 
 Session* Lobby::FindUser(std::string_view nick) {
-    const auto found = stems_.find(NicknameStem(nick));
-    if (found == stems_.end() || FoldCase(found->second->nick) != FoldCase(TrimBlanks(nick)))
+    const auto found = usersByStem_.find(NicknameStem(nick));
+    if (found == usersByStem_.end() || FoldCase(found->second->nick) != FoldCase(TrimBlanks(nick)))
         return nullptr;
     return found->second;
 }
@@ -198,7 +204,7 @@ std::string Lobby::FreeNickname(const Session& session, const std::string& nick)
         return nick;
     for (int number = 2;; ++number) {
         if (number == kVariantsInARow)
-            number += static_cast<int>(figures_.arrivals % 1'000'000);
+            number += static_cast<int>(++crowdedNames_ % 1'000'000);
         std::string variant = NicknameVariant(nick, number);
         if (IsFree(session, variant))
             return variant;
@@ -206,17 +212,17 @@ std::string Lobby::FreeNickname(const Session& session, const std::string& nick)
 }
 
 bool Lobby::IsFree(const Session& session, std::string_view nick) const {
-    const auto found = stems_.find(NicknameStem(nick));
-    return found == stems_.end() || found->second == &session;
+    const auto found = usersByStem_.find(NicknameStem(nick));
+    return found == usersByStem_.end() || found->second == &session;
 }
 
 void Lobby::AddUser(Session& session) {
     session.stage = Stage::Named;
-    stems_.emplace(NicknameStem(session.nick), &session);
+    usersByStem_.emplace(NicknameStem(session.nick), &session);
     session.place = static_cast<std::uint32_t>(users_.size());
     users_.push_back(&session);
     roster_.Add(session);
-    Announce({"\251addnick(", session.nick, ",", StatusText(session), ")"});
+    Announce({kMarkerText, "addnick(", session.nick, ",", StatusText(session), ")"});
 }
 
 void Lobby::RenameUser(Session& session, const std::string& nick) {
@@ -225,17 +231,17 @@ void Lobby::RenameUser(Session& session, const std::string& nick) {
     for (Session* ignorer : ignorers_)
         if (Ignores(*ignorer, session))
             std::ranges::replace(ignorer->ignored, FoldCase(session.nick), FoldCase(nick));
-    stems_.erase(NicknameStem(session.nick));
-    stems_.emplace(NicknameStem(nick), &session);
+    usersByStem_.erase(NicknameStem(session.nick));
+    usersByStem_.emplace(NicknameStem(nick), &session);
     const std::string old = std::exchange(session.nick, nick);
     session.formerNick = session.partner != nullptr ? old : std::string();
     roster_.UserChanged();
-    Announce({"\251changenick(", old, ",", nick, ",", StatusText(session), ")"});
+    Announce({kMarkerText, "changenick(", old, ",", nick, ",", StatusText(session), ")"});
 }
 
 void Lobby::StatusChanged(const Session& user) {
     roster_.UserChanged();
-    Announce({"\251changenick(", user.nick, ",", user.nick, ",", StatusText(user), ")"});
+    Announce({kMarkerText, "changenick(", user.nick, ",", user.nick, ",", StatusText(user), ")"});
 }
 
 void Lobby::SendUserList(Session& session) {
@@ -244,7 +250,7 @@ void Lobby::SendUserList(Session& session) {
     if (session.box.listening)
         return;
     out_.StartListening(session.box);
-    alarms_.Clear(session, AlarmKind::Patience);
+    timers_.Clear(session, TimerKind::Deadline);
     if (!messageOfTheDay_.empty())
         Tell(session, messageOfTheDay_);
 }
@@ -255,7 +261,7 @@ void Lobby::AnnounceFrom(const Session& speaker, BlockWriter::Parts parts) {
         if (ignorer->box.listening && Ignores(*ignorer, speaker))
             deaf.push_back(ignorer);
     for (Session* user : deaf)
-        out_.KeepAnnouncements(user->box);
+        out_.QueueAnnouncements(user->box);
     Announce(parts);
     for (Session* user : deaf)
         out_.SkipAnnouncement(user->box);

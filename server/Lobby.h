@@ -1,13 +1,15 @@
-// The lobby itself: who is there and under which nickname, and what is announced. It knows no sockets: the
-// transport hands it bytes, and sends what it leaves in the sessions' outboxes. All on one thread.
+// The rules of the lobby: which users are present under which nicknames, and what is announced. The lobby
+// knows no sockets: the transport hands it received bytes, and sends what it puts into the sessions'
+// outboxes. Everything runs on one thread.
 #pragma once
 
-#include "server/Alarms.h"
 #include "server/Figures.h"
 #include "server/Limits.h"
 #include "server/Outgoing.h"
+#include "server/Refusal.h"
 #include "server/Roster.h"
 #include "server/Session.h"
+#include "server/Timers.h"
 
 #include <optional>
 #include <string>
@@ -19,43 +21,45 @@ namespace tarveth {
 
 class Lobby {
 public:
-    // The message of the day is told to every user when he has been sent the list of users; none if empty.
+    // Every user is told the message of the day after the list of users; an empty one is not told.
     Lobby(const Limits& limits, std::string messageOfTheDay);
 
-    // For the transport. A session is the transport's; it stays where it is until the lobby has been told
-    // that it leaves.
+    // These calls are for the transport. It owns the sessions, and keeps each at its address from Enter to
+    // Leave.
     void Enter(Session& session, Time now);
     void Receive(Session& session, std::string_view bytes, Time now);
     void Leave(Session& session);
-    // Rings the alarms up to now. The next one is due at NextWake.
-    void Wake(Time now);
-    std::optional<Time> NextWake() const { return alarms_.Next(); }
-    // Sessions that have something new to send, were dismissed, or may be read from again.
+    // Handles the timers that have expired by now. The next one expires at NextTimer.
+    void RunTimers(Time now);
+    std::optional<Time> NextTimer() const { return timers_.Next(); }
+    // Takes the list of sessions that have something new to send, were dismissed, or may be read from again.
     std::vector<Session*> TakeDue();
-    // Tells him that the lobby closes.
+    // Tells the client that the lobby is closing.
     void SayGoodbye(Session& session);
+    // Counts a connection that is not accepted, and gives the bytes that tell the client why.
+    std::string Refuse(Refusal refusal);
 
     Outgoing& Out() { return out_; }
-    // In no order.
+    // All users, in no particular order.
     const std::vector<Session*>& Users() const { return users_; }
     const Limits& Bounds() const { return limits_; }
     Figures& Counts() { return figures_; }
     Time Now() const { return now_; }
 
-    // For those who handle messages.
+    // These calls are for the handlers of messages.
     void Send(Session& session, BlockWriter::Parts parts);
     void Announce(BlockWriter::Parts parts) { out_.ToAll(parts); }
-    // A notice in the client's transcript; the text is balanced before it goes.
+    // Sends a notice for the client's transcript. Parentheses without a counterpart are replaced in it.
     void Tell(Session& session, std::string_view text);
-    // Sends what has been written to him, then closes.
+    // Closes the connection after the client has been sent what is queued.
     void Dismiss(Session& session);
-    // The user of that nickname, whatever its case; null if there is none.
+    // Finds the user of that nickname, ignoring letter case; null if there is none.
     Session* FindUser(std::string_view nick);
-    // Gives the session a nickname as near to the wanted one as there is, and tells all.
+    // Gives the session the wanted nickname, or the most similar free one, and announces it.
     void TakeNickname(Session& session, std::string_view wanted);
     void SendUserList(Session& session);
     void StatusChanged(const Session& user);
-    // A line that all hear but those who ignore its speaker.
+    // Sends a line to all users except those who ignore its speaker.
     void AnnounceFrom(const Session& speaker, BlockWriter::Parts parts);
     bool Ignores(const Session& user, const Session& other) const;
     void Ignore(Session& user, std::string_view folded);
@@ -63,11 +67,11 @@ public:
 
 private:
     void HandleFrame(Session& session, const Frame& frame);
-    void Ring(Session& session, AlarmKind kind);
+    void RunTimer(Session& session, TimerKind kind);
     void MarkDue(Session& session);
     void PauseAfterDebt(Session& session);
     void WatchOpenLine(Session& session);
-    void Depart(Session& session);
+    void RemoveUser(Session& session);
     void AddUser(Session& session);
     void RenameUser(Session& session, const std::string& nick);
     std::string FreeNickname(const Session& session, const std::string& nick);
@@ -78,11 +82,12 @@ private:
     Figures figures_;
     Outgoing out_;
     Roster roster_;
-    Alarms alarms_;
+    Timers timers_;
     std::vector<Session*> users_;
-    std::vector<Session*> ignorers_; // those who ignore anybody
-    std::vector<Session*> due_;
-    std::unordered_map<std::string, Session*> stems_;
+    std::vector<Session*> ignorers_; // the users who ignore somebody
+    std::vector<Session*> due_;      // what TakeDue gives next
+    std::unordered_map<std::string, Session*> usersByStem_;
+    unsigned crowdedNames_ = 0; // how often the first few variants of a nickname were all taken
     Time now_{};
 };
 

@@ -9,19 +9,20 @@ namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 
-// So few bytes left to send do not hold a whole block in memory.
+// When fewer bytes than this are left to send, they are copied out, so that they do not keep whole blocks in
+// memory.
 constexpr std::size_t kWorthABlock = kBlockSize / 4;
 
-// An idle user's outbox keeps no more room than this.
-constexpr std::size_t kIdleStretches = 2;
+// The capacity of the list of slices that an outbox keeps while it is empty.
+constexpr std::size_t kIdleSlices = 2;
 
-// Calls use(stretch) for what is left of the stretches behind so many bytes.
+// Calls use(slice) for each slice behind the first `skipped` bytes; a slice that begins before is cut.
 template <class Use>
-void ForEachBehind(const std::vector<Stretch>& stretches, std::size_t skipped, Use use) {
-    for (const Stretch& stretch : stretches) {
-        const std::size_t length = std::size_t{stretch.end} - stretch.begin;
+void ForEachBehind(const std::vector<Slice>& slices, std::size_t skipped, Use use) {
+    for (const Slice& slice : slices) {
+        const std::size_t length = std::size_t{slice.end} - slice.begin;
         if (skipped < length) {
-            Stretch rest = stretch;
+            Slice rest = slice;
             rest.begin += static_cast<std::uint32_t>(skipped);
             use(rest);
         }
@@ -32,8 +33,8 @@ void ForEachBehind(const std::vector<Stretch>& stretches, std::size_t skipped, U
 void DropSent(Outbox& box, std::size_t bytes) {
     box.unsent -= bytes;
     std::size_t gone = 0;
-    while (gone < box.stretches.size()) {
-        Stretch& first = box.stretches[gone];
+    while (gone < box.slices.size()) {
+        Slice& first = box.slices[gone];
         const std::size_t length = std::size_t{first.end} - first.begin;
         if (bytes < length) {
             first.begin += static_cast<std::uint32_t>(bytes);
@@ -42,30 +43,30 @@ void DropSent(Outbox& box, std::size_t bytes) {
         bytes -= length;
         ++gone;
     }
-    box.stretches.erase(box.stretches.begin(), box.stretches.begin() + static_cast<std::ptrdiff_t>(gone));
-    if (box.stretches.empty() && box.stretches.capacity() > kIdleStretches)
-        box.stretches = {};
+    box.slices.erase(box.slices.begin(), box.slices.begin() + static_cast<std::ptrdiff_t>(gone));
+    if (box.slices.empty() && box.slices.capacity() > kIdleSlices)
+        box.slices = {};
 }
 
 void CopyOut(Outbox& box) {
     auto own = std::make_shared<Block>(box.unsent);
-    for (const Stretch& stretch : box.stretches) {
-        const std::string_view view = stretch.View();
+    for (const Slice& slice : box.slices) {
+        const std::string_view view = slice.View();
         std::memcpy(own->bytes.get() + own->size, view.data(), view.size());
         own->size += view.size();
     }
     const auto size = static_cast<std::uint32_t>(own->size);
-    box.stretches.clear();
-    box.stretches.push_back({std::move(own), 0, size});
+    box.slices.clear();
+    box.slices.push_back({std::move(own), 0, size});
 }
 
 } // namespace
 
-Stretch BlockWriter::Append(Parts parts) {
+Slice BlockWriter::Append(Parts parts) {
     std::size_t length = 0;
     for (const std::string_view part : parts)
         length += part.size();
-    // Nobody points at it any more: its room is free again.
+    // No slice uses the block any more, so it can be filled from its start.
     if (block_ && block_.use_count() == 1)
         block_->size = 0;
     if (!block_ || block_->capacity - block_->size < length)
@@ -79,72 +80,72 @@ Stretch BlockWriter::Append(Parts parts) {
     return {block_, begin, static_cast<std::uint32_t>(block_->size)};
 }
 
-void AddStretch(std::vector<Stretch>& list, const Stretch& stretch) {
-    if (!list.empty() && list.back().block == stretch.block && list.back().end == stretch.begin)
-        list.back().end = stretch.end;
+void AddSlice(std::vector<Slice>& list, const Slice& slice) {
+    if (!list.empty() && list.back().block == slice.block && list.back().end == slice.begin)
+        list.back().end = slice.end;
     else
-        list.push_back(stretch);
+        list.push_back(slice);
 }
 
 void Outgoing::ToOne(Outbox& box, BlockWriter::Parts parts) {
-    KeepAnnouncements(box);
-    const Stretch stretch = letters_.Append(parts);
-    box.unsent += stretch.View().size();
-    AddStretch(box.stretches, stretch);
+    QueueAnnouncements(box);
+    const Slice slice = personal_.Append(parts);
+    box.unsent += slice.View().size();
+    AddSlice(box.slices, slice);
 }
 
-void Outgoing::ToOne(Outbox& box, const std::vector<Stretch>& stretches) {
-    KeepAnnouncements(box);
-    for (const Stretch& stretch : stretches) {
-        box.unsent += stretch.View().size();
-        AddStretch(box.stretches, stretch);
+void Outgoing::ToOne(Outbox& box, const std::vector<Slice>& slices) {
+    QueueAnnouncements(box);
+    for (const Slice& slice : slices) {
+        box.unsent += slice.View().size();
+        AddSlice(box.slices, slice);
     }
 }
 
 void Outgoing::ToAll(BlockWriter::Parts parts) {
-    const Stretch stretch = announcements_.Append(parts);
-    announced_ += stretch.View().size();
-    AddStretch(announcedThisTurn_, stretch);
+    const Slice slice = announcements_.Append(parts);
+    announced_ += slice.View().size();
+    AddSlice(announcedThisTurn_, slice);
 }
 
-void Outgoing::HearAll(Outbox& box) const {
+void Outgoing::TakeAll(Outbox& box) const {
     box.turn = turn_;
-    box.heard = announced_;
+    box.taken = announced_;
 }
 
 void Outgoing::StartListening(Outbox& box) {
     box.listening = true;
-    HearAll(box);
+    TakeAll(box);
 }
 
-void Outgoing::KeepAnnouncements(Outbox& box) {
-    if (!box.listening || Heard(box) == announced_)
+void Outgoing::QueueAnnouncements(Outbox& box) {
+    if (!box.listening || Taken(box) == announced_)
         return;
-    box.unsent += announced_ - Heard(box);
-    ForEachBehind(announcedThisTurn_, Heard(box),
-                  [&box](const Stretch& stretch) { AddStretch(box.stretches, stretch); });
-    HearAll(box);
+    box.unsent += announced_ - Taken(box);
+    ForEachBehind(announcedThisTurn_, Taken(box),
+                  [&box](const Slice& slice) { AddSlice(box.slices, slice); });
+    TakeAll(box);
 }
 
 void Outgoing::SkipAnnouncement(Outbox& box) {
-    HearAll(box);
+    TakeAll(box);
 }
 
 std::size_t Outgoing::Unsent(const Outbox& box) const {
-    return box.unsent + (box.listening ? announced_ - Heard(box) : 0);
+    return box.unsent + (box.listening ? announced_ - Taken(box) : 0);
 }
 
 const std::vector<std::string_view>& Outgoing::Pending(const Outbox& box, std::size_t parts) {
     pending_.clear();
-    for (const Stretch& stretch : box.stretches) {
+    for (const Slice& slice : box.slices) {
         if (pending_.size() == parts)
             return pending_;
-        pending_.push_back(stretch.View());
+        pending_.push_back(slice.View());
     }
     if (box.listening)
-        ForEachBehind(announcedThisTurn_, Heard(box), [this, parts](const Stretch& stretch) {
+        ForEachBehind(announcedThisTurn_, Taken(box), [this, parts](const Slice& slice) {
             if (pending_.size() < parts)
-                pending_.push_back(stretch.View());
+                pending_.push_back(slice.View());
         });
     return pending_;
 }
@@ -152,13 +153,13 @@ const std::vector<std::string_view>& Outgoing::Pending(const Outbox& box, std::s
 void Outgoing::Sent(Outbox& box, std::size_t bytes) {
     if (bytes == Unsent(box)) {
         box.unsent = 0;
-        box.stretches.clear();
-        if (box.stretches.capacity() > kIdleStretches)
-            box.stretches = {};
-        HearAll(box);
+        box.slices.clear();
+        if (box.slices.capacity() > kIdleSlices)
+            box.slices = {};
+        TakeAll(box);
         return;
     }
-    KeepAnnouncements(box);
+    QueueAnnouncements(box);
     DropSent(box, bytes);
     if (box.unsent < kWorthABlock)
         CopyOut(box);

@@ -1,6 +1,6 @@
-// What is on its way to the users. Bytes are written once, into blocks that never move, and each user's
-// outbox only points at them: what all hear is shared by all. The transport sends and tells how much has
-// gone.
+// The bytes that wait to be sent. They are written once, into blocks that never move, and a user's outbox
+// holds slices of these blocks, so that an announcement to all users is stored once. The transport sends the
+// slices and reports how many bytes it has sent.
 #pragma once
 
 #include <cstddef>
@@ -19,8 +19,8 @@ struct Block {
     std::size_t capacity;
 };
 
-// Part of a block.
-struct Stretch {
+// A part of a block; it keeps the block alive.
+struct Slice {
     std::shared_ptr<const Block> block;
     std::uint32_t begin = 0;
     std::uint32_t end = 0;
@@ -28,61 +28,62 @@ struct Stretch {
     std::string_view View() const { return {block->bytes.get() + begin, std::size_t{end} - begin}; }
 };
 
-// Appends to blocks; starts another one when a text does not fit.
+// Appends text to a block, and starts another block when the text does not fit.
 class BlockWriter {
 public:
     using Parts = std::initializer_list<std::string_view>;
 
-    Stretch Append(Parts parts);
+    Slice Append(Parts parts);
 
 private:
     std::shared_ptr<Block> block_;
 };
 
-// Adds the stretch to the end of the list, to its last one if that ends where the new one begins.
-void AddStretch(std::vector<Stretch>& list, const Stretch& stretch);
+// Adds the slice to the end of the list; a slice that continues the last one is merged with it.
+void AddSlice(std::vector<Slice>& list, const Slice& slice);
 
-// What one user has yet to be sent, in order: the stretches, then what of this turn's announcements he has
-// not heard.
+// What one user has yet to be sent: first the slices, then this turn's announcements from `taken` on. A turn
+// is the time between two calls of EndTurn.
 struct Outbox {
-    std::vector<Stretch> stretches;
-    std::size_t unsent = 0; // bytes of the stretches
-    std::size_t heard = 0;  // bytes of the announcements of the turn
-    std::uint32_t turn = 0; // that heard is about
-    bool listening = false; // does he hear announcements at all?
+    std::vector<Slice> slices;
+    std::size_t unsent = 0; // bytes of the slices
+    std::size_t taken = 0;  // bytes of the turn's announcements that were sent or queued as slices
+    std::uint32_t turn = 0; // the turn that `taken` belongs to
+    bool listening = false; // whether the user receives announcements
 };
 
 class Outgoing {
 public:
     void ToOne(Outbox& box, BlockWriter::Parts parts);
-    void ToOne(Outbox& box, const std::vector<Stretch>& stretches);
+    void ToOne(Outbox& box, const std::vector<Slice>& slices);
     void ToAll(BlockWriter::Parts parts);
 
-    // The user hears announcements from here on.
+    // The user receives all announcements that follow.
     void StartListening(Outbox& box);
-    // Those before are for him; call SkipAnnouncement after one that is not.
-    void KeepAnnouncements(Outbox& box);
+    // Queues all announcements so far for this user. Call SkipAnnouncement after one that the user must not
+    // see.
+    void QueueAnnouncements(Outbox& box);
     void SkipAnnouncement(Outbox& box);
 
     bool HasAnnouncements() const { return announced_ > 0; }
     std::size_t Unsent(const Outbox& box) const;
 
-    // The next bytes to send, at most so many parts; valid until the next call or message.
+    // Gives the next bytes to send, in at most that many parts. They are valid until any other call.
     const std::vector<std::string_view>& Pending(const Outbox& box, std::size_t parts);
-    // So many bytes of the pending ones have been sent.
+    // Drops that many bytes from the front of the queue, after the transport has sent them.
     void Sent(Outbox& box, std::size_t bytes);
 
-    // Every listener has been sent, or keeps, this turn's announcements.
+    // Ends the turn. Every listener must have been sent this turn's announcements, or have them queued.
     void EndTurn();
 
 private:
-    std::size_t Heard(const Outbox& box) const { return box.turn == turn_ ? box.heard : 0; }
-    void HearAll(Outbox& box) const;
+    std::size_t Taken(const Outbox& box) const { return box.turn == turn_ ? box.taken : 0; }
+    void TakeAll(Outbox& box) const;
 
-    BlockWriter letters_;
+    BlockWriter personal_;
     BlockWriter announcements_;
-    std::vector<Stretch> announcedThisTurn_;
-    std::size_t announced_ = 0; // their bytes
+    std::vector<Slice> announcedThisTurn_;
+    std::size_t announced_ = 0; // bytes of announcedThisTurn_
     std::uint32_t turn_ = 1;
     std::vector<std::string_view> pending_;
 };

@@ -4,10 +4,10 @@ namespace tarveth {
 
 void Roster::Add(const Session& user) {
     if (!stale_)
-        AddStretch(text_, writer_.Append({"\251addnick(", user.nick, ",", StatusText(user), ")"}));
+        AddSlice(text_, writer_.Append({kMarkerText, "addnick(", user.nick, ",", StatusText(user), ")"}));
 }
 
-const std::vector<Stretch>& Roster::Text(const std::vector<Session*>& users) {
+const std::vector<Slice>& Roster::Text(const std::vector<Session*>& users) {
     if (stale_) {
         stale_ = false;
         text_.clear();

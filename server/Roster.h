@@ -1,5 +1,5 @@
-// The answer to sendnicks(): one addnick message a user. It is written once for all who ask until a user goes
-// or changes; an arrival is only added to its end.
+// Caches the answer to sendnicks(), which is one addnick message for each user. An arrival is appended to the
+// cached text; the text is written anew only after a user has left or changed.
 #pragma once
 
 #include "server/Outgoing.h"
@@ -12,16 +12,16 @@ public:
     void Add(const Session& user);
     void UserChanged() { stale_ = true; }
 
-    // What a new listener is sent.
-    const std::vector<Stretch>& Text(const std::vector<Session*>& users);
+    // Gives the text of the whole list.
+    const std::vector<Slice>& Text(const std::vector<Session*>& users);
 
 private:
     BlockWriter writer_;
-    std::vector<Stretch> text_;
+    std::vector<Slice> text_;
     bool stale_ = false;
 };
 
-// The status sign of a user: 1 while he is in a game.
+// The status number of a user: 1 while they are in a game, else 0.
 std::string_view StatusText(const Session& user);
 
 } // namespace tarveth

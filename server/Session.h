@@ -1,4 +1,5 @@
-// One client of the lobby: who he is, what he has asked, what he may still ask, and what he is to be sent.
+// What the lobby knows of one client: nickname, game, invitations, remaining allowances, and the bytes to be
+// sent.
 #pragma once
 
 #include "net/wire/framing.h"
@@ -15,21 +16,21 @@ namespace tarveth {
 class Connection;
 
 enum class Stage : std::uint8_t {
-    Greeted,   // has been told the lobby's version
-    Versioned, // has told his own, and it will do
-    Named,     // has a nickname, and is a user
-    Dismissed  // is sent what is left, then closed; nothing he says counts any more
+    Greeted,   // the client has been sent the lobby's version
+    Versioned, // the client has sent its own version, and it is not too old
+    Named,     // the client has a nickname: it is a user
+    Dismissed  // the client is sent what is queued, then closed; what it sends is ignored
 };
 
-enum class AlarmKind : std::uint8_t {
-    Patience, // the handshake has to be complete by then; a dismissed client to be gone
-    Line,     // a chat line without an end is taken to be whole
-    Resume    // he may be read from again
+enum class TimerKind : std::uint8_t {
+    Deadline, // the handshake must be complete; a dismissed client is cut off
+    ChatLine, // a chat line without a line end is complete
+    Resume    // the client may be read from again
 };
-inline constexpr std::size_t kAlarmKinds = 3;
+inline constexpr std::size_t kTimerKinds = 3;
 
 struct Session {
-    // connection: the transport's; the lobby only carries it.
+    // connection: belongs to the transport, and is not used by the lobby.
     Session(Connection* connection, const Limits& limits)
         : connection(connection), framer(limits.longestMessage, MessageNames::Letters) {}
     Session(const Session&) = delete;
@@ -38,28 +39,28 @@ struct Session {
     Connection* connection;
     Session* partner = nullptr; // in an accepted game
     std::string nick;
-    std::string formerNick;           // before a rename in this game: moves to it may be on their way
-    std::vector<Session*> invited;    // have not answered yet
-    std::vector<Session*> invitedBy;  // have not been answered yet
-    std::vector<std::string> ignored; // nicknames, folded
+    std::string formerNick;           // the nickname before a rename in this game, which moves may still name
+    std::vector<Session*> invited;    // the users who have not yet answered this user's invitations
+    std::vector<Session*> invitedBy;  // the users whose invitations this user has not yet answered
+    std::vector<std::string> ignored; // nicknames in small letters
 
     Framer framer;
-    std::string line; // of chat, without its end so far
+    std::string line; // the beginning of a chat line whose end has not been received
 
     Bucket chatLines;
     Bucket chatCharacters;
     Bucket messages;
     Bucket moves;
-    std::array<Time, kAlarmKinds> alarms{}; // Time{}: not set
+    std::array<Time, kTimerKinds> timers{}; // Time{} where a timer is not set
 
     Outbox box;
-    std::uint32_t place = 0; // in the lobby's list of users
+    std::uint32_t place = 0; // index in the lobby's list of users
     Stage stage = Stage::Greeted;
-    bool toldChat = false;     // that lines were dropped
-    bool toldMessages = false; // that messages were ignored
-    bool due = false;          // in the lobby's list for the transport
-    bool paused = false;       // not to be read from for now
-    bool cutOff = false;       // to be closed whatever is left
+    bool toldChat = false;     // the user has been told that chat lines were dropped
+    bool toldMessages = false; // the user has been told that messages were ignored
+    bool due = false;          // the session is in the list that Lobby::TakeDue gives
+    bool paused = false;       // the transport does not read from the client for now
+    bool cutOff = false;       // the transport closes the connection, whatever is unsent
 
     bool IsUser() const { return stage == Stage::Named; }
 };

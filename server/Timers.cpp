@@ -1,45 +1,45 @@
-#include "server/Alarms.h"
+#include "server/Timers.h"
 
 namespace tarveth {
 
 namespace {
 
-Time& AlarmTime(Session& session, AlarmKind kind) {
-    return session.alarms.at(static_cast<std::size_t>(kind));
+Time& TimerTime(Session& session, TimerKind kind) {
+    return session.timers.at(static_cast<std::size_t>(kind));
 }
 
 } // namespace
 
-void Alarms::Set(Session& session, AlarmKind kind, Time time) {
+void Timers::Set(Session& session, TimerKind kind, Time time) {
     Clear(session, kind);
-    AlarmTime(session, kind) = time;
-    alarms_.emplace(time, &session, kind);
+    TimerTime(session, kind) = time;
+    timers_.emplace(time, &session, kind);
 }
 
-void Alarms::Clear(Session& session, AlarmKind kind) {
-    Time& time = AlarmTime(session, kind);
+void Timers::Clear(Session& session, TimerKind kind) {
+    Time& time = TimerTime(session, kind);
     if (time == Time{})
         return;
-    alarms_.erase({time, &session, kind});
+    timers_.erase({time, &session, kind});
     time = Time{};
 }
 
-void Alarms::ClearAll(Session& session) {
-    Clear(session, AlarmKind::Patience);
-    Clear(session, AlarmKind::Line);
-    Clear(session, AlarmKind::Resume);
+void Timers::ClearAll(Session& session) {
+    Clear(session, TimerKind::Deadline);
+    Clear(session, TimerKind::ChatLine);
+    Clear(session, TimerKind::Resume);
 }
 
-std::optional<Time> Alarms::Next() const {
-    return alarms_.empty() ? std::nullopt : std::optional(std::get<Time>(*alarms_.begin()));
+std::optional<Time> Timers::Next() const {
+    return timers_.empty() ? std::nullopt : std::optional(std::get<Time>(*timers_.begin()));
 }
 
-std::optional<Alarms::Alarm> Alarms::TakeRinging(Time now) {
-    if (alarms_.empty() || std::get<Time>(*alarms_.begin()) > now)
+std::optional<Timers::Timer> Timers::TakeExpired(Time now) {
+    if (timers_.empty() || std::get<Time>(*timers_.begin()) > now)
         return std::nullopt;
-    const auto [time, session, kind] = *alarms_.begin();
+    const auto [time, session, kind] = *timers_.begin();
     Clear(*session, kind);
-    return Alarm{session, kind};
+    return Timer{session, kind};
 }
 
 } // namespace tarveth

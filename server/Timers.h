@@ -1,4 +1,4 @@
-// When something is to happen to a session. Only what is awaited is kept, so an idle lobby has no alarm.
+// The timers of all sessions, in the order of their expiry. Nothing is polled: an idle lobby has no timer.
 #pragma once
 
 #include "server/Session.h"
@@ -9,24 +9,24 @@
 
 namespace tarveth {
 
-class Alarms {
+class Timers {
 public:
-    struct Alarm {
+    struct Timer {
         Session* session;
-        AlarmKind kind;
+        TimerKind kind;
     };
 
-    // A session has one alarm of a kind; setting it anew moves it.
-    void Set(Session& session, AlarmKind kind, Time time);
-    void Clear(Session& session, AlarmKind kind);
+    // Sets the session's timer of that kind; one that was set before is moved.
+    void Set(Session& session, TimerKind kind, Time time);
+    void Clear(Session& session, TimerKind kind);
     void ClearAll(Session& session);
 
     std::optional<Time> Next() const;
-    // Takes the earliest one that is not after now.
-    std::optional<Alarm> TakeRinging(Time now);
+    // Takes the earliest timer, if it expires no later than now.
+    std::optional<Timer> TakeExpired(Time now);
 
 private:
-    std::set<std::tuple<Time, Session*, AlarmKind>> alarms_;
+    std::set<std::tuple<Time, Session*, TimerKind>> timers_;
 };
 
 } // namespace tarveth

@@ -1,4 +1,4 @@
-#include "server/Server.h"
+#include "server/Transport.h"
 
 #include "platform/server_process.h"
 
@@ -13,16 +13,17 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// So many clients are let in before others are served.
+// How many connections are accepted before other events are served.
 constexpr int kAcceptsInARow = 64;
 
-// When there are no sockets left, not even one to say so, the next try is made after this.
+// How long the transport waits before it accepts again, when there is no descriptor left even to refuse a
+// client.
 constexpr auto kNoSocketPause = 100ms;
 
-// So long the lobby waits at its end for those who have not been told yet.
-constexpr auto kGoodbye = 1s;
+// How long the program waits at its end for clients that have not yet read that the lobby is closing.
+constexpr auto kShutdownTimeout = 1s;
 
-// Parts of one sending.
+// The most buffers of one write.
 constexpr std::size_t kParts = 64;
 
 bool IsLackOfSockets(const asio::error_code& error) {
@@ -41,28 +42,30 @@ std::size_t SendSome(TcpSocket& socket, const std::vector<std::string_view>& par
 
 } // namespace
 
-Server::Server(asio::io_context& io, const Reach& reach, const Limits& limits, std::string messageOfTheDay)
+Transport::Transport(asio::io_context& io, const ListenOptions& listen, const Limits& limits,
+                     std::string messageOfTheDay)
     : io_(io),
-      acceptor_(io, {asio::ip::make_address(reach.bind), reach.port}, platform::ListenerSetsReuseAddress()),
+      acceptor_(io, {asio::ip::make_address(listen.bindAddress), listen.port},
+                platform::ListenerSetsReuseAddress()),
       reserve_(io),
-      alarm_(io),
+      timer_(io),
       retry_(io),
-      reach_(reach),
-      addresses_(reach.perAddress),
+      options_(listen),
+      addresses_(listen.perAddress),
       lobby_(limits, std::move(messageOfTheDay)) {
     acceptor_.non_blocking(true);
     reserve_.open(asio::ip::tcp::v4());
     WaitForClients();
 }
 
-void Server::WaitForClients() {
+void Transport::WaitForClients() {
     acceptor_.async_wait(TcpAcceptor::wait_read, [this](const asio::error_code& error) {
         if (!error)
             AcceptClients();
     });
 }
 
-void Server::AcceptClients() {
+void Transport::AcceptClients() {
     for (int i = 0; i < kAcceptsInARow; ++i) {
         asio::error_code error;
         asio::ip::tcp::endpoint peer;
@@ -85,13 +88,13 @@ void Server::AcceptClients() {
     AfterEvent();
 }
 
-void Server::Admit(TcpSocket socket, const asio::ip::address& address) {
-    if (connections_.size() >= reach_.maxClients) {
-        Refuse(socket, "The lobby is full. Please try again later.");
+void Transport::Admit(TcpSocket socket, const asio::ip::address& address) {
+    if (connections_.size() >= options_.maxClients) {
+        Refuse(socket, Refusal::LobbyFull);
         return;
     }
     if (!addresses_.Enter(address)) {
-        Refuse(socket, "There are too many connections from your address.");
+        Refuse(socket, Refusal::TooManyFromAddress);
         return;
     }
     asio::error_code ignored;
@@ -104,43 +107,43 @@ void Server::Admit(TcpSocket socket, const asio::ip::address& address) {
     lobby_.Enter(connections_.back()->session, Clock::now());
 }
 
-// The spare socket makes room to accept one client and tell him. False if that could not be done.
-bool Server::RefuseForLackOfSockets() {
+// Closes the reserve socket to have a descriptor for accepting one client, tells the client that the lobby is
+// full, and opens the reserve again. False if the descriptors did not suffice even for that.
+bool Transport::RefuseForLackOfSockets() {
     asio::error_code error;
     reserve_.close(error);
     TcpSocket socket(io_);
     acceptor_.accept(socket, error);
     const bool accepted = !error;
     if (accepted)
-        Refuse(socket, "The lobby is full. Please try again later.");
+        Refuse(socket, Refusal::LobbyFull);
     reserve_.open(asio::ip::tcp::v4(), error);
     return accepted && !error;
 }
 
-void Server::Refuse(TcpSocket& socket, std::string_view why) {
-    ++lobby_.Counts().refusedArrivals;
-    spdlog::debug("A client was refused: {}", why);
+void Transport::Refuse(TcpSocket& socket, Refusal refusal) {
+    const std::string text = lobby_.Refuse(refusal);
+    spdlog::debug("A client was refused: {}", RefusalReason(refusal));
     asio::error_code ignored;
     socket.non_blocking(true, ignored);
-    const std::string text = "\251alert(" + std::string(why) + ")";
     socket.write_some(asio::buffer(text), ignored);
     socket.shutdown(TcpSocket::shutdown_send, ignored);
     socket.close(ignored);
 }
 
-void Server::WaitToRead(Connection& connection) {
+void Transport::WaitToRead(Connection& connection) {
     connection.reading = true;
     connection.socket.async_wait(TcpSocket::wait_read, [this, &connection](const asio::error_code&) {
         connection.reading = false;
         if (connection.closed)
-            Bury(connection);
+            FreeWhenIdle(connection);
         else
             Read(connection);
         AfterEvent();
     });
 }
 
-void Server::Read(Connection& connection) {
+void Transport::Read(Connection& connection) {
     asio::error_code error;
     const std::size_t size = connection.socket.read_some(asio::buffer(scratch_), error);
     if (error && error != asio::error::would_block) {
@@ -154,20 +157,21 @@ void Server::Read(Connection& connection) {
         WaitToRead(connection);
 }
 
-void Server::WaitToWrite(Connection& connection) {
+void Transport::WaitToWrite(Connection& connection) {
     connection.writing = true;
     connection.socket.async_wait(TcpSocket::wait_write, [this, &connection](const asio::error_code&) {
         connection.writing = false;
         if (connection.closed)
-            Bury(connection);
+            FreeWhenIdle(connection);
         else
             FinishOrDrop(connection, Flush(connection));
         AfterEvent();
     });
 }
 
-// Sends what goes. False if the connection is of no more use; it is then to be dropped.
-bool Server::Flush(Connection& connection) {
+// Sends as much as the socket takes. False if the connection has failed or its reader is too slow: the caller
+// drops it.
+bool Transport::Flush(Connection& connection) {
     Outbox& box = connection.session.box;
     while (!connection.writing && lobby_.Out().Unsent(box) > 0) {
         asio::error_code error;
@@ -180,7 +184,7 @@ bool Server::Flush(Connection& connection) {
         else
             lobby_.Out().Sent(box, sent);
     }
-    lobby_.Out().KeepAnnouncements(box);
+    lobby_.Out().QueueAnnouncements(box);
     if (lobby_.Out().Unsent(box) <= lobby_.Bounds().unsentBytes)
         return true;
     ++lobby_.Counts().slowReaders;
@@ -188,7 +192,7 @@ bool Server::Flush(Connection& connection) {
     return false;
 }
 
-void Server::FinishOrDrop(Connection& connection, bool sent) {
+void Transport::FinishOrDrop(Connection& connection, bool sent) {
     if (!sent) {
         Drop(connection);
         return;
@@ -201,33 +205,33 @@ void Server::FinishOrDrop(Connection& connection, bool sent) {
     connection.socket.shutdown(TcpSocket::shutdown_send, ignored);
 }
 
-void Server::Drop(Connection& connection) {
+void Transport::Drop(Connection& connection) {
     lobby_.Leave(connection.session);
     addresses_.Leave(connection.address);
     connection.closed = true;
     asio::error_code ignored;
     connection.socket.close(ignored);
-    Bury(connection);
+    FreeWhenIdle(connection);
 }
 
-// Once no wait of it is pending.
-void Server::Bury(Connection& connection) {
+// Frees a closed connection once none of its asynchronous waits is pending.
+void Transport::FreeWhenIdle(Connection& connection) {
     if (connection.reading || connection.writing)
         return;
     const std::size_t place = connection.place;
     connections_.back()->place = place;
     std::swap(connections_[place], connections_.back());
-    graves_.push_back(std::move(connections_.back()));
+    closedConnections_.push_back(std::move(connections_.back()));
     connections_.pop_back();
 }
 
-// What every event ends with: what it caused is sent at once, except announcements, which are gathered until
-// the events that came together with it have been served too.
-void Server::AfterEvent() {
+// Runs after every event. What the event caused is sent at once, except announcements, which are gathered
+// until the events that arrived together with it have been served as well.
+void Transport::AfterEvent() {
     ++eventsServed_;
     ServeDue();
-    graves_.clear();
-    SetAlarm();
+    closedConnections_.clear();
+    SetTimer();
     if (stopping_ && connections_.empty())
         io_.stop();
     if (!lobby_.Out().HasAnnouncements() || announcing_)
@@ -237,9 +241,9 @@ void Server::AfterEvent() {
     GatherAnnouncements();
 }
 
-// While more events come in, a sending to all is put off for as long as the last one took: a crowd that comes
-// in at once is announced in a few sendings, a single line without delay.
-void Server::GatherAnnouncements() {
+// While more events arrive, announcements wait for as long as sending them took the last time. So a crowd
+// that connects at once is announced in a few rounds, and a single line without delay.
+void Transport::GatherAnnouncements() {
     asio::post(io_, [this, before = eventsServed_] {
         if (eventsServed_ != before && Clock::now() < announcementTime_ + lastSending_) {
             GatherAnnouncements();
@@ -253,7 +257,7 @@ void Server::GatherAnnouncements() {
     });
 }
 
-void Server::ServeDue() {
+void Transport::ServeDue() {
     for (auto due = lobby_.TakeDue(); !due.empty(); due = lobby_.TakeDue()) {
         for (Session* session : due) {
             Connection& connection = *session->connection;
@@ -271,7 +275,7 @@ void Server::ServeDue() {
     }
 }
 
-void Server::SendAnnouncements() {
+void Transport::SendAnnouncements() {
     std::vector<Connection*> lost;
     for (Session* user : lobby_.Users())
         if (!Flush(*user->connection))
@@ -281,22 +285,22 @@ void Server::SendAnnouncements() {
         Drop(*connection);
 }
 
-void Server::SetAlarm() {
-    const auto next = lobby_.NextWake();
-    if (!next || (alarmTime_ && *alarmTime_ <= *next))
+void Transport::SetTimer() {
+    const auto next = lobby_.NextTimer();
+    if (!next || (timerTime_ && *timerTime_ <= *next))
         return;
-    alarmTime_ = next;
-    alarm_.expires_at(*next);
-    alarm_.async_wait([this](const asio::error_code& cancelled) {
+    timerTime_ = next;
+    timer_.expires_at(*next);
+    timer_.async_wait([this](const asio::error_code& cancelled) {
         if (cancelled)
             return;
-        alarmTime_.reset();
-        lobby_.Wake(Clock::now());
+        timerTime_.reset();
+        lobby_.RunTimers(Clock::now());
         AfterEvent();
     });
 }
 
-void Server::Stop() {
+void Transport::Stop() {
     if (std::exchange(stopping_, true))
         return;
     asio::error_code ignored;
@@ -304,12 +308,12 @@ void Server::Stop() {
     retry_.cancel();
     for (const auto& connection : connections_)
         lobby_.SayGoodbye(connection->session);
-    retry_.expires_after(kGoodbye);
+    retry_.expires_after(kShutdownTimeout);
     retry_.async_wait([this](const asio::error_code&) { io_.stop(); });
     AfterEvent();
 }
 
-void Server::LogFigures() {
+void Transport::LogFigures() {
     const Figures& counts = lobby_.Counts();
     spdlog::info(
         "{} connections, {} users, {} games; {} arrivals, {} refused, {} silent; {} messages, {} moves, "

@@ -1,5 +1,5 @@
-// The transport: accepts, reads, sends and closes for the lobby, all on the one thread that runs the Asio
-// loop.
+// Accepts connections, reads, writes and closes them for the lobby, on the one thread that runs the Asio
+// loop. The transport composes no text of the protocol: that is the lobby's.
 #pragma once
 
 #include "server/AddressCount.h"
@@ -15,20 +15,21 @@
 
 namespace tarveth {
 
-struct Reach {
-    std::string bind = "127.0.0.1"; // address to listen on
-    std::uint16_t port = 9090;      // 0: one that the system chooses
+struct ListenOptions {
+    std::string bindAddress = "127.0.0.1";
+    std::uint16_t port = 9090; // 0 for a port that the system chooses
     std::size_t maxClients = 20000;
-    std::size_t perAddress = 8; // connections; the own computer's are not counted
+    std::size_t perAddress = 8; // connections of one address, except loopback
 };
 
-class Server {
+class Transport {
 public:
-    // Listens from here on; throws std::system_error if it can't.
-    Server(asio::io_context& io, const Reach& reach, const Limits& limits, std::string messageOfTheDay);
+    // Begins to listen; throws std::system_error if the address or the port cannot be used.
+    Transport(asio::io_context& io, const ListenOptions& listen, const Limits& limits,
+              std::string messageOfTheDay);
 
     asio::ip::tcp::endpoint Endpoint() const { return acceptor_.local_endpoint(); }
-    // Takes no more clients, tells those that are there, and ends the loop when they have been told.
+    // Stops listening, tells all clients that the lobby closes, and ends the loop when they have been told.
     void Stop();
     void LogFigures();
 
@@ -37,7 +38,7 @@ private:
     void AcceptClients();
     void Admit(TcpSocket socket, const asio::ip::address& address);
     bool RefuseForLackOfSockets();
-    void Refuse(TcpSocket& socket, std::string_view why);
+    void Refuse(TcpSocket& socket, Refusal refusal);
 
     void WaitToRead(Connection& connection);
     void Read(Connection& connection);
@@ -45,30 +46,30 @@ private:
     bool Flush(Connection& connection);
     void FinishOrDrop(Connection& connection, bool sent);
     void Drop(Connection& connection);
-    void Bury(Connection& connection);
+    void FreeWhenIdle(Connection& connection);
 
     void AfterEvent();
     void GatherAnnouncements();
     void ServeDue();
     void SendAnnouncements();
-    void SetAlarm();
-    void CloseAll();
+    void SetTimer();
 
     asio::io_context& io_;
     TcpAcceptor acceptor_;
-    TcpSocket reserve_; // given up for a moment to tell a client that there are no sockets left
-    asio::steady_timer alarm_;
+    TcpSocket
+        reserve_; // closed for a moment when no descriptors are left, so as to accept one client and tell it
+    asio::steady_timer timer_;
     asio::steady_timer retry_;
-    Reach reach_;
+    ListenOptions options_;
     AddressCount addresses_;
     Lobby lobby_;
     std::vector<std::unique_ptr<Connection>> connections_;
-    std::vector<std::unique_ptr<Connection>> graves_; // closed, but perhaps in use further up the stack
-    std::optional<Time> alarmTime_;
+    std::vector<std::unique_ptr<Connection>> closedConnections_; // freed after the event that closed them
+    std::optional<Time> timerTime_;
     std::array<char, std::size_t{64} << 10> scratch_{};
-    bool announcing_ = false; // SendAnnouncements is on its way
-    Time announcementTime_{}; // since when
-    Clock::duration lastSending_{};
+    bool announcing_ = false;       // SendAnnouncements has been posted
+    Time announcementTime_{};       // when it was posted first
+    Clock::duration lastSending_{}; // how long the last SendAnnouncements took
     std::uint64_t eventsServed_ = 0;
     bool stopping_ = false;
 };

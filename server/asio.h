@@ -1,4 +1,4 @@
-// Asio, as the lobby uses it: on one thread.
+// The Asio types of the lobby, without the overhead of type-erased executors.
 #pragma once
 
 #include "net/wire/asio.h"

@@ -13,11 +13,11 @@ namespace tarveth {
 
 namespace {
 
-// A line of no end is kept up to this; one so long is over any limit.
+// The characters that are kept of a chat line. One of this length exceeds every limit of chat characters.
 constexpr std::size_t kLongestLine = kLongestMessage;
 
-constexpr std::size_t kMostIgnored = 100;
-constexpr std::size_t kMostListed = 60;
+constexpr std::size_t kMostIgnored = 100; // nicknames that a user may ignore
+constexpr std::size_t kMostListed = 60;   // nicknames in the answer to /who
 
 void CommandIgnore(Lobby& lobby, Session& user, std::string_view nick) {
     const std::string folded = FoldCase(nick);
@@ -113,7 +113,7 @@ void Say(Lobby& lobby, Session& speaker, std::string_view text) {
 
 } // namespace
 
-void HearText(Lobby& lobby, Session& speaker, std::string_view text) {
+void ReceiveText(Lobby& lobby, Session& speaker, std::string_view text) {
     while (!text.empty()) {
         const std::size_t end = text.find_first_of("\r\n");
         const std::string_view part = text.substr(0, end);

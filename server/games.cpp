@@ -10,7 +10,7 @@ namespace tarveth {
 
 namespace {
 
-// A user has so many unanswered invitations; a further one takes the place of the first.
+// How many unanswered invitations a user may have made; one more takes the place of the oldest.
 constexpr std::size_t kMostInvitations = 16;
 
 void ForgetInvitation(Session& inviter, Session& invitee) {
@@ -32,17 +32,18 @@ void RecordInvitation(Session& inviter, Session& invitee) {
     invitee.invitedBy.push_back(&inviter);
 }
 
-// Null if that user has not invited him.
+// Gives the user of that nickname if they have invited the invitee, else null.
 Session* FindInviter(Lobby& lobby, const Session& invitee, std::string_view nick) {
     Session* inviter = lobby.FindUser(nick);
     return std::ranges::find(invitee.invitedBy, inviter) == invitee.invitedBy.end() ? nullptr : inviter;
 }
 
-// The answer that an inviter's program waits for, when the invitee cannot or will not give it.
+// Sends the inviter a refusal that the lobby gives in place of the invited user.
 void RefuseFor(Lobby& lobby, Session& inviter, std::string_view nick, std::string_view reason) {
-    lobby.Send(inviter, {"\251refuse(", inviter.nick, ", ", nick, reason, ")"});
+    lobby.Send(inviter, {kMarkerText, "refuse(", inviter.nick, ", ", nick, reason, ")"});
 }
 
+// The invitations that both have made end here, so that no user in a game has one open.
 void StartGame(Lobby& lobby, Session& inviter, Session& invitee) {
     ForgetInvitationsOf(inviter);
     ForgetInvitationsOf(invitee);
@@ -53,7 +54,7 @@ void StartGame(Lobby& lobby, Session& inviter, Session& invitee) {
     lobby.StatusChanged(invitee);
 }
 
-// The player's partner is told; both are free again. The player's own status is his to announce.
+// Ends the player's game and tells their partner. The caller announces the player's own status.
 void EndGame(Lobby& lobby, Session& player) {
     Session& partner = *player.partner;
     player.partner = nullptr;
@@ -61,7 +62,7 @@ void EndGame(Lobby& lobby, Session& player) {
     player.formerNick.clear();
     partner.formerNick.clear();
     --lobby.Counts().games;
-    lobby.Send(partner, {"\251end(", partner.nick, ",", player.nick, ")"});
+    lobby.Send(partner, {kMarkerText, "end(", partner.nick, ",", player.nick, ")"});
     lobby.StatusChanged(partner);
 }
 
@@ -86,7 +87,7 @@ void HandleInvite(Lobby& lobby, Session& inviter, const ClientMessage& message) 
         RefuseFor(lobby, inviter, invitee->nick, " has turned down your invitation.");
     } else {
         RecordInvitation(inviter, *invitee);
-        lobby.Send(*invitee, {"\251invite(", invitee->nick, ",", inviter.nick, ")"});
+        lobby.Send(*invitee, {kMarkerText, "invite(", invitee->nick, ",", inviter.nick, ")"});
     }
 }
 
@@ -97,10 +98,8 @@ void HandleRefuse(Lobby& lobby, Session& invitee, const ClientMessage& message) 
         return;
     }
     ForgetInvitation(*inviter, invitee);
-    // Whoever plays by now no longer waits for it, and his program would take it for the end of the game.
-    if (inviter->partner == nullptr)
-        lobby.Send(*inviter, {"\251refuse(", inviter->nick, ", ",
-                              SignedSentence(message.fields[1], invitee.nick), ")"});
+    lobby.Send(*inviter, {kMarkerText, "refuse(", inviter->nick, ", ",
+                          SignedSentence(message.fields[1], invitee.nick), ")"});
 }
 
 void HandleAccept(Lobby& lobby, Session& invitee, const ClientMessage& message) {
@@ -110,13 +109,12 @@ void HandleAccept(Lobby& lobby, Session& invitee, const ClientMessage& message) 
     }
     Session* inviter = FindInviter(lobby, invitee, message.fields[0]);
     if (inviter == nullptr) {
-        // His program believes to be in a game now.
-        lobby.Send(invitee, {"\251end(", invitee.nick, ",", BalancedLine(message.fields[0]), ")"});
+        // The accepting program has begun a game by itself, which has to be ended.
+        lobby.Send(invitee, {kMarkerText, "end(", invitee.nick, ",", BalancedLine(message.fields[0]), ")"});
         lobby.Tell(invitee, "That invitation does not stand any more.");
         return;
     }
-    ForgetInvitation(*inviter, invitee);
-    lobby.Send(*inviter, {"\251accept(", inviter->nick, ",", invitee.nick, ",",
+    lobby.Send(*inviter, {kMarkerText, "accept(", inviter->nick, ",", invitee.nick, ",",
                           SignedSentence(message.fields[2], invitee.nick), ")"});
     StartGame(lobby, *inviter, invitee);
 }
@@ -129,9 +127,9 @@ void HandlePlay(Lobby& lobby, Session& player, const ClientMessage& message) {
     }
     ++lobby.Counts().moves;
     if (message.fields[0] == partner->nick)
-        lobby.Send(*partner, {"\251", message.whole});
+        lobby.Send(*partner, {kMarkerText, message.whole});
     else
-        lobby.Send(*partner, {"\251play(", partner->nick, ",", message.fields[1], ")"});
+        lobby.Send(*partner, {kMarkerText, "play(", partner->nick, ",", message.fields[1], ")"});
 }
 
 void HandleEnd(Lobby& lobby, Session& player, const ClientMessage& message) {
@@ -151,8 +149,7 @@ void LeaveGames(Lobby& lobby, Session& user) {
     ForgetInvitationsOf(user);
     for (Session* inviter : user.invitedBy) {
         std::erase(inviter->invited, &user);
-        if (inviter->partner == nullptr)
-            RefuseFor(lobby, *inviter, user.nick, " has left.");
+        RefuseFor(lobby, *inviter, user.nick, " has left.");
     }
     user.invitedBy.clear();
 }

@@ -1,4 +1,4 @@
-// Invitations and the games that come of them. A game is a pair of users: only they hear each other's moves.
+// Invitations, and the games that follow from them. A game is a pair of users who receive each other's moves.
 #pragma once
 
 #include "server/Lobby.h"
@@ -12,7 +12,7 @@ void HandleAccept(Lobby& lobby, Session& invitee, const ClientMessage& message);
 void HandlePlay(Lobby& lobby, Session& player, const ClientMessage& message);
 void HandleEnd(Lobby& lobby, Session& player, const ClientMessage& message);
 
-// The user goes: his game ends, and who waits for his answer is told.
+// Ends the game of a user who leaves, and tells the users who wait for an answer to their invitations.
 void LeaveGames(Lobby& lobby, Session& user);
 
 } // namespace tarveth

@@ -1,6 +1,6 @@
-// tarveth-lobby: reads the command line, starts the server, and hands it the signals.
+// tarveth-lobby: reads the command line, starts the transport, and hands it the signals.
 #include "platform/server_process.h"
-#include "server/Server.h"
+#include "server/Transport.h"
 #include "server/options.h"
 #include "version.h"
 
@@ -21,12 +21,12 @@ void StartLog(const std::string& level) {
     spdlog::flush_on(spdlog::level::debug);
 }
 
-void WaitForFigures(asio::signal_set& signal, Server& server) {
-    signal.async_wait([&signal, &server](const asio::error_code& cancelled, int) {
+void WaitForFigures(asio::signal_set& signal, Transport& transport) {
+    signal.async_wait([&signal, &transport](const asio::error_code& cancelled, int) {
         if (cancelled)
             return;
-        server.LogFigures();
-        WaitForFigures(signal, server);
+        transport.LogFigures();
+        WaitForFigures(signal, transport);
     });
 }
 
@@ -36,19 +36,19 @@ void Serve(const LobbyOptions& options) {
     asio::io_context io(platform::SignalHandlersRunOnAnotherThread() ? 1 : ASIO_CONCURRENCY_HINT_UNSAFE);
     asio::signal_set end(io, SIGINT, SIGTERM);
     asio::signal_set figures(io);
-    Server server(io, options.reach, options.limits, options.messageOfTheDay);
-    end.async_wait([&server](const asio::error_code& cancelled, int) {
+    Transport transport(io, options.listen, options.limits, options.messageOfTheDay);
+    end.async_wait([&transport](const asio::error_code& cancelled, int) {
         if (!cancelled)
-            server.Stop();
+            transport.Stop();
     });
     if (const auto signal = platform::FiguresSignal()) {
         figures.add(*signal);
-        WaitForFigures(figures, server);
+        WaitForFigures(figures, transport);
     }
-    spdlog::info("tarveth-lobby {} listens on {}, port {}", kVersion, server.Endpoint().address().to_string(),
-                 server.Endpoint().port());
+    spdlog::info("tarveth-lobby {} listens on {}, port {}", kVersion,
+                 transport.Endpoint().address().to_string(), transport.Endpoint().port());
     io.run();
-    server.LogFigures();
+    transport.LogFigures();
     spdlog::info("The lobby is closed");
 }
 
@@ -65,8 +65,8 @@ int main(int count, char** arguments) {
         tarveth::StartLog(options->logLevel);
         tarveth::Serve(*options);
     } catch (const std::exception& error) {
-        spdlog::error("The lobby can't run on {}, port {}: {}", options->reach.bind, options->reach.port,
-                      error.what());
+        spdlog::error("The lobby can't run on {}, port {}: {}", options->listen.bindAddress,
+                      options->listen.port, error.what());
         return 1;
     }
     return 0;

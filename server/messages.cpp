@@ -3,6 +3,7 @@
 #include "net/wire/modPARSER.h"
 #include "server/games.h"
 #include "server/versions.h"
+
 namespace tarveth {
 
 namespace {
@@ -20,7 +21,7 @@ void HandleClientVersion(Lobby& lobby, Session& session, const ClientMessage& me
         session.stage = Stage::Versioned;
         return;
     }
-    lobby.Send(session, {"\251oldver()"});
+    lobby.Send(session, {kMarkerText, "oldver()"});
     lobby.Dismiss(session);
 }
 
@@ -50,7 +51,7 @@ const MessageRow* FindRow(std::string_view name) {
     return nullptr;
 }
 
-// False: there are fewer fields.
+// Splits the arguments; false if there are fewer fields.
 bool Split(std::string_view text, int fields, ClientMessage& message) {
     for (std::size_t i = 0; i + 1 < static_cast<std::size_t>(fields); ++i) {
         const std::size_t comma = text.find(',');
@@ -66,7 +67,7 @@ bool Split(std::string_view text, int fields, ClientMessage& message) {
 bool WithinLimit(Lobby& lobby, Session& session, MessageLimit limit) {
     const Limits& limits = lobby.Bounds();
     if (limit == MessageLimit::Moves) {
-        // None may be lost: the client is only read from later, see Lobby::Receive.
+        // No move may be lost. A client that sends too many is read from later, see Lobby::Receive.
         session.moves.Borrow(limits.moves, 1, lobby.Now());
         return true;
     }

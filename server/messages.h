@@ -1,4 +1,5 @@
-// The marked messages that a client may send, as a table: the dispatcher checks, the handlers trust.
+// The messages that a client may send, as a table. The dispatcher checks each message against its row; the
+// handlers rely on that.
 #pragma once
 
 #include "net/wire/framing.h"
@@ -13,25 +14,26 @@ namespace tarveth {
 inline constexpr std::size_t kMostFields = 3;
 
 struct ClientMessage {
-    std::string_view whole; // without the marker
+    std::string_view whole; // name(arguments), without the marker
     std::array<std::string_view, kMostFields>
-        fields; // trimmed; the last one that the message has takes the rest
+        fields; // trimmed; the last field of the row holds the rest, commas included
 };
 
 enum class MessageLimit : std::uint8_t { Messages, Moves };
 
 struct MessageRow {
     std::string_view name;
-    unsigned stages; // bits 1 << Stage in which it is allowed
-    int fields;      // it is split at the first fields - 1 commas, and needs so many
+    unsigned stages; // the stages in which it is allowed, as bits 1 << Stage
+    int fields;      // the number of fields, which the first fields - 1 commas separate
     MessageLimit limit;
     void (*handle)(Lobby&, Session&, const ClientMessage&);
 };
 
-// Every message that is known.
+// Gives the rows of all messages.
 std::span<const MessageRow> MessageTable();
 
-// An unknown name, a stage in which the message is not allowed, and one over a limit each end here.
+// Hands a message to its handler. One of an unknown name, in a wrong stage, over a limit or with too few
+// fields is dropped.
 void DispatchClientMessage(Lobby& lobby, Session& session, const Frame& message);
 
 } // namespace tarveth

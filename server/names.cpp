@@ -7,7 +7,7 @@ namespace tarveth {
 
 namespace {
 
-// The colon that ends the stem; npos if all of the nickname is its stem.
+// Gives the position of the colon that ends the stem; npos if the whole nickname is its stem.
 std::size_t StemColon(std::string_view nickname) {
     const std::size_t colon = nickname.find(':');
     return colon == std::string_view::npos || TrimBlanks(nickname.substr(0, colon)).empty()

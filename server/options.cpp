@@ -9,9 +9,9 @@ namespace tarveth {
 
 namespace {
 
-constexpr double kPeriod = 10; // seconds, in which chat and messages are counted
+constexpr double kPeriod = 10; // the seconds for which the limits of chat and messages are given
 
-// The rates as an operator thinks of them.
+// The limits in the units of the command line.
 struct Allowances {
     double chatLines = 5;
     double chatBurst = 8;
@@ -26,19 +26,18 @@ std::string CheckVersion(const std::string& text) {
     return VersionNumber(text) ? "" : text + " is no version";
 }
 
-void AddReach(CLI::App& app, Reach& reach) {
-    app.add_option("--port", reach.port, "Port to listen on; 0 lets the system choose one")
+void AddListenOptions(CLI::App& app, ListenOptions& listen) {
+    app.add_option("--port", listen.port, "Port to listen on; 0 lets the system choose one")
         ->capture_default_str();
-    app.add_option("--bind", reach.bind, "Address to listen on; 0.0.0.0 serves other computers")
+    app.add_option("--bind", listen.bindAddress, "Address to listen on; 0.0.0.0 serves other computers")
         ->capture_default_str()
         ->check(CLI::ValidIPV4 | CLI::Validator(
                                      [](const std::string& text) {
                                          return text.find(':') == std::string::npos ? "no address" : "";
                                      },
                                      "IPV6"));
-    app.add_option("--max-clients", reach.maxClients, "Connections in all")->capture_default_str();
-    app.add_option("--per-address", reach.perAddress,
-                   "Connections of one address, but for this computer's own")
+    app.add_option("--max-clients", listen.maxClients, "Connections in all")->capture_default_str();
+    app.add_option("--per-address", listen.perAddress, "Connections of one address, except loopback")
         ->capture_default_str();
 }
 
@@ -50,12 +49,12 @@ void AddLimits(CLI::App& app, Limits& limits, Allowances& allowances) {
         ->capture_default_str()
         ->check(CLI::Range(std::size_t{256}, kLongestMessage));
     rate("--chat-lines", allowances.chatLines, "Chat lines of a user in 10 seconds; 0 for no limit");
-    rate("--chat-burst", allowances.chatBurst, "Chat lines that he may send at once");
+    rate("--chat-burst", allowances.chatBurst, "Chat lines that a user may send at once");
     rate("--chat-characters", allowances.chatCharacters,
          "Characters of chat of a user in 10 seconds; 0 for no limit");
     rate("--messages", allowances.messages, "Other lobby messages of a user in 10 seconds; 0 for no limit");
     rate("--moves", allowances.moves, "Game messages of a user in a second; 0 for no limit");
-    rate("--handshake", allowances.handshake, "Seconds in which a client has to say who he is");
+    rate("--handshake", allowances.handshake, "Seconds in which a client has to complete the handshake");
     app.add_option("--unsent-bytes", limits.unsentBytes,
                    "Bytes that may wait for a client that does not read before it is dropped")
         ->capture_default_str();
@@ -81,9 +80,9 @@ std::optional<LobbyOptions> ReadCommandLine(int count, char** arguments, int& ex
     Allowances allowances;
     CLI::App app("The lobby that two programs of Tarveth meet in", "tarveth-lobby");
     app.set_version_flag("--version", std::string("tarveth-lobby ") + kVersion);
-    AddReach(app, options.reach);
+    AddListenOptions(app, options.listen);
     AddLimits(app, options.limits, allowances);
-    app.add_option("--message-of-the-day", options.messageOfTheDay, "Notice to every user who comes in");
+    app.add_option("--message-of-the-day", options.messageOfTheDay, "Notice that every user gets on arrival");
     app.add_option("--log-level", options.logLevel, "What goes to the standard error stream")
         ->capture_default_str()
         ->check(CLI::IsMember({"debug", "info", "warn", "error", "off"}));

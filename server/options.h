@@ -2,7 +2,7 @@
 #pragma once
 
 #include "server/Limits.h"
-#include "server/Server.h"
+#include "server/Transport.h"
 
 #include <optional>
 #include <string>
@@ -10,14 +10,14 @@
 namespace tarveth {
 
 struct LobbyOptions {
-    Reach reach;
+    ListenOptions listen;
     Limits limits;
     std::string messageOfTheDay;
     std::string logLevel = "info";
 };
 
-// Nothing when the program is to end at once, with exitCode: help or the version has been printed, or what is
-// wrong with the command line has.
+// Gives nothing when the program should end at once with exitCode: help, the version or a fault of the
+// command line has been printed.
 std::optional<LobbyOptions> ReadCommandLine(int count, char** arguments, int& exitCode);
 
 } // namespace tarveth

@@ -1,4 +1,4 @@
-// Versions of clients, as one number each.
+// Reads the versions of clients.
 #pragma once
 
 #include <optional>
@@ -6,8 +6,8 @@
 
 namespace tarveth {
 
-// major * 10,000 + minor * 1,000 + revision, by which versions are compared; a part that is missing is 0.
-// Nothing if the text is no version.
+// Gives major * 10,000 + minor * 1,000 + revision, by which versions are compared. A missing part counts 0.
+// Gives nothing if the text is no version.
 std::optional<int> VersionNumber(std::string_view version);
 
 } // namespace tarveth

@@ -1,4 +1,4 @@
-// What one user says to another through the lobby's own messages.
+// Sentences that one user sends to another inside a refuse or accept message.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace tarveth {
 
-// The sentence that comes with a refusal or an acceptance: a balanced line that a client shows as a notice.
-// It has to name its sender, and is given his name in front if it does not.
+// Makes the sentence of a refusal or an acceptance one line with balanced parentheses that names its sender:
+// the sender's nickname is put in front if the sentence does not hold it. Clients show the line as a notice.
 std::string SignedSentence(std::string_view sentence, std::string_view sender);
 
 } // namespace tarveth

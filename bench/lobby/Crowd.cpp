@@ -16,7 +16,7 @@ namespace tarveth {
 
 namespace {
 
-constexpr double kPatience = 120; // seconds, for what should take a few
+constexpr double kPatience = 120; // in seconds, for waits that should take a few
 
 int Connect(int port) {
     const int client = socket(AF_INET, SOCK_STREAM, 0);
@@ -41,7 +41,7 @@ Crowd::Crowd(int port, std::size_t size) : epoll_(epoll_create1(0)), members_(si
 }
 
 Crowd::~Crowd() {
-    // Without the long farewell of TCP, which would use up the ports.
+    // A reset avoids TIME_WAIT, which would use up the ports.
     const linger none{1, 0};
     for (const Member& member : members_) {
         setsockopt(member.socket, SOL_SOCKET, SO_LINGER, &none, sizeof none);
@@ -90,7 +90,7 @@ void Crowd::Pair() {
                    playing += bytes.find("\251accept(") != std::string_view::npos ? 1 : 0;
                    return bytes.size();
                });
-    // The lobby announces that they play; the relay does not.
+    // The lobby announces the games; the relay does not. Both are waited for until nothing more arrives.
     for (double quiet = SecondsNow(); SecondsNow() - quiet < 0.3;)
         Serve(50, [&](std::size_t, std::string_view bytes) {
             quiet = SecondsNow();
@@ -159,7 +159,7 @@ void Crowd::AppendMove(std::string& text, std::size_t member, std::uint64_t time
         const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
         return std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data()));
     };
-    // The partner's nickname, in place: a string of its own a move would cost more than the sending.
+    // The partner's nickname is written in place: a string for each move would cost more than sending it.
     std::array<char, 7> nick = {'P', '0', '0', '0', '0', '0', ','};
     std::size_t rest = PartnerOf(member);
     for (std::size_t place = 5; rest > 0; --place, rest /= 10)

@@ -1,5 +1,5 @@
-// Many clients of one server on one thread, speaking the real protocol. Every move and line is numbered, so
-// that one that is lost, doubled or out of order is seen.
+// Many clients of one server, on one thread, that speak the real protocol. Moves and chat lines are numbered,
+// so that one that is lost, doubled or out of order is noticed.
 #pragma once
 
 #include <cstdint>
@@ -23,15 +23,17 @@ public:
         std::uint32_t heard = 0;   // number of its partner's next move
     };
 
-    // Connects so many and closes them at the end.
+    // Connects that many clients; the destructor closes them.
     Crowd(int port, std::size_t size);
     ~Crowd();
     Crowd(const Crowd&) = delete;
     Crowd& operator=(const Crowd&) = delete;
 
-    // All shake hands at once; returns when each has been told of all. The seconds that it took.
+    // Lets all clients complete the handshake at once, waits until each has been told of every other, and
+    // gives the seconds that this took.
     double Join();
-    // Each even one invites the next; returns when all play and are done telling each other so.
+    // Lets each even client invite the next one, and returns when all are in a game and this has been
+    // announced.
     void Pair();
 
     std::size_t Size() const { return members_.size(); }
@@ -39,15 +41,15 @@ public:
     static std::size_t PartnerOf(std::size_t member) { return member ^ 1U; }
     static std::string Nick(std::size_t member);
 
-    // Serves what there is, once; hear(member, bytes) is given all that came, an incomplete rest of what came
-    // before it included, and gives how many of the bytes it has understood.
+    // Waits once for data. hear(member, bytes) gets what was received, behind the incomplete rest of what was
+    // received before, and returns how many of the bytes it has used.
     using Hear = std::function<std::size_t(std::size_t, std::string_view)>;
     void Serve(int milliseconds, const Hear& hear);
     void Send(std::size_t member, std::string_view bytes);
 
-    // The member's next move; time goes with it.
+    // Appends the member's next move, which carries the time.
     void AppendMove(std::string& text, std::size_t member, std::uint64_t time);
-    // Takes the moves from the bytes; onMove(time) for each. How many bytes were whole moves.
+    // Takes whole moves from the bytes, calls onMove(time) for each, and gives the bytes that they took.
     template <class OnMove>
     std::size_t TakeMoves(std::size_t member, std::string_view bytes, OnMove onMove);
 

@@ -1,4 +1,4 @@
-// A server under measurement: the lobby or the relay, as a process on a port that the system chose.
+// A server that is measured, the lobby or the relay, as a process on a port that the system chose.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ namespace tarveth {
 
 class ServerProcess {
 public:
-    // Waits until it listens; throws std::runtime_error if it does not.
+    // Starts the program and waits until it listens; throws std::runtime_error if it does not.
     explicit ServerProcess(const std::vector<std::string>& command);
     ~ServerProcess();
     ServerProcess(const ServerProcess&) = delete;
@@ -18,11 +18,11 @@ public:
 
     int Port() const { return port_; }
     double SecondsToListen() const { return secondsToListen_; }
-    // Processor time that it has used.
+    // Gives the processor time that the process has used.
     double ProcessorSeconds() const;
-    // Resident.
+    // Gives the resident size.
     double MemoryBytes() const;
-    // What it logs on SIGUSR1.
+    // Gives the line that the server logs on SIGUSR1.
     std::string Figures() const;
 
 private:

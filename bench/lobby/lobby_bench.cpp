@@ -1,4 +1,5 @@
-// lobby_bench [name...]: the lobby beside the relay, in turns. Prints each figure, the ratio, and its bar.
+// lobby_bench [name...] measures the lobby and the relay in turns, and prints each figure, the ratio, and its
+// bar.
 #include "bench/lobby/Crowd.h"
 #include "bench/lobby/ServerProcess.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 constexpr int kRounds = 3;
 constexpr double kRoundSeconds = 2;
-// A percentile needs more rounds, and shorter ones: what else the computer does spoils whole rounds of it.
+// A percentile needs more and shorter rounds, because other work of the computer spoils whole rounds.
 constexpr int kLoadRounds = 15;
 constexpr double kLoadSeconds = 0.7;
 constexpr std::size_t kPlayers = 1000;
@@ -48,8 +49,8 @@ struct Figure {
     const char* bar;
 };
 
-// Both in turns, each first every other time, so that what else the computer does meets both; the median of
-// each, and that of the ratios. measure gives one value a figure.
+// Measures both servers in turns, in alternating order, so that other work of the computer affects both
+// alike. Prints the median of each and of the ratios. measure gives one value for each figure.
 template <class Measure>
 void Compare(const std::vector<Figure>& figures, Measure measure, int rounds = kRounds) {
     std::vector<std::vector<double>> lobby(figures.size());
@@ -74,7 +75,7 @@ void Compare(const std::vector<Figure>& figures, Measure measure, int rounds = k
                     std::ranges::max(ratios[i]), figures[i].bar);
 }
 
-// Every player answers each move with one; so many are on their way in each game.
+// Every player answers each move with a move; inFlight moves are under way in each game.
 double MovesPerSecond(const std::vector<std::string>& command, int inFlight) {
     const ServerProcess server(command);
     Crowd crowd(server.Port(), kPlayers);
@@ -108,7 +109,8 @@ double MovesPerSecond(const std::vector<std::string>& command, int inFlight) {
     return static_cast<double>(moves - before) / seconds;
 }
 
-// The 99th percentile of the microseconds that a move takes, and those of the processor that it costs.
+// Gives the 99th percentile of the microseconds that a move takes, and the processor's microseconds for a
+// move.
 std::vector<double> OfferedLoad(const std::vector<std::string>& command) {
     constexpr double kPerSecond = 20000;
     const ServerProcess server(command);
@@ -142,7 +144,7 @@ std::vector<double> OfferedLoad(const std::vector<std::string>& command) {
             (server.ProcessorSeconds() - used) * 1e6 / static_cast<double>(times.size())};
 }
 
-// One speaks to all, with a few lines on their way.
+// One client sends chat lines to all, with a few lines under way.
 double DeliveriesPerSecond(const std::vector<std::string>& command) {
     constexpr std::uint64_t kLinesOnTheirWay = 8;
     const ServerProcess server(command);
@@ -162,7 +164,7 @@ double DeliveriesPerSecond(const std::vector<std::string>& command) {
         }
         return done;
     };
-    // What is left of the confirmation of their nicknames.
+    // This reads what is left of the confirmations of nicknames.
     crowd.Serve(100, [](std::size_t, std::string_view bytes) { return bytes.size(); });
     const double start = SecondsNow();
     while (SecondsNow() - start < kRoundSeconds) {
@@ -232,7 +234,7 @@ void MeasureStart() {
                 *std::ranges::max_element(times));
 }
 
-// With all limits as they are by default, a move a second a player and a line of chat now and then.
+// Players with a move a second each and a chat line now and then, under the default limits.
 void MeasureHumans() {
     const ServerProcess server(kLobby);
     Crowd crowd(server.Port(), kPlayers);

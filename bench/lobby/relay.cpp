@@ -1,6 +1,5 @@
-// The yardstick of the lobby's benches: the least that carries the same messages from one client to the
-// other. It trusts its clients, checks nothing, limits nothing and forgets nobody. relay: prints its port,
-// then serves.
+// The yardstick of the lobby's benches: a minimal program that carries the same messages from one client to
+// another. It checks nothing, limits nothing, and forgets no client. It prints its port and then serves.
 #include <array>
 #include <cstdio>
 #include <cstring>
@@ -23,8 +22,8 @@ struct Peer {
     Peer* partner = nullptr;
     std::string nick;
     std::string kept;          // an incomplete message
-    std::string unsent;        // what the socket did not take
-    std::size_t newsHeard = 0; // of this turn's
+    std::string unsent;        // bytes that the socket did not take
+    std::size_t newsHeard = 0; // bytes of this turn's announcements
     bool listening = false;
 };
 
@@ -47,7 +46,7 @@ private:
     std::vector<Peer*> peers_;
     std::unordered_map<std::string, Peer*> names_;
     std::string roster_;
-    std::string news_; // for all, of this turn
+    std::string news_; // the announcements of this turn
     std::array<char, 65536> buffer_{};
 };
 

@@ -33,7 +33,7 @@ std::string TakePart(std::string_view& bytes) {
 
 } // namespace
 
-LobbyProgram::LobbyProgram(TestLobby& lobby, const std::string& nick)
+ProgramInLobby::ProgramInLobby(TestLobby& lobby, const std::string& nick)
     : main(game, net, settings, Ports{windows, windows, windows, windows, client}),
       client(game, net, settings.Nickname, main, windows, [this] { sounds.NewUserSound(); }),
       place(lobby.Connect()) {
@@ -45,7 +45,7 @@ LobbyProgram::LobbyProgram(TestLobby& lobby, const std::string& nick)
     Settle();
 }
 
-void LobbyProgram::Settle() {
+void ProgramInLobby::Settle() {
     while (main.RunPasses()) {
     }
     Require(!main.HasWork(), "a program at rest has work");
@@ -57,7 +57,7 @@ TwoPrograms::TwoPrograms(std::uint64_t seed) : lobby_(NoLimits()), dice_(seed) {
 }
 
 void TwoPrograms::Invite() {
-    LobbyProgram& inviter = OneOfThem();
+    ProgramInLobby& inviter = OneOfThem();
     inviter.client.SelectUser(inviter.client.Users().Entries()[0].starts_with(inviter.client.NickName()) ? 1
                                                                                                          : 0);
     inviter.client.Invite();
@@ -68,27 +68,27 @@ void TwoPrograms::Invite() {
 }
 
 // The receiver's history begins with the board, the sender's has what he had before.
-void TwoPrograms::ShareHistoryFrom(LobbyProgram& sender) {
-    for (LobbyProgram* program : programs_)
+void TwoPrograms::ShareHistoryFrom(ProgramInLobby& sender) {
+    for (ProgramInLobby* program : programs_)
         program->historyStart = program->game.lstHistory.size();
-    const LobbyProgram& receiver = &sender == &ann_ ? bob_ : ann_;
+    const ProgramInLobby& receiver = &sender == &ann_ ? bob_ : ann_;
     Require(receiver.historyStart == 0, "the receiver has kept a history");
 }
 
 void TwoPrograms::LinkAnew() {
     OneOfThem().client.Break();
     Exchange();
-    for (LobbyProgram* program : programs_)
+    for (ProgramInLobby* program : programs_)
         program->Settle(); // a return that the other owed
     Require(!ann_.net.InGame && !bob_.net.InGame, "the link has not ended");
     Invite();
 }
 
-LobbyProgram& TwoPrograms::Mover() {
+ProgramInLobby& TwoPrograms::Mover() {
     return ann_.IsToMove() ? ann_ : bob_;
 }
 
-LobbyProgram& TwoPrograms::Waiting() {
+ProgramInLobby& TwoPrograms::Waiting() {
     return ann_.IsToMove() ? bob_ : ann_;
 }
 
@@ -101,7 +101,7 @@ bool TwoPrograms::PlayGame(int longest) {
 }
 
 void TwoPrograms::BeginBoard() {
-    LobbyProgram& program = OneOfThem();
+    ProgramInLobby& program = OneOfThem();
     if (dice_.Percent(70)) {
         program.settings.BoardVariant = dice_.Percent(50) ? kImperialBoard : kDraumeCrownBoard;
         program.main.RunCommand([&] { program.main.NewGame(); });
@@ -116,7 +116,7 @@ void TwoPrograms::BeginBoard() {
 }
 
 // What the Load command does with a file.
-void TwoPrograms::PutLoadedBoard(LobbyProgram& program) {
+void TwoPrograms::PutLoadedBoard(ProgramInLobby& program) {
     program.game = RandomOrdinaryPosition(dice_);
     program.game.lstHistory.assign(static_cast<std::size_t>(dice_.Below(3)), "B:BP 1A-1B");
     program.net.ClearQueues();
@@ -126,7 +126,7 @@ void TwoPrograms::PutLoadedBoard(LobbyProgram& program) {
 
 void TwoPrograms::PlayTurn(bool mayStop) {
     const CompleteTurn turn = PickTurn(Mover().game, dice_);
-    for (LobbyProgram* program : programs_)
+    for (ProgramInLobby* program : programs_)
         program->windows.returnChoice = turn.returnKind == Officer ? Officer : Pawn;
     ClickWithoutSense();
     Click(Mover(), turn.from);
@@ -171,7 +171,7 @@ void TwoPrograms::SwapNowAndThen() {
     CompareBoards();
 }
 
-void TwoPrograms::Click(LobbyProgram& program, Square square) {
+void TwoPrograms::Click(ProgramInLobby& program, Square square) {
     const bool inTurn = program.IsToMove();
     program.main.DepositSquare(square);
     program.Settle();
@@ -186,20 +186,20 @@ void TwoPrograms::Click(LobbyProgram& program, Square square) {
 void TwoPrograms::Exchange() {
     for (bool anything = true; anything;) {
         anything = false;
-        for (LobbyProgram* program : programs_)
+        for (ProgramInLobby* program : programs_)
             if (const std::string said = program->socket.TakeSent(); !said.empty())
                 lobby_.Say(program->place, said);
-        for (LobbyProgram* program : programs_)
+        for (ProgramInLobby* program : programs_)
             if (const std::string heard = lobby_.TakeBytes(program->place); !heard.empty()) {
                 Deliver(*program, heard);
                 anything = true;
             }
     }
-    for (LobbyProgram* program : programs_)
+    for (ProgramInLobby* program : programs_)
         program->Settle();
 }
 
-void TwoPrograms::Deliver(LobbyProgram& program, const std::string& bytes) {
+void TwoPrograms::Deliver(ProgramInLobby& program, const std::string& bytes) {
     messages_ += static_cast<int>(std::count(bytes.begin(), bytes.end(), kMarker));
     std::string_view rest = bytes;
     const bool whole = dice_.Percent(50);

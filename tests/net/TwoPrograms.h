@@ -73,10 +73,10 @@ private:
 };
 
 // One of them, at its place in the lobby.
-struct LobbyProgram {
-    LobbyProgram(TestLobby& lobby, const std::string& nick);
-    LobbyProgram(const LobbyProgram&) = delete;
-    LobbyProgram& operator=(const LobbyProgram&) = delete;
+struct ProgramInLobby {
+    ProgramInLobby(TestLobby& lobby, const std::string& nick);
+    ProgramInLobby(const ProgramInLobby&) = delete;
+    ProgramInLobby& operator=(const ProgramInLobby&) = delete;
 
     Game game;
     NetGame net;
@@ -86,7 +86,7 @@ struct LobbyProgram {
     FakeSocket socket;
     modMAIN main;
     modClient client;
-    TestClient& place;
+    TestConnection& place;
     std::size_t historyStart = 0; // lines in front of it are of before the board that both have
 
     bool IsToMove() const { return net.IsLocalSide(game.Turn); }
@@ -108,27 +108,27 @@ public:
     int Messages() const { return messages_; }
 
 private:
-    LobbyProgram& OneOfThem() { return *programs_[static_cast<std::size_t>(dice_.Below(2))]; }
-    LobbyProgram& Mover();
-    LobbyProgram& Waiting();
+    ProgramInLobby& OneOfThem() { return *programs_[static_cast<std::size_t>(dice_.Below(2))]; }
+    ProgramInLobby& Mover();
+    ProgramInLobby& Waiting();
     void BeginBoard();
-    void PutLoadedBoard(LobbyProgram& program);
+    void PutLoadedBoard(ProgramInLobby& program);
     void PlayTurn(bool mayStop);
     void PlaceReturn(const CompleteTurn& turn);
     void ClickWithoutSense();
-    void Click(LobbyProgram& program, Square square);
+    void Click(ProgramInLobby& program, Square square);
     void SwapNowAndThen();
     void Invite();
-    void ShareHistoryFrom(LobbyProgram& sender);
+    void ShareHistoryFrom(ProgramInLobby& sender);
     void Exchange();
-    void Deliver(LobbyProgram& program, const std::string& bytes);
+    void Deliver(ProgramInLobby& program, const std::string& bytes);
     void CompareBoards() const;
     void CompareLogs() const;
 
     TestLobby lobby_;
     Dice dice_;
-    LobbyProgram ann_{lobby_, "Ann"}, bob_{lobby_, "Bob"};
-    std::array<LobbyProgram*, 2> programs_{&ann_, &bob_};
+    ProgramInLobby ann_{lobby_, "Ann"}, bob_{lobby_, "Bob"};
+    std::array<ProgramInLobby*, 2> programs_{&ann_, &bob_};
     int messages_ = 0;
 };
 

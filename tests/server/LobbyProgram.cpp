@@ -21,7 +21,7 @@ namespace tarveth {
 
 namespace {
 
-// Far beyond what anything takes; it only keeps a failing test from hanging.
+// Much longer than anything takes, so that a failing test ends.
 constexpr int kPatience = 20000; // milliseconds
 
 [[noreturn]] void RunProgram(std::vector<std::string> words, const std::vector<std::string>& options,
@@ -43,7 +43,7 @@ constexpr int kPatience = 20000; // milliseconds
     _exit(127);
 }
 
-// What follows the option of that name.
+// Gives the word that follows the option of that name.
 std::string ValueOf(const std::vector<std::string>& options, std::string_view name,
                     const std::string& otherwise) {
     const auto at = std::find(options.begin(), options.end(), name);

@@ -1,4 +1,4 @@
-// The lobby as a program of its own, on a port that the system chose, and plain blocking clients of it.
+// The lobby program as a process, on a port that the system chose, and blocking clients of it.
 #pragma once
 
 #include <chrono>
@@ -12,11 +12,11 @@ namespace tarveth {
 
 class LobbyProgram {
 public:
-    // Runs until it is destroyed or ended; throws std::runtime_error if it does not begin to listen. The
-    // options may give another address than 127.0.0.1 and a port of their own.
-    // fileLimit: open files that the system lets it have; 0 for the usual.
+    // Starts the program; throws std::runtime_error if it does not begin to listen. The options may give a
+    // --bind address other than 127.0.0.1, and a --port. fileLimit: the program's limit of open files
+    // (RLIMIT_NOFILE); 0 leaves the usual one.
     explicit LobbyProgram(const std::vector<std::string>& options = {}, unsigned fileLimit = 0);
-    // The program that this command runs, such as one of another system.
+    // Starts the lobby by this command, such as the Windows program under Wine.
     LobbyProgram(const std::vector<std::string>& command, const std::vector<std::string>& options,
                  unsigned fileLimit = 0);
     ~LobbyProgram();
@@ -26,9 +26,9 @@ public:
     const std::string& Address() const { return address_; }
     int Port() const { return port_; }
     void Signal(int signal) const;
-    // Its next line of log.
+    // Waits for the next line of the log.
     std::string LogLine();
-    // Waits for its end, and gives its exit code; -1 if a signal ended it.
+    // Waits until the program ends, and gives its exit code; -1 if a signal ended it.
     int WaitForEnd();
 
 private:
@@ -42,22 +42,22 @@ private:
 
 class LobbyClient {
 public:
-    // receiveBuffer: bytes that the system keeps for it while it does not read; 0 for the usual.
+    // receiveBuffer: the size of the socket's receive buffer (SO_RCVBUF); 0 leaves the usual one.
     explicit LobbyClient(const LobbyProgram& program, int receiveBuffer = 0);
-    // With a nickname, and the list of users read.
+    // Connects, takes a nickname, and reads the list of users.
     LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer = 0);
     ~LobbyClient() { Close(); }
     LobbyClient(LobbyClient&& other) noexcept;
     LobbyClient& operator=(LobbyClient&&) = delete;
 
     void Say(std::string_view bytes);
-    // All that has been heard and not yet taken, up to and with the first such text; waits for it. Empty if
-    // it does not come in time or the connection ends.
+    // Waits for the text, and takes what was received up to its end. Empty if the text does not come in time
+    // or the connection ends before.
     std::string HearUntil(std::string_view text);
-    // All that comes until the server closes; nothing if it does not within its time.
+    // Takes what is received until the server closes; empty if it does not close in time.
     std::string HearToTheEnd();
     void StopWriting();
-    // Closes so that the peer gets an error, not an end.
+    // Closes with a TCP reset, so that the peer gets an error instead of an end.
     void Abort();
     void Close();
 
@@ -69,7 +69,7 @@ private:
     bool ended_ = false;
 };
 
-// Puts them in a game; the inviter is the first.
+// Begins a game between two clients; the first is the inviter.
 void StartGame(LobbyClient& inviter, const std::string& inviterNick, LobbyClient& invitee,
                const std::string& inviteeNick);
 

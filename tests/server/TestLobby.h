@@ -1,4 +1,4 @@
-// A lobby without sockets and without a clock of its own, and clients whose texts can be read.
+// A lobby without sockets, with a clock that the test moves, and connections whose received text can be read.
 #pragma once
 
 #include "server/Lobby.h"
@@ -9,8 +9,8 @@
 
 namespace tarveth {
 
-struct TestClient {
-    explicit TestClient(const Limits& limits) : session(nullptr, limits) {}
+struct TestConnection {
+    explicit TestConnection(const Limits& limits) : session(nullptr, limits) {}
     Session session;
     std::string heard;
 };
@@ -19,18 +19,18 @@ class TestLobby {
 public:
     explicit TestLobby(const Limits& limits = {}, const std::string& messageOfTheDay = {});
 
-    TestClient& Connect();
-    // One that has shaken hands, and whom everybody has been told of; nobody has anything unread.
-    TestClient& Join(const std::string& nick);
-    // Two that play each other, a having invited b.
-    void StartGame(TestClient& a, TestClient& b);
-    void Say(TestClient& client, std::string_view bytes);
-    void Hang(TestClient& client);
+    TestConnection& Connect();
+    // Connects a client that completes the handshake. What all clients received so far is forgotten.
+    TestConnection& Join(const std::string& nick);
+    // Begins a game to which a has invited b.
+    void StartGame(TestConnection& a, TestConnection& b);
+    void Say(TestConnection& client, std::string_view bytes);
+    void Hang(TestConnection& client);
     void Pass(std::chrono::milliseconds time);
-    // What the client was sent since the last time, markers as "@", line ends as "$".
-    std::string Heard(TestClient& client);
-    // The same as it goes over the wire.
-    std::string TakeBytes(TestClient& client);
+    // Gives what the client was sent since the last call, with markers as "@" and line ends as "$".
+    std::string Heard(TestConnection& client);
+    // Gives the same as Heard, byte for byte.
+    std::string TakeBytes(TestConnection& client);
     void ForgetAll();
 
     Lobby lobby;
@@ -38,7 +38,7 @@ public:
 private:
     void Deliver();
 
-    std::deque<TestClient> clients_;
+    std::deque<TestConnection> clients_;
     Time now_ = Time{} + std::chrono::hours(1);
 };
 

@@ -7,7 +7,7 @@ namespace {
 
 using asio::ip::make_address;
 
-TEST(AddressCount, AnAddressHasSoManyAndNoMore) {
+TEST(AddressCount, AnAddressHasAtMostTheGivenNumberOfConnections) {
     AddressCount count(8);
     for (int i = 0; i < 8; ++i)
         EXPECT_TRUE(count.Enter(make_address("192.0.2.1")));
@@ -16,7 +16,7 @@ TEST(AddressCount, AnAddressHasSoManyAndNoMore) {
     EXPECT_TRUE(count.Enter(make_address("192.0.2.2")));
 }
 
-TEST(AddressCount, OneThatGoesMakesRoom) {
+TEST(AddressCount, AConnectionThatEndsMakesRoomForAnother) {
     AddressCount count(1);
     EXPECT_TRUE(count.Enter(make_address("2001:db8::1")));
     EXPECT_FALSE(count.Enter(make_address("2001:db8::1")));
@@ -24,7 +24,7 @@ TEST(AddressCount, OneThatGoesMakesRoom) {
     EXPECT_TRUE(count.Enter(make_address("2001:db8::1")));
 }
 
-TEST(AddressCount, ThisComputersOwnAreNotCounted) {
+TEST(AddressCount, LoopbackAddressesAreNotCounted) {
     AddressCount count(1);
     for (const char* address : {"127.0.0.1", "127.9.9.9", "::1", "::ffff:127.0.0.1"})
         for (int i = 0; i < 100; ++i)

@@ -1,4 +1,4 @@
-// General chat, its commands, and who does not hear it.
+// Tests of general chat, its commands, and ignored users.
 #include "tests/server/TestLobby.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +10,8 @@ using namespace std::chrono_literals;
 
 struct Chat : testing::Test {
     TestLobby t;
-    TestClient& ann = t.Join("Ann");
-    TestClient& bob = t.Join("Bob");
+    TestConnection& ann = t.Join("Ann");
+    TestConnection& bob = t.Join("Bob");
 };
 
 using Ignoring = Chat;
@@ -31,7 +31,7 @@ TEST_F(Chat, ALineWithoutAnEndIsWholeWhenNothingFollows) {
     EXPECT_EQ(t.Heard(bob), "");
     t.Pass(1ms);
     EXPECT_EQ(t.Heard(bob), "Ann: hello$");
-    EXPECT_EQ(t.lobby.NextWake(), std::nullopt);
+    EXPECT_EQ(t.lobby.NextTimer(), std::nullopt);
 }
 
 TEST_F(Chat, AMessageEndsALine) {
@@ -54,14 +54,14 @@ TEST_F(Chat, NobodySpeaksInTheServersName) {
     EXPECT_EQ(t.Heard(bob), "Ann: hi$");
 }
 
-TEST_F(Chat, OneWithoutANicknameIsNotHeard) {
+TEST_F(Chat, AClientWithoutANicknameIsNotHeard) {
     auto& nobody = t.Connect();
     t.Say(nobody, "hello\n");
     t.Say(nobody, "\251clientver(2.6.4)hello\n");
     EXPECT_EQ(t.Heard(bob), "");
 }
 
-TEST_F(Chat, OneWhoHasNotAskedForTheUsersDoesNotHear) {
+TEST_F(Chat, AUserWhoHasNotAskedForTheListGetsNoChat) {
     auto& early = t.Connect();
     t.Say(early, "\251clientver(2.6.4)\251nick(Early)");
     t.ForgetAll();
@@ -69,7 +69,7 @@ TEST_F(Chat, OneWhoHasNotAskedForTheUsersDoesNotHear) {
     EXPECT_EQ(t.Heard(early), "");
 }
 
-TEST_F(Ignoring, AnIgnoredUsersChatAndInvitationsDoNotReachHim) {
+TEST_F(Ignoring, ChatAndInvitationsOfAnIgnoredUserAreNotDelivered) {
     auto& cid = t.Join("Cid");
     t.ForgetAll();
     t.Say(bob, "/ignore ann\n");
@@ -83,7 +83,7 @@ TEST_F(Ignoring, AnIgnoredUsersChatAndInvitationsDoNotReachHim) {
     EXPECT_EQ(t.Heard(cid), "Cid: first$Ann: hello$Cid: last$");
 }
 
-TEST_F(Ignoring, HearingAgain) {
+TEST_F(Ignoring, AUserWhoIsNoLongerIgnoredIsHeard) {
     t.Say(bob, "/ignore Ann\n");
     t.Say(bob, "/unignore ANN\n");
     t.ForgetAll();
@@ -93,7 +93,7 @@ TEST_F(Ignoring, HearingAgain) {
     EXPECT_EQ(t.Heard(bob), "@sys(You don't ignore Ann.)");
 }
 
-TEST_F(Ignoring, AnotherNicknameDoesNotHelp) {
+TEST_F(Ignoring, AnIgnoredUserWhoRenamesStaysIgnored) {
     t.Say(bob, "/ignore Ann\n");
     t.Say(ann, "\251nick(Anna)");
     t.ForgetAll();
@@ -101,7 +101,7 @@ TEST_F(Ignoring, AnotherNicknameDoesNotHelp) {
     EXPECT_EQ(t.Heard(bob), "");
 }
 
-TEST_F(Ignoring, NorDoesComingBack) {
+TEST_F(Ignoring, AnIgnoredUserWhoReconnectsStaysIgnored) {
     t.Say(bob, "/ignore Ann\n");
     t.Hang(ann);
     auto& again = t.Join("Ann");
@@ -109,14 +109,14 @@ TEST_F(Ignoring, NorDoesComingBack) {
     EXPECT_EQ(t.Heard(bob), "");
 }
 
-TEST_F(Ignoring, OneWhoIgnoresMayGo) {
+TEST_F(Ignoring, AUserWhoIgnoresOthersMayLeave) {
     t.Say(bob, "/ignore Ann\n");
     t.Hang(bob);
     t.Say(ann, "hello\n");
     EXPECT_EQ(t.Heard(ann), "@removenick(Bob)Ann: hello$");
 }
 
-TEST_F(Ignoring, OnlyAnotherWhoIsHereCanBeIgnored) {
+TEST_F(Ignoring, OnlyAnotherUserWhoIsPresentCanBeIgnored) {
     t.Say(bob, "/ignore\n/ignore BOB\n/ignore D(n\n");
     EXPECT_EQ(t.Heard(bob),
               "@sys(Whom? Say /ignore NAME.)@sys(You can't ignore yourself.)@sys(D[n is not here.)");
@@ -131,7 +131,7 @@ TEST_F(Commands, WhoListsTheUsers) {
     EXPECT_EQ(t.Heard(bob), "");
 }
 
-TEST_F(Commands, WhoOfACrowdIsShort) {
+TEST_F(Commands, WhoListsAtMostSixtyUsers) {
     for (int i = 0; i < 70; ++i)
         t.Join("X" + std::to_string(i));
     t.Say(ann, "/who\n");
@@ -140,7 +140,7 @@ TEST_F(Commands, WhoOfACrowdIsShort) {
     EXPECT_NE(heard.find(" and 12 more)"), std::string::npos);
 }
 
-TEST_F(Commands, HelpNamesThemAll) {
+TEST_F(Commands, HelpNamesAllCommands) {
     t.Say(ann, "/help\n");
     const std::string heard = t.Heard(ann);
     for (const char* command : {"/who", "/help", "/ignore", "/unignore"})
@@ -148,7 +148,7 @@ TEST_F(Commands, HelpNamesThemAll) {
     EXPECT_EQ(t.Heard(bob), "");
 }
 
-TEST_F(Commands, AnUnknownOneIsSaidAndNotPassedOn) {
+TEST_F(Commands, AnUnknownCommandIsReportedAndNotPassedOn) {
     t.Say(ann, "/quit (now\n");
     EXPECT_EQ(t.Heard(ann), "@sys(There is no command /quit. Say /help for those that there are.)");
     EXPECT_EQ(t.Heard(bob), "");

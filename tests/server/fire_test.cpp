@@ -1,4 +1,4 @@
-// What clients may do to the program, while two well-behaved ones are playing: these lose nothing.
+// Attacks on the program while two well-behaved clients play; the players must not lose a single move.
 #include "tests/server/LobbyProgram.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Two who play on, numbered move for numbered move, until they are asked to stop.
+// Two clients that exchange numbered moves until they are asked to stop.
 class Players {
 public:
     explicit Players(const LobbyProgram& program)
@@ -22,7 +22,7 @@ public:
     }
     ~Players() { Finish(); }
 
-    // Of the moves: how many were lost, doubled or out of order, some after all that has happened included.
+    // Gives how many moves were lost, doubled or out of order, after a few more moves have been played.
     int FaultsAfterAFewMoves() {
         constexpr int kAFew = 5;
         for (const int last = moves_ + kAFew; moves_ < last && faults_ == 0;)
@@ -38,7 +38,7 @@ private:
             play_.join();
     }
 
-    // True if just this move, and no other one, is what the receiver has of his partner.
+    // Sends one move; true if the receiver gets exactly this move next.
     static bool Move(LobbyClient& from, LobbyClient& to, const std::string& name, int number) {
         const std::string move = "\251play(" + name + ",M(" + std::to_string(number) + ", 1))";
         from.Say(move);
@@ -79,14 +79,14 @@ struct UnderFire : testing::Test {
     Players players;
 };
 
-TEST_F(UnderFire, BytesOneAtATime) {
+TEST_F(UnderFire, AClientThatSendsItsBytesOneAtATimeIsServed) {
     LobbyClient slow(program);
     for (const char c : std::string("\251clientver(2.6.4)\251nick(Slow)\251sendnicks()hello\r\n"))
         slow.Say({&c, 1});
     EXPECT_NE(slow.HearUntil("Slow: hello\r\n"), "");
 }
 
-TEST_F(UnderFire, AHundredMessagesInOneSegment) {
+TEST_F(UnderFire, AHundredMovesInOneSegmentArriveInOrder) {
     LobbyClient cid(program, "Cid");
     LobbyClient dan(program, "Dan");
     StartGame(cid, "Cid", dan, "Dan");
@@ -98,7 +98,7 @@ TEST_F(UnderFire, AHundredMessagesInOneSegment) {
     EXPECT_TRUE(heard.ends_with(moves));
 }
 
-TEST_F(UnderFire, AMessageSplitAtEveryByte) {
+TEST_F(UnderFire, AMessageMayBeSplitAtEveryByte) {
     LobbyClient cid(program, "Cid");
     LobbyClient dan(program, "Dan");
     StartGame(cid, "Cid", dan, "Dan");
@@ -111,7 +111,7 @@ TEST_F(UnderFire, AMessageSplitAtEveryByte) {
     }
 }
 
-TEST_F(UnderFire, RandomBytes) {
+TEST_F(UnderFire, RandomBytesHarmNobody) {
     std::minstd_rand random(1);
     for (int client = 0; client < 20; ++client) {
         LobbyClient noise(program, "Noise" + std::to_string(client));
@@ -122,7 +122,7 @@ TEST_F(UnderFire, RandomBytes) {
     }
 }
 
-TEST_F(UnderFire, UnbalancedParentheses) {
+TEST_F(UnderFire, AfterUnbalancedParenthesesTheNextMessageIsTaken) {
     LobbyClient cid(program, "Cid");
     cid.Say("\251nick())))))\251play((((((\251sys)(\251end(((\r\n)\n");
     cid.Say("fine\r\n");
@@ -130,7 +130,7 @@ TEST_F(UnderFire, UnbalancedParentheses) {
     EXPECT_NE(cid.HearUntil("nickname set to Cid\r\n"), "");
 }
 
-TEST_F(UnderFire, AMegabyteWithNoEnd) {
+TEST_F(UnderFire, AfterAMegabyteWithoutAnEndTheNextMessageIsTaken) {
     LobbyClient cid(program, "Cid");
     cid.Say("\251play(Dan," + std::string(1 << 20, '(') + "\251nick(Still)");
     EXPECT_NE(cid.HearUntil("nickname set to Still\r\n"), "");
@@ -140,7 +140,7 @@ TEST_F(UnderFire, AMegabyteWithNoEnd) {
     EXPECT_NE(dan.HearUntil("nickname set to Too\r\n"), "");
 }
 
-TEST_F(UnderFire, EveryTrickWithANickname) {
+TEST_F(UnderFire, NoTrickGivesANicknameThatIsNotClean) {
     LobbyClient watcher(program, "Watcher");
     const std::vector<std::string> tricks = {"",
                                              "   ",
@@ -174,7 +174,7 @@ TEST_F(UnderFire, EveryTrickWithANickname) {
     }
 }
 
-TEST_F(UnderFire, SpoofedNames) {
+TEST_F(UnderFire, MessagesInAnothersNameAreSentInTheSendersOwn) {
     LobbyClient cid(program, "Cid");
     LobbyClient dan(program, "Dan");
     cid.Say("\251invite(Dan,Ann of the players)");
@@ -184,7 +184,7 @@ TEST_F(UnderFire, SpoofedNames) {
     EXPECT_NE(cid.HearUntil("\251end(Cid,Ann of the players)"), "");
 }
 
-TEST_F(UnderFire, AThousandThatSayNothing) {
+TEST_F(UnderFire, AThousandSilentConnectionsHarmNobody) {
     std::vector<LobbyClient> silent;
     silent.reserve(1000);
     for (int i = 0; i < 1000; ++i)
@@ -192,7 +192,7 @@ TEST_F(UnderFire, AThousandThatSayNothing) {
     const LobbyClient cid(program, "Cid");
 }
 
-TEST_F(UnderFire, HalfClosedSockets) {
+TEST_F(UnderFire, AClientThatShutsDownItsSendingSideHasLeft) {
     LobbyClient watcher(program, "Watcher");
     for (int i = 0; i < 20; ++i) {
         LobbyClient cid(program, "Cid" + std::to_string(i));
@@ -201,7 +201,7 @@ TEST_F(UnderFire, HalfClosedSockets) {
     }
 }
 
-TEST_F(UnderFire, AThousandAbruptDisconnectsInTheMiddleOfMessages) {
+TEST_F(UnderFire, AThousandConnectionsResetInTheMiddleOfAMessageHarmNobody) {
     LobbyClient watcher(program, "Watcher");
     for (int i = 0; i < 1000; ++i) {
         LobbyClient cid(program);
@@ -219,8 +219,8 @@ struct SlowReader : UnderFire {
     SlowReader() : UnderFire({"--unsent-bytes", "200000", "--chat-lines", "0", "--chat-characters", "0"}) {}
 };
 
-// Each line is heard before the next one is said, and the others have the larger buffers: whoever reads at
-// all keeps up, however busy the machine is.
+// Each line is received before the next one is sent, and the other clients have larger buffers: a client that
+// reads at all keeps up, however busy the machine is.
 TEST_F(SlowReader, AClientThatNeverReadsIsDropped) {
     constexpr int kSmallBuffer = 4096;
     constexpr int kMoreThanBuffersHold = 10000; // lines
@@ -242,7 +242,7 @@ struct FewFiles : UnderFire {
     FewFiles() : UnderFire({}, 64) {}
 };
 
-TEST_F(FewFiles, WhenNoneAreLeftItRefusesPolitelyAndRecovers) {
+TEST_F(FewFiles, WithoutDescriptorsLeftClientsAreToldAndLaterServedAgain) {
     {
         std::vector<LobbyClient> crowd;
         crowd.reserve(100);

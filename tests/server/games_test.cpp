@@ -1,4 +1,4 @@
-// Invitations, and the games that come of them.
+// Tests of invitations, and of the games that follow from them.
 #include "tests/server/TestLobby.h"
 
 #include <gtest/gtest.h>
@@ -8,9 +8,9 @@ namespace {
 
 struct Three : testing::Test {
     TestLobby t;
-    TestClient& ann = t.Join("Ann");
-    TestClient& bob = t.Join("Bob");
-    TestClient& cid = t.Join("Cid");
+    TestConnection& ann = t.Join("Ann");
+    TestConnection& bob = t.Join("Bob");
+    TestConnection& cid = t.Join("Cid");
 };
 
 using Invitations = Three;
@@ -23,7 +23,7 @@ TEST_F(Invitations, AnInvitationReachesTheUserItNames) {
     EXPECT_EQ(t.Heard(ann), "");
 }
 
-TEST_F(Invitations, TheSenderIsNamedAsHeIs) {
+TEST_F(Invitations, TheSenderIsNamedByTheLobby) {
     t.Say(ann, "\251invite(bob,Cid)");
     EXPECT_EQ(t.Heard(bob), "@invite(Bob,Ann)");
     t.Say(bob, "\251accept(ann,Cid,Cid has accepted)");
@@ -31,12 +31,12 @@ TEST_F(Invitations, TheSenderIsNamedAsHeIs) {
               "@accept(Ann,Bob,Bob: Cid has accepted)@changenick(Ann,Ann,1)@changenick(Bob,Bob,1)");
 }
 
-TEST_F(Invitations, WhoIsNotHereRefuses) {
+TEST_F(Invitations, AnAbsentUserRefuses) {
     t.Say(ann, "\251invite(Dan,Ann)");
     EXPECT_EQ(t.Heard(ann), "@refuse(Ann, Dan is not here.)");
 }
 
-TEST_F(Invitations, OneselfRefusesWhateverTheCase) {
+TEST_F(Invitations, AnInvitationOfOneselfIsRefusedWhateverTheCase) {
     t.Say(ann, "\251invite(ANN,Ann)");
     EXPECT_EQ(t.Heard(ann), "@refuse(Ann, You can't invite yourself to a game.)");
 }
@@ -82,14 +82,14 @@ TEST_F(Invitations, AnInvitationEndsWhenItsInviterBeginsAnotherGame) {
     EXPECT_EQ(ann.session.partner, &cid.session);
 }
 
-TEST_F(Invitations, ALateRefusalDoesNotReachOneWhoPlays) {
+TEST_F(Invitations, ALateRefusalDoesNotReachAUserInAGame) {
     t.Say(cid, "\251invite(Bob,Cid)");
     t.StartGame(ann, cid);
     t.Say(bob, "\251refuse(Cid, Bob has turned down your invitation.)");
     EXPECT_EQ(t.Heard(cid), "");
 }
 
-TEST_F(Invitations, AnInviteeWhoGoesRefuses) {
+TEST_F(Invitations, AnInvitedUserWhoLeavesRefuses) {
     t.Say(ann, "\251invite(Bob,Ann)");
     t.Hang(bob);
     EXPECT_EQ(t.Heard(ann), "@refuse(Ann, Bob has left.)@removenick(Bob)");
@@ -112,7 +112,7 @@ TEST_F(Invitations, AnInvitationCanBeTakenBack) {
 
 TEST_F(Invitations, TheSeventeenthTakesThePlaceOfTheFirst) {
     t.Say(ann, "\251invite(Bob,Ann)");
-    std::deque<TestClient*> others;
+    std::deque<TestConnection*> others;
     for (int i = 0; i < 16; ++i) {
         others.push_back(&t.Join("X" + std::to_string(i)));
         t.Say(ann, "\251invite(X" + std::to_string(i) + ",Ann)");
@@ -121,14 +121,14 @@ TEST_F(Invitations, TheSeventeenthTakesThePlaceOfTheFirst) {
     EXPECT_EQ(others.front()->session.invitedBy.size(), 1U);
 }
 
-TEST_F(Invitations, OneWhoPlaysInvitesNobody) {
+TEST_F(Invitations, AUserInAGameCanNotInvite) {
     t.StartGame(ann, bob);
     t.Say(ann, "\251invite(Cid,Ann)");
     EXPECT_EQ(t.Heard(ann), "@sys(You are in a game already.)");
     EXPECT_EQ(t.Heard(cid), "");
 }
 
-TEST_F(Invitations, OneWhoPlaysAcceptsNothing) {
+TEST_F(Invitations, AUserInAGameCanNotAccept) {
     t.Say(cid, "\251invite(Bob,Cid)");
     t.StartGame(ann, bob);
     t.Say(bob, "\251accept(Cid,Bob,Bob accepts)");
@@ -136,7 +136,7 @@ TEST_F(Invitations, OneWhoPlaysAcceptsNothing) {
     EXPECT_EQ(bob.session.partner, &ann.session);
 }
 
-TEST_F(Invitations, OneWhoPlaysCanBeInvitedAndRefusesForHimself) {
+TEST_F(Invitations, AUserInAGameCanBeInvitedAndTheirProgramRefuses) {
     t.StartGame(ann, bob);
     t.Say(cid, "\251invite(Ann,Cid)");
     EXPECT_EQ(t.Heard(ann), "@invite(Ann,Cid)");
@@ -194,7 +194,7 @@ TEST_F(Games, NobodyElseEndsAGame) {
     EXPECT_EQ(ann.session.partner, &bob.session);
 }
 
-TEST_F(Games, APlayerWhoGoesEndsHis) {
+TEST_F(Games, APlayerWhoLeavesEndsTheirGame) {
     t.StartGame(ann, bob);
     t.Hang(ann);
     EXPECT_EQ(t.Heard(bob), "@end(Bob,Ann)@changenick(Bob,Bob,0)@removenick(Ann)");

@@ -1,4 +1,4 @@
-// From the connection to a nickname that all know.
+// Tests of the handshake, from the connection to a nickname that is announced to all.
 #include "tests/server/TestLobby.h"
 
 #include "version.h"
@@ -51,7 +51,7 @@ TEST(Handshake, ArrivalsBeforeTheListIsAskedForAreToldOnlyOnce) {
     EXPECT_EQ(t.Heard(ann), "@addnick(Ann,0)@addnick(Bob,0)@addnick(Cid,0)");
 }
 
-TEST(Handshake, OneWhoGoesIsNotListedAnyMore) {
+TEST(Handshake, AUserWhoHasLeftIsNotListed) {
     TestLobby t;
     t.Join("Ann");
     t.Hang(t.Join("Bob"));
@@ -81,7 +81,7 @@ TEST(Handshake, ATakenNicknameGetsAVariantWhateverItsCase) {
     }
 }
 
-TEST(Handshake, AThousandMayWantOneNickname) {
+TEST(Handshake, AThousandUsersMayAskForOneNickname) {
     TestLobby t;
     for (int i = 0; i < 1000; ++i)
         t.Join("Player");
@@ -97,7 +97,7 @@ TEST(Handshake, ANicknameThatCanNotBeHadIsChangedAndSaid) {
               "@sys(That nickname can't be had as it stands, so you are Ann.)nickname set to Ann$");
 }
 
-TEST(Handshake, AUserMayChangeTheCaseOfHisNickname) {
+TEST(Handshake, AUserMayChangeTheCaseOfTheirNickname) {
     TestLobby t;
     auto& ann = t.Join("ann");
     t.Say(ann, "\251nick(Ann)");
@@ -134,7 +134,7 @@ TEST(Handshake, VersionsAreComparedAsOneNumber) {
     }
 }
 
-TEST(Handshake, WhoDoesNotCompleteItInTimeIsDismissed) {
+TEST(Handshake, AClientThatDoesNotCompleteItInTimeIsDismissed) {
     TestLobby t;
     auto& silent = t.Connect();
     auto& halfway = t.Connect();
@@ -151,7 +151,7 @@ TEST(Handshake, WhoDoesNotCompleteItInTimeIsDismissed) {
     EXPECT_TRUE(ann.session.IsUser());
     t.Pass(2000ms);
     EXPECT_TRUE(silent.session.cutOff);
-    EXPECT_EQ(t.lobby.NextWake(), std::nullopt);
+    EXPECT_EQ(t.lobby.NextTimer(), std::nullopt);
 }
 
 TEST(Handshake, ADismissedClientIsNotHeard) {

@@ -1,4 +1,4 @@
-// What one client may ask of the lobby.
+// Tests of what one client may do in the lobby.
 #include "tests/server/TestLobby.h"
 
 #include <gtest/gtest.h>
@@ -19,8 +19,8 @@ std::size_t Lines(const std::string& heard) {
 
 struct Limited : testing::Test {
     TestLobby t;
-    TestClient& ann = t.Join("Ann");
-    TestClient& bob = t.Join("Bob");
+    TestConnection& ann = t.Join("Ann");
+    TestConnection& bob = t.Join("Bob");
 
     void Repeat(int times, const std::string& text) {
         for (int i = 0; i < times; ++i)

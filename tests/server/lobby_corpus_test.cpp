@@ -1,4 +1,4 @@
-// Replays what fuzzing found interesting.
+// Replays the inputs that fuzzing has collected.
 #include "fuzz/lobby_property.h"
 
 #include <gtest/gtest.h>

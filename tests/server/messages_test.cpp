@@ -1,4 +1,4 @@
-// Every row of the table of messages, in and out of its place.
+// Tests of every row of the table of messages, in the stages that allow it and in the others.
 #include "server/messages.h"
 
 #include "tests/server/TestLobby.h"
@@ -20,7 +20,7 @@ TEST(MessageTable, HoldsEveryMessageOfAClientOnce) {
                                                       "refuse", "sendnicks"}));
 }
 
-TEST(MessageTable, OnlyAVersionIsTakenFromOneWhoHasNotToldHis) {
+TEST(MessageTable, AClientThatHasNotSentAVersionMaySendNothingElse) {
     for (const MessageRow& row : MessageTable()) {
         if (row.name == "clientver")
             continue;
@@ -33,7 +33,7 @@ TEST(MessageTable, OnlyAVersionIsTakenFromOneWhoHasNotToldHis) {
     }
 }
 
-TEST(MessageTable, OnlyANicknameIsTakenFromOneWhoHasNone) {
+TEST(MessageTable, AClientWithoutANicknameMaySendNothingElse) {
     for (const MessageRow& row : MessageTable()) {
         if (row.name == "nick")
             continue;
@@ -81,7 +81,7 @@ TEST(MessageTable, AnUnknownNameIsIgnored) {
     EXPECT_EQ(t.Heard(bob), "");
 }
 
-TEST(MessageTable, ATooLongMessageIsSaidAndTheNextOneTaken) {
+TEST(MessageTable, ATooLongMessageIsReportedAndTheNextOneTaken) {
     TestLobby t;
     auto& ann = t.Join("Ann");
     t.Say(ann, "\251nick(" + std::string(40000, 'x') + ")\251nick(Bob)");

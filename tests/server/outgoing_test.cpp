@@ -1,4 +1,4 @@
-// The order of what one is sent, and that what has been sent is let go.
+// Tests of the order in which bytes are sent, and that memory is released after they have been sent.
 #include "server/Outgoing.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 namespace tarveth {
 namespace {
 
-// Sends so many bytes of what is pending, and gives them.
+// Takes at most that many pending bytes, as if they had been sent.
 std::string Take(Outgoing& out, Outbox& box, std::size_t most = std::string::npos) {
     std::string sent;
     for (const std::string_view part : out.Pending(box, 64))
@@ -17,7 +17,7 @@ std::string Take(Outgoing& out, Outbox& box, std::size_t most = std::string::npo
     return sent;
 }
 
-TEST(Outgoing, LettersAndAnnouncementsComeInOrder) {
+TEST(Outgoing, MessagesToOneAndToAllComeInOrder) {
     Outgoing out;
     Outbox a;
     Outbox b;
@@ -48,13 +48,13 @@ TEST(Outgoing, WhatCouldNotBeSentOutlivesTheTurn) {
         out.ToAll({std::string(1000, 'x')});
         Outbox other;
         out.ToOne(other, {std::string(1000, 'y')});
-        out.KeepAnnouncements(box);
+        out.QueueAnnouncements(box);
         out.EndTurn();
     }
     EXPECT_EQ(Take(out, box), "cdef" + std::string(100000, 'x'));
 }
 
-TEST(Outgoing, EverySizeOfASendingKeepsTheBytes) {
+TEST(Outgoing, WritesOfEverySizeKeepTheBytes) {
     for (std::size_t most = 1; most < 30; ++most) {
         Outgoing out;
         Outbox box;
@@ -69,7 +69,7 @@ TEST(Outgoing, EverySizeOfASendingKeepsTheBytes) {
                 out.ToOne(box, {text});
             expected += text;
             sent += Take(out, box, most);
-            out.KeepAnnouncements(box);
+            out.QueueAnnouncements(box);
             if (i % 5 == 0)
                 out.EndTurn();
         }
@@ -79,12 +79,12 @@ TEST(Outgoing, EverySizeOfASendingKeepsTheBytes) {
     }
 }
 
-TEST(Outgoing, ASkippedAnnouncementIsNotHeard) {
+TEST(Outgoing, ASkippedAnnouncementIsNotSent) {
     Outgoing out;
     Outbox box;
     out.StartListening(box);
     out.ToAll({"1"});
-    out.KeepAnnouncements(box);
+    out.QueueAnnouncements(box);
     out.ToAll({"2"});
     out.SkipAnnouncement(box);
     out.ToAll({"3"});
@@ -104,7 +104,7 @@ TEST(Outgoing, AnIdleOutboxHoldsNoBlock) {
     Outbox box;
     out.ToOne(box, {"M"});
     Take(out, box);
-    EXPECT_TRUE(box.stretches.empty());
+    EXPECT_TRUE(box.slices.empty());
 }
 
 TEST(Outgoing, AFewUnsentBytesDoNotHoldAWholeBlock) {
@@ -112,8 +112,8 @@ TEST(Outgoing, AFewUnsentBytesDoNotHoldAWholeBlock) {
     Outbox box;
     out.ToOne(box, {"abc"});
     Take(out, box, 1);
-    ASSERT_EQ(box.stretches.size(), 1U);
-    EXPECT_EQ(box.stretches.front().block->capacity, 2U);
+    ASSERT_EQ(box.slices.size(), 1U);
+    EXPECT_EQ(box.slices.front().block->capacity, 2U);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The program from outside: its command line, its signals, its log.
+// Tests of the program from outside: its command line, its signals, its log.
 #include "tests/server/LobbyProgram.h"
 
 #include "version.h"
@@ -32,7 +32,7 @@ TEST(LobbyProgram, EndsCleanlyAndTellsEverybody) {
     }
 }
 
-TEST(LobbyProgram, EndsThoughAClientDoesNot) {
+TEST(LobbyProgram, EndsEvenIfAClientStaysConnected) {
     LobbyProgram program;
     const LobbyClient ann(program, "Ann");
     program.Signal(SIGTERM);
@@ -54,7 +54,7 @@ TEST(LobbyProgram, TellsTheMessageOfTheDay) {
     EXPECT_NE(ann.HearUntil("\251sys(Be kind)"), "");
 }
 
-TEST(LobbyProgram, TurnsAwayWhomItHasNoRoomForAndTakesTheNext) {
+TEST(LobbyProgram, RefusesClientsWhenItIsFullAndAcceptsTheNextOneLater) {
     const LobbyProgram program({"--max-clients", "2"});
     LobbyClient ann(program, "Ann");
     LobbyClient bob(program, "Bob");
@@ -66,7 +66,7 @@ TEST(LobbyProgram, TurnsAwayWhomItHasNoRoomForAndTakesTheNext) {
     EXPECT_NE(bob.HearUntil("\251addnick(Dan,0)"), "");
 }
 
-TEST(LobbyProgram, DismissesWhoIsSilentAndWhoIsTooOld) {
+TEST(LobbyProgram, DismissesSilentClientsAndOldVersions) {
     const LobbyProgram program({"--handshake", "0.2", "--oldest-client", "2.6.0"});
     LobbyClient silent(program);
     EXPECT_NE(silent.HearToTheEnd().find("\251sys(You took too long to say who you are.)"),
@@ -82,7 +82,7 @@ TEST(LobbyProgram, RefusesACommandLineThatItCanNotFollow) {
     }
 }
 
-TEST(LobbyProgram, APortThatIsTakenIsAnErrorThatIsSaid) {
+TEST(LobbyProgram, ReportsAPortThatIsTaken) {
     const LobbyProgram program;
     const std::string port = std::to_string(program.Port());
     try {
