@@ -1,7 +1,9 @@
 #include "platform/atomic_file.h"
 
 #include "platform/file_error.h"
-#include "platform/replacement.h"
+#include "platform/follow_links.h"
+#include "platform/leftovers.h"
+#include "platform/posix/descriptor.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,6 +11,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,38 +29,36 @@ namespace {
     throw FileError(file, "is longer than " + std::to_string(limit) + " bytes");
 }
 
-class Descriptor {
+// Removes the file of that name when it goes, unless told to keep it.
+class Removal {
 public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Number() const { return number_; }
-    bool IsOpen() const { return number_ >= 0; }
-    // False when the system could not keep what was written.
-    bool Close() {
-        const int number = number_;
-        number_ = -1;
-        return number < 0 || close(number) == 0;
+    explicit Removal(const fs::path& path) : path_(path) {}
+    ~Removal() {
+        if (!kept_)
+            unlink(path_.c_str());
     }
+    Removal(const Removal&) = delete;
+    Removal& operator=(const Removal&) = delete;
+    void Keep() { kept_ = true; }
 
 private:
-    int number_;
+    const fs::path& path_;
+    bool kept_ = false;
 };
 
-// Opens a new file beside the target and puts its name into path. A name that a killed program left behind is
-// passed over.
+// Opens a new file beside the target, locked for as long as it is open, and puts its name into path. A name
+// that a killed program left behind is passed over.
 int CreateBeside(const fs::path& target, fs::path& path) {
-    const std::string stem = ".tarveth-" + std::to_string(getpid()) + "-";
-    int number = -1;
-    for (int attempt = 0; attempt < 100; ++attempt) {
-        path = target.parent_path() / (stem + std::to_string(attempt));
-        number = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
-        if (number >= 0 || errno != EEXIST)
+    int descriptor = -1;
+    for (int number = 0; number < 100; ++number) {
+        path = target.parent_path() / NewFileName(number);
+        descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+        if (descriptor >= 0 || errno != EEXIST)
             break;
     }
-    return number;
+    if (descriptor >= 0)
+        flock(descriptor, LOCK_EX | LOCK_NB); // some file systems have no locks
+    return descriptor;
 }
 
 // False with errno set when not everything went out.
@@ -101,16 +102,17 @@ void WriteFileAtomically(const std::string& file, std::string_view bytes) {
         RefuseUnwritable(target, old);
 
     fs::path temporary;
-    Descriptor descriptor(CreateBeside(target, temporary));
+    const Descriptor descriptor(CreateBeside(target, temporary));
     if (!descriptor.IsOpen())
         Fail(file, "cannot be written", errno);
     Removal removal(temporary);
     if ((exists && fchmod(descriptor.Number(), old.st_mode & 07777) != 0) ||
-        !WriteAll(descriptor.Number(), bytes) || fsync(descriptor.Number()) != 0 || !descriptor.Close() ||
+        !WriteAll(descriptor.Number(), bytes) || fsync(descriptor.Number()) != 0 ||
         rename(temporary.c_str(), target.c_str()) != 0)
         Fail(file, "cannot be written", errno);
     removal.Keep();
     SyncFolder(target.parent_path());
+    RemoveLeftovers(target.parent_path());
 }
 
 std::string ReadWholeFile(const std::string& file, std::uintmax_t limit) {

@@ -2,6 +2,7 @@
 #include "platform/atomic_file.h"
 
 #include "platform/file_error.h"
+#include "platform/leftovers.h"
 #include "tests/platform/ForkedChild.h"
 #include "tests/platform/TempFolder.h"
 #include "tests/platform/WriteFails.h"
@@ -90,6 +91,8 @@ TEST(AtomicFile, AProgramKilledAtAnyMomentLeavesTheOldOrTheNewContentWhole) {
         ASSERT_TRUE(found == first || found == second)
             << "round " << round << ", " << found.size() << " bytes";
     }
+    platform::RemoveLeftovers(folder.Path());
+    EXPECT_EQ(folder.FileCount(), 1U);
 }
 
 TEST(AtomicFile, ADeviceIsRefused) {

@@ -1,16 +1,10 @@
-#include "platform/replacement.h"
+#include "platform/follow_links.h"
 
 #include <system_error>
 
 namespace tarveth::platform {
 
 namespace fs = std::filesystem;
-
-Removal::~Removal() {
-    std::error_code ignored;
-    if (!kept_)
-        fs::remove(path_, ignored);
-}
 
 fs::path FollowLinks(fs::path file) {
     std::error_code error;
