@@ -4,6 +4,8 @@
 //   and the first key in it are meant;
 // - a value has no blanks around it, and one enclosed in a pair of equal quotes loses them;
 // - lines that begin with ';', have no '=', or stand before any section mean nothing.
+// Writes are gathered and reach the file together, so that it is at every moment as it was before all of them
+// or after. A file of UTF-16 is never written to, and none grows beyond 1 MiB.
 #pragma once
 
 #include <cstddef>
@@ -22,7 +24,7 @@ public:
     PrivateProfile& operator=(const PrivateProfile&) = delete;
 
     // The number that the value begins with: a sign, then digits (after "0x" hexadecimal ones), modulo 2^32;
-    // 0 for a value that begins with none. defaultValue without such a key or file.
+    // 0 for a value that begins with none. defaultValue without such a key or file, and for an empty value.
     std::int32_t GetPrivateProfileIntA(const std::string& section, const std::string& key,
                                        std::int32_t defaultValue, const std::string& file) const;
 
@@ -33,14 +35,16 @@ public:
                                          const std::string& file) const;
 
     // Replaces the key's line, or adds the key at the end of its section, or the section at the end of the
-    // file, or makes the file; all other lines stay. Later gets see it; the disk may only after Flush.
-    // False when the file cannot be written, or when the line would not read back under this key: an empty
-    // name, a line break in any of the three, a '=' in the key, or a ';' or '[' at its begin.
+    // file, or makes the file; all other lines stay. Later gets see it, the disk only after Flush.
+    // False when the file cannot be written (among others, one of UTF-16 or of more than 1 MiB), or when the
+    // line would not read back under this key: an empty name, a line break in any of the three, a '=' in the
+    // key, or a ';' or '[' at its begin.
     bool WritePrivateProfileStringA(const std::string& section, const std::string& key,
                                     const std::string& value, const std::string& file);
 
-    // Brings what was written to the disk, each file in one piece. False when that failed for one; that file
-    // is as it was, and what was written to it is forgotten.
+    // Brings what was written to the disk, each file in one piece; what others wrote into it until now stays.
+    // False when that failed for one, also because it would pass 1 MiB; that file is as it was, and what was
+    // written to it is forgotten.
     bool Flush() noexcept;
 
 private:

@@ -1,11 +1,17 @@
 #include "platform/profile_line.h"
 
+#include <algorithm>
+
 namespace tarveth::platform {
 
 namespace {
 
 // Control-Z ended a text file once, and some editors still leave one.
 constexpr std::string_view kBlanks = " \t\v\f\x1a";
+
+char Lower(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
 
 bool FitsALine(std::string_view text) {
     return text.find_first_of(std::string_view("\r\n\0", 3)) == text.npos;
@@ -18,6 +24,11 @@ std::string_view TrimmedProfileText(std::string_view text) {
     if (begin == std::string_view::npos)
         return {};
     return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+}
+
+bool SameProfileName(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
 std::string_view BareValue(std::string_view value) {

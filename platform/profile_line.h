@@ -8,6 +8,9 @@ namespace tarveth::platform {
 // Without the blanks around it.
 std::string_view TrimmedProfileText(std::string_view text);
 
+// Whether both name the same section or key: letters match in any case.
+bool SameProfileName(std::string_view a, std::string_view b);
+
 // The value without the blanks around it, and without the pair of equal quotes that encloses it.
 std::string_view BareValue(std::string_view value);
 

@@ -11,15 +11,6 @@ namespace {
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
-char Lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
 } // namespace
 
 struct ProfileText::Line {
@@ -72,10 +63,10 @@ ProfileText::Place ProfileText::Look(std::string_view section, std::string_view 
         if (line.kind == Line::Kind::Section && place.hasSection)
             break;
         if (line.kind == Line::Kind::Section)
-            place.hasSection = SameName(line.name, section);
+            place.hasSection = SameProfileName(line.name, section);
         if (place.hasSection && line.kind != Line::Kind::Blank)
             place.sectionEnd = line.next;
-        if (place.hasSection && line.kind == Line::Kind::Key && SameName(line.name, key)) {
+        if (place.hasSection && line.kind == Line::Kind::Key && SameProfileName(line.name, key)) {
             place.key = line;
             break;
         }

@@ -1,6 +1,6 @@
 // The rules of the system's private-profile functions, the same on every system: everything is asked through
 // the class, with real files. Where systems differ beyond what the functions promise (blank lines, odd
-// spacing and comments after a write; an empty value read as a number) nothing is asked here.
+// spacing and comments after a write) nothing is asked here.
 #include "platform/private_profile.h"
 
 #include "tests/platform/TempFolder.h"
@@ -183,6 +183,12 @@ TEST_F(PrivateProfile, AValueWithoutLeadingDigitsIsZero) {
     Given("[A]\r\na=abc\r\nb=--5\r\nc=- 5\r\nd=-\r\ne=+\r\nf=+-5\r\ng=x1\r\n");
     for (const char* key : {"a", "b", "c", "d", "e", "f", "g"})
         EXPECT_EQ(Int(key), 0) << key;
+}
+
+TEST_F(PrivateProfile, AnEmptyNumberIsTheDefault) {
+    Given("[A]\r\na=\r\nb=   \r\nc=\"\"\r\n");
+    for (const char* key : {"a", "b", "c"})
+        EXPECT_EQ(Int(key, 7), 7) << key;
 }
 
 TEST_F(PrivateProfile, ANumberMayHaveABasePrefixInSmallLetters) {

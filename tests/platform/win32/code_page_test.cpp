@@ -57,6 +57,7 @@ TEST(Settings, AreWrittenInTheCodePageAndReadAsText) {
     modINI ini([](const std::string&, const std::string&) {});
     ini.IniRegister("Options", folder.File("p.ini"));
     EXPECT_EQ(ini.IniPutString("Nickname", kUmlauts), 1);
+    EXPECT_TRUE(ini.IniFlush());
     EXPECT_EQ(GetBytes(folder.File("p.ini")), std::string("[Options]\r\nNickname=") + kUmlautBytes + "\r\n");
     EXPECT_EQ(ini.IniGetString("Nickname", ""), kUmlauts);
     EXPECT_EQ(ini.IniGetString("Missing", kChess), kChess);
@@ -86,6 +87,7 @@ TEST_F(NamesBeyondTheCodePage, HoldSettings) {
     EXPECT_EQ(profile.GetPrivateProfileIntA("A", "n", 7, file), 7);
     EXPECT_TRUE(profile.WritePrivateProfileStringA("A", "k", kUmlautBytes, file));
     EXPECT_TRUE(profile.WritePrivateProfileStringA("A", "n", "-5", file));
+    EXPECT_TRUE(profile.Flush());
     EXPECT_EQ(GetBytes(file), std::string("[A]\r\nk=") + kUmlautBytes + "\r\nn=-5\r\n");
     std::array<char, 3> buffer = {};
     EXPECT_EQ(profile.GetPrivateProfileStringA("A", "k", "", buffer, file), 2U);
