@@ -3,12 +3,14 @@
 #include "display/wx/frmMainMenu.h"
 #include "engine/wx/frmReturn.h"
 #include "platform/file_error.h"
+#include "platform/leftovers.h"
 #include "platform/program_folder.h"
 #include "platform/text_path.h"
 #include "storage/wx/frmClientOptions.h"
 #include "storage/wx/frmSplash.h"
 
 #include <filesystem>
+#include <iostream>
 #include <system_error>
 #include <vector>
 
@@ -70,6 +72,7 @@ void Program::Start(const std::string& gameFile) {
     // A title relative to the folder always means the same file.
     std::error_code ignored;
     std::filesystem::current_path(platform::PathFromText(writableFolder_), ignored);
+    platform::RemoveLeftovers(platform::PathFromText(writableFolder_));
     LoadEverything();
     window_->Connect(Parts());
     BeginGame(gameFile);
@@ -92,7 +95,7 @@ void Program::LoadEverything() {
     std::vector<SettingProblem> problems = LoadSettings(settings_, ini_, writableFolder_);
     const std::vector<SettingProblem> more = LoadClientOptions(settings_, ini_, writableFolder_);
     problems.insert(problems.end(), more.begin(), more.end());
-    problems_ = ProblemText(problems, writableFolder_ + "tarveth.ini");
+    std::cerr << ProblemLines(problems, writableFolder_ + "tarveth.ini");
     AddProblem(LoadPictures());
     if (!platform::CanCreateFileIn(writableFolder_))
         AddProblem("Settings, logs and games cannot be kept: neither " + writableFolder_ +

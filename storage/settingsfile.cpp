@@ -175,13 +175,12 @@ void SaveClientOptions(const Settings& settings, modINI& ini, const std::string&
     Save(kClientOptions, settings, ini, folder);
 }
 
-std::string ProblemText(const std::vector<SettingProblem>& problems, const std::string& iniPath) {
-    if (problems.empty())
-        return {};
-    std::string text = "Not everything in " + iniPath + " can be used as it stands:\n";
+std::string ProblemLines(const std::vector<SettingProblem>& problems, const std::string& iniPath) {
+    std::string lines;
     for (const SettingProblem& problem : problems)
-        text += "\n[" + problem.section + "] " + problem.key + ": " + problem.message;
-    return text;
+        lines += "tarveth: " + iniPath + ": [" + problem.section + "] " + problem.key + ": " +
+                 problem.message + "\n";
+    return lines;
 }
 
 } // namespace tarveth

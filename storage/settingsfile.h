@@ -1,6 +1,7 @@
 // The way of the settings from and to tarveth.ini.
 // What the reader forgives: missing file, sections and keys (the setting stays as it is), any case, any
-// order, unknown lines. A number that does not fit is told as a SettingProblem and changes nothing.
+// order, unknown lines. A number that does not fit or is empty is told as a SettingProblem and
+// changes nothing.
 #pragma once
 
 #include "storage/modINI.h"
@@ -41,7 +42,7 @@ std::vector<SettingProblem> LoadClientOptions(Settings& settings, modINI& ini, c
 void SaveSettings(const Settings& settings, modINI& ini, const std::string& folder);
 void SaveClientOptions(const Settings& settings, modINI& ini, const std::string& folder);
 
-// One message for the user about all the problems found in the file; empty when there are none.
-std::string ProblemText(const std::vector<SettingProblem>& problems, const std::string& iniPath);
+// The problems found in the file, each on a line of its own for standard error.
+std::string ProblemLines(const std::vector<SettingProblem>& problems, const std::string& iniPath);
 
 } // namespace tarveth

@@ -121,13 +121,21 @@ TEST_F(SettingsValues, AValueThatIsNoNumberCountsAs0AndIsAProblem) {
               (SettingProblem{"Options", "GameBoard", "crown", "\"crown\" is not a number; 0 is used."}));
 }
 
-TEST_F(SettingsValues, ProblemsBecomeOneReadableText) {
+TEST_F(SettingsValues, AnEmptyNumberKeepsItsDefaultAndIsAProblem) {
+    EXPECT_EQ(Start("[Options]\r\nGameBoard=\r\nZOCRight=  \r\n[BoardWhite]\r\nR=\"\"\r\n"), Settings());
+    ASSERT_EQ(problems.size(), 3U);
+    EXPECT_EQ(problems[0], (SettingProblem{"Options", "GameBoard", "", "\"\" is not a number; 1 is used."}));
+    EXPECT_EQ(problems[2].message, "\"\" is not a number; 255 is used.");
+}
+
+TEST_F(SettingsValues, ProblemsBecomeALineEach) {
     Start("[Options]\r\nGameBoard=99999\r\n[ClientOptions]\r\nUserListFontSize=big\r\n");
-    EXPECT_EQ(ProblemText(problems, "/games/tarveth.ini"),
-              "Not everything in /games/tarveth.ini can be used as it stands:\n"
-              "\n[Options] GameBoard: \"99999\" is not between -32768 and 32767; 1 is used."
-              "\n[ClientOptions] UserListFontSize: \"big\" is not a number; 0 is used.");
-    EXPECT_EQ(ProblemText({}, "/games/tarveth.ini"), "");
+    EXPECT_EQ(ProblemLines(problems, "/games/tarveth.ini"),
+              "tarveth: /games/tarveth.ini: [Options] GameBoard: \"99999\" is not between -32768 and 32767; "
+              "1 is used.\n"
+              "tarveth: /games/tarveth.ini: [ClientOptions] UserListFontSize: \"big\" is not a number; 0 is "
+              "used.\n");
+    EXPECT_EQ(ProblemLines({}, "/games/tarveth.ini"), "");
 }
 
 TEST_F(SettingsValues, AFileThatIsNoIniFileGivesTheDefaults) {

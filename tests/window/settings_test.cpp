@@ -172,19 +172,39 @@ TEST(SettingsFile, CannotMakeTheWindowUnusable) {
     }
 }
 
-TEST(SettingsFile, IsToldWhatIsWrongInItInOneMessage) {
-    const GameFolder folder("[Options]\r\nGameBoard=40000\r\nAnimateMoves=no\r\nZOCRight=yes\r\n"
+TEST(SettingsFile, IsToldOnStandardErrorAloneWhatIsWrongInIt) {
+    const GameFolder folder("[Options]\r\nGameBoard=40000\r\nAnimateMoves=no\r\nZOCRight=yes\r\nHistory=\r\n"
                             "[BoardBlack]\r\nR=99999999999999999999\r\nG=12 or so\r\n");
     GameDesk desk(folder);
     desk.KeepShot("bad-settings");
-    EXPECT_EQ(TheOneMessage(desk),
-              "Not everything in " + (folder.Path() / "tarveth.ini").string() +
-                  " can be used as it stands:\n\n"
-                  "[Options] GameBoard: \"40000\" is not between -32768 and 32767; 1 is used.\n"
-                  "[Options] ZOCRight: \"yes\" is not a number; 0 is used.\n"
-                  "[Options] AnimateMoves: \"no\" is not a number; 0 is used.\n"
-                  "[BoardBlack] R: \"99999999999999999999\" is not between -32768 and 32767; 0 is used.");
+    EXPECT_EQ(desk.program.Windows().size(), 1U) << "no message box";
+    const std::string begin = "tarveth: " + (folder.Path() / "tarveth.ini").string() + ": ";
+    const std::string output = desk.program.Output();
+    for (const char* rest : {"[Options] GameBoard: \"40000\" is not between -32768 and 32767; 1 is used.\n",
+                             "[Options] ZOCRight: \"yes\" is not a number; 0 is used.\n",
+                             "[Options] AnimateMoves: \"no\" is not a number; 0 is used.\n",
+                             "[Options] History: \"\" is not a number; 0 is used.\n",
+                             "[BoardBlack] R: \"99999999999999999999\" is not between -32768 and 32767; 0 is "
+                             "used.\n"})
+        EXPECT_NE(output.find(begin + rest), std::string::npos) << rest << output;
     ExpectAPlayableGame(desk);
+}
+
+TEST(SettingsFile, OfUtf16IsLeftAsItIs) {
+    const std::string wide("\xff\xfe[\0O\0]\0\r\0\n\0", 12);
+    const GameFolder folder(wide);
+    GameDesk desk(folder);
+    EXPECT_EQ(desk.program.Windows().size(), 1U) << "no message box";
+    EXPECT_EQ(desk.Close(), 0);
+    EXPECT_EQ(folder.Read("tarveth.ini"), wide);
+}
+
+TEST(AProgramThatStarts, RemovesWhatAKilledOneLeftInItsFolder) {
+    const GameFolder folder;
+    folder.Write(".tarveth-2147483640-0", "half a game");
+    GameDesk desk(folder);
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / ".tarveth-2147483640-0"));
+    EXPECT_EQ(desk.Close(), 0);
 }
 
 TEST(SettingsFile, NamesPicturesThatAreNone) {
