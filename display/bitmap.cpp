@@ -1,6 +1,9 @@
 #include "display/bitmap.h"
 
+#include <array>
+#include <bit>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace tarveth {
@@ -10,7 +13,7 @@ namespace {
 constexpr std::size_t kFileHeader = 14;
 constexpr std::size_t kInfoHeader = 40;
 constexpr std::uint32_t kUncompressed = 0;
-constexpr std::uint32_t kBitFields = 3; // 32 bits a pixel with channel masks
+constexpr std::uint32_t kBitFields = 3; // 16 or 32 bits a pixel with channel masks
 
 // The bytes, read as little-endian numbers within their bounds.
 class Reader {
@@ -39,6 +42,17 @@ private:
     std::span<const std::uint8_t> bytes_;
 };
 
+// Where a pixel's number holds one of its colours.
+struct Channel {
+    unsigned shift = 0;
+    std::uint32_t most = 0; // the largest value; 0 where the picture lacks this colour
+
+    int Of(std::uint32_t pixel) const {
+        const std::uint64_t value = pixel >> shift & most;
+        return most == 0 ? 0 : static_cast<int>((value * 255 + most / 2) / most);
+    }
+};
+
 struct Header {
     int width = 0;
     int height = 0;
@@ -47,6 +61,7 @@ struct Header {
     std::size_t pixelsOffset = 0;
     std::size_t paletteOffset = 0;
     std::uint32_t paletteSize = 0;
+    std::optional<std::array<Channel, 3>> channels; // red, green, blue, where masks tell them
 };
 
 void CheckSize(std::int64_t width, std::int64_t height) {
@@ -57,12 +72,29 @@ void CheckSize(std::int64_t width, std::int64_t height) {
                           std::to_string(kLargestPicture) + " pixels an edge");
 }
 
-// 32-bit pictures may say where their channels are; only the usual places are read.
-void CheckChannels(const Reader& reader) {
-    constexpr std::size_t masks = kFileHeader + kInfoHeader;
-    if (reader.Number(masks, 4) != 0xFF0000 || reader.Number(masks + 4, 4) != 0xFF00 ||
-        reader.Number(masks + 8, 4) != 0xFF)
+// The bits of a mask stand side by side.
+Channel ChannelOf(std::uint32_t mask) {
+    if (mask == 0)
+        return {};
+    const auto shift = static_cast<unsigned>(std::countr_zero(mask));
+    const std::uint32_t most = mask >> shift;
+    if ((most & (most + 1)) != 0)
         throw BitmapError("has an unusual order of colours");
+    return {shift, most};
+}
+
+// Pictures of 16 bits have 5 for each colour, unless masks say otherwise.
+std::optional<std::array<Channel, 3>> ReadChannels(const Reader& reader, unsigned bits,
+                                                   std::uint32_t compression) {
+    constexpr std::size_t masks = kFileHeader + kInfoHeader;
+    if (compression == kBitFields && (bits == 16 || bits == 32))
+        return std::array{ChannelOf(reader.Number(masks, 4)), ChannelOf(reader.Number(masks + 4, 4)),
+                          ChannelOf(reader.Number(masks + 8, 4))};
+    if (compression != kUncompressed)
+        throw BitmapError("is a compressed BMP file; save it uncompressed");
+    if (bits == 16)
+        return std::array{ChannelOf(0x7C00), ChannelOf(0x3E0), ChannelOf(0x1F)};
+    return std::nullopt;
 }
 
 Header ReadHeader(const Reader& reader) {
@@ -79,11 +111,7 @@ Header ReadHeader(const Reader& reader) {
     header.width = reader.Signed(18);
     header.height = static_cast<int>(height < 0 ? -height : height);
     header.bitsPerPixel = reader.Number(28, 2);
-    const std::uint32_t compression = reader.Number(30, 4);
-    if (compression == kBitFields && header.bitsPerPixel == 32)
-        CheckChannels(reader);
-    else if (compression != kUncompressed)
-        throw BitmapError("is a compressed BMP file; save it uncompressed");
+    header.channels = ReadChannels(reader, header.bitsPerPixel, reader.Number(30, 4));
     header.pixelsOffset = reader.Number(10, 4);
     header.paletteOffset = kFileHeader + infoSize;
     header.paletteSize = reader.Number(46, 4);
@@ -105,11 +133,19 @@ std::vector<Pixel> ReadPalette(const Reader& reader, const Header& header) {
     return palette;
 }
 
+Pixel MaskedColour(const Reader& pixel, std::size_t bytes, const std::array<Channel, 3>& channels) {
+    const std::uint32_t value = pixel.Number(0, bytes);
+    return Rgb(channels[0].Of(value), channels[1].Of(value), channels[2].Of(value));
+}
+
 void DecodeRow(const std::uint8_t* from, Pixel* to, const Header& header, const std::vector<Pixel>& palette) {
     const unsigned bits = header.bitsPerPixel;
     for (unsigned x = 0; x < static_cast<unsigned>(header.width); ++x) {
-        if (bits >= 24) {
-            to[x] = ColourAt(from + std::size_t{bits / 8} * x);
+        if (bits >= 16) {
+            const std::size_t size = bits / 8;
+            const std::uint8_t* pixel = from + size * x;
+            to[x] = header.channels ? MaskedColour(Reader({pixel, size}), size, *header.channels)
+                                    : ColourAt(pixel);
             continue;
         }
         const unsigned perByte = 8 / bits;
@@ -124,8 +160,9 @@ PixelBuffer ReadBitmap(std::span<const std::uint8_t> bytes) {
     const Reader reader(bytes);
     const Header header = ReadHeader(reader);
     const unsigned bits = header.bitsPerPixel;
-    if (bits != 1 && bits != 4 && bits != 8 && bits != 24 && bits != 32)
-        throw BitmapError("has " + std::to_string(bits) + " bits a pixel; 1, 4, 8, 24 and 32 are supported");
+    if (bits != 1 && bits != 4 && bits != 8 && bits != 16 && bits != 24 && bits != 32)
+        throw BitmapError("has " + std::to_string(bits) +
+                          " bits a pixel; 1, 4, 8, 16, 24 and 32 are supported");
     const std::vector<Pixel> palette = bits <= 8 ? ReadPalette(reader, header) : std::vector<Pixel>{};
 
     const std::size_t stride = (std::size_t{bits} * static_cast<std::size_t>(header.width) + 31) / 32 * 4;

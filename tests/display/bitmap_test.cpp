@@ -173,6 +173,64 @@ TEST(Bitmap, ThirtyTwoBitsMaySayThatTheirChannelsAreInTheUsualPlaces) {
     EXPECT_EQ(RefusalOf(file.Write()), "has an unusual order of colours");
 }
 
+// One row of these numbers, and seven of zeros; with masks for red, green and blue unless they are none.
+File OfNumbers(unsigned bits, const std::vector<std::uint32_t>& masks, std::vector<std::uint32_t> numbers) {
+    File file;
+    file.height = -8;
+    file.bits = bits;
+    file.compression = masks.empty() ? 0 : 3;
+    for (const std::uint32_t mask : masks)
+        Append(file.afterHeader, mask, 4);
+    numbers.resize(64, 0);
+    for (const std::uint32_t number : numbers)
+        Append(file.pixels, number, static_cast<int>(bits / 8));
+    return file;
+}
+
+void ExpectPixels(const File& file, const std::vector<Pixel>& pixels) {
+    const PixelBuffer picture = ReadBitmap(file.Write());
+    for (int x = 0; x < static_cast<int>(pixels.size()); ++x)
+        EXPECT_EQ(picture.At(x, 0), pixels[static_cast<std::size_t>(x)]) << x;
+    EXPECT_EQ(picture.At(0, 1), Rgb(0, 0, 0));
+}
+
+TEST(Bitmap, SixteenBitsAPixelAreFiveForEachColour) {
+    ExpectPixels(OfNumbers(16, {}, {0x7C00, 0x03E0, 0x001F, 0x7FFF, 0x8000, 0x4210, 0x0421}),
+                 {Rgb(255, 0, 0), Rgb(0, 255, 0), Rgb(0, 0, 255), Rgb(255, 255, 255), Rgb(0, 0, 0),
+                  Rgb(132, 132, 132), Rgb(8, 8, 8)});
+}
+
+TEST(Bitmap, SixteenBitsMayBeSixForGreen) {
+    ExpectPixels(
+        OfNumbers(16, {0xF800, 0x07E0, 0x001F}, {0xF800, 0x07E0, 0x001F, 0xFFFF, 0x0020, 0x0400}),
+        {Rgb(255, 0, 0), Rgb(0, 255, 0), Rgb(0, 0, 255), Rgb(255, 255, 255), Rgb(0, 4, 0), Rgb(0, 130, 0)});
+}
+
+TEST(Bitmap, SixteenBitsMayHaveAnyOtherMasks) {
+    ExpectPixels(OfNumbers(16, {0x000F, 0x00F0, 0x0F00}, {0x000F, 0x00F0, 0x0F00, 0x0021}),
+                 {Rgb(255, 0, 0), Rgb(0, 255, 0), Rgb(0, 0, 255), Rgb(17, 34, 0)});
+    ExpectPixels(OfNumbers(16, {0x8000, 0x7FFE, 0}, {0x8000, 0x7FFE, 0xFFFF}),
+                 {Rgb(255, 0, 0), Rgb(0, 255, 0), Rgb(255, 255, 0)});
+}
+
+TEST(Bitmap, ThirtyTwoBitsMayHaveAnyMasks) {
+    ExpectPixels(OfNumbers(32, {0xFF, 0xFF00, 0xFF0000}, {0x030201, 0xFF00FF00}),
+                 {Rgb(1, 2, 3), Rgb(0, 255, 0)});
+    ExpectPixels(OfNumbers(32, {0x3FF00000, 0xFFC00, 0x3FF}, {0x3FF00000, 0x80000, 0x3FF}),
+                 {Rgb(255, 0, 0), Rgb(0, 128, 0), Rgb(0, 0, 255)});
+    ExpectPixels(OfNumbers(32, {0xFFFFFFFF, 0, 0}, {0xFFFFFFFF, 0x80000000}),
+                 {Rgb(255, 0, 0), Rgb(128, 0, 0)});
+}
+
+TEST(Bitmap, MasksWithHolesAreRefused) {
+    for (const std::uint32_t mask : {0x5U, 0xF0F0U, 0x80000001U}) {
+        EXPECT_EQ(RefusalOf(OfNumbers(32, {mask, 0xFF00, 0xFF}, {}).Write()),
+                  "has an unusual order of colours");
+        EXPECT_EQ(RefusalOf(OfNumbers(16, {0xF800, 0x07E0, mask}, {}).Write()),
+                  "has an unusual order of colours");
+    }
+}
+
 TEST(Bitmap, APaletteMayBeShorterThanAllItsColours) {
     File file = FourBits();
     file.coloursUsed = 8;
@@ -208,11 +266,11 @@ TEST(Bitmap, CompressedPicturesAreRefused) {
 }
 
 TEST(Bitmap, OtherDepthsAreRefused) {
-    for (const unsigned bits : {0U, 2U, 3U, 16U, 64U, 65535U}) {
+    for (const unsigned bits : {0U, 2U, 3U, 15U, 64U, 65535U}) {
         File file = TrueColour();
         file.bits = bits;
         EXPECT_EQ(RefusalOf(file.Write()),
-                  "has " + std::to_string(bits) + " bits a pixel; 1, 4, 8, 24 and 32 are supported");
+                  "has " + std::to_string(bits) + " bits a pixel; 1, 4, 8, 16, 24 and 32 are supported");
     }
 }
 
