@@ -101,7 +101,7 @@ for argument in "$@"; do
         exit
         ;;
     *)
-        if [[ " ${ALL_PARTS[*]} " != *" $argument "* ]]; then
+        if ! declare -F "test_$argument" >/dev/null; then
             echo "test.sh has no part called \"$argument\"; its parts are: ${ALL_PARTS[*]}. See ./test.sh --help." >&2
             exit 2
         fi
