@@ -19,8 +19,8 @@ struct BitmapError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// Decodes an uncompressed BMP of 1, 4, 8, 16, 24 or 32 bits a pixel, those of 16 and 32 with any masks, either
-// way up, of kSmallestPicture to kLargestPicture pixels an edge. Throws BitmapError for anything else.
+// Decodes an uncompressed BMP of 1, 4, 8, 16, 24 or 32 bits a pixel, those of 16 and 32 with any masks,
+// either way up, of kSmallestPicture to kLargestPicture pixels an edge. Throws BitmapError for anything else.
 PixelBuffer ReadBitmap(std::span<const std::uint8_t> bytes);
 
 } // namespace tarveth
