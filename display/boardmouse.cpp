@@ -14,7 +14,7 @@ Square BoardMouse::SquareUnder(double x, double y) const {
 }
 
 void BoardMouse::MouseDown(MouseButton button, double x, double y) {
-    if (button == MouseButton::Right && settings_.ZOCRight != 0)
+    if (button == MouseButton::Right && settings_.ShowsZoneOnRightClick())
         zones_.ShowZoneAt(SquareUnder(x, y));
 }
 

@@ -6,7 +6,7 @@
 #include "platform/posix/profile_text.h"
 #include "platform/profile_integer.h"
 #include "platform/profile_line.h"
-#include "storage/settingsfile.h"
+#include "storage/settings_table.h"
 #include "text/val.h"
 
 #include <optional>
@@ -18,10 +18,10 @@ namespace tarveth {
 
 using IniValues = std::vector<std::optional<std::string>>;
 
-inline IniValues ReadIniValues(const platform::ProfileText& text, const std::vector<SettingName>& names) {
+inline IniValues ReadIniValues(const platform::ProfileText& text) {
     IniValues values;
-    for (const SettingName& name : names) {
-        const auto value = text.Find(name.section, name.key);
+    for (const SettingRow& setting : kSettings) {
+        const auto value = text.Find(setting.section, setting.key);
         values.push_back(value ? std::optional<std::string>(*value) : std::nullopt);
     }
     return values;
@@ -38,26 +38,26 @@ inline bool NumberHolds(const std::string& text) {
 // What is broken for a file of these bytes, whose first line is also the value written; nothing if all is
 // well.
 inline std::string IniFault(std::string_view bytes) {
-    const std::vector<SettingName> names = AllSettingNames();
-    const std::size_t chosen = bytes.size() % names.size();
+    const std::size_t index = bytes.size() % kSettings.size();
+    const SettingRow& chosen = kSettings[index];
     const std::string value(bytes.substr(0, bytes.find_first_of("\r\n")));
     platform::ProfileText text{std::string(bytes)};
-    IniValues expected = ReadIniValues(text, names);
+    IniValues expected = ReadIniValues(text);
     for (const auto& read : expected)
         if (read && !NumberHolds(*read))
             return "a number is wrong";
 
-    const bool written = text.Put(names[chosen].section, names[chosen].key, value);
+    const bool written = text.Put(chosen.section, chosen.key, value);
     if (written != (value.find('\0') == std::string::npos))
         return "a line was refused or accepted wrongly";
     if (!written && text.Text() != bytes)
         return "a refused write changed the file";
     if (written)
-        expected[chosen] = platform::BareValue(value);
-    if (ReadIniValues(text, names) != expected)
+        expected[index] = platform::BareValue(value);
+    if (ReadIniValues(text) != expected)
         return "a value did not read back, or another one changed";
     const std::string once = text.Text();
-    text.Put(names[chosen].section, names[chosen].key, value);
+    text.Put(chosen.section, chosen.key, value);
     return text.Text() == once ? "" : "the second write of a value changed the file";
 }
 

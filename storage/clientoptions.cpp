@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <variant>
 
 namespace tarveth {
 
@@ -12,15 +13,19 @@ namespace {
 
 constexpr std::string_view kSchemeEnding = ".tps";
 
-// Which option goes with which setting; `copy` is called with each pair in turn.
-template <typename Options, typename Configured, typename Copy>
-void ForEachPair(Options& options, Configured& settings, Copy copy) {
-    copy(options.PlayOptions[0], settings.AnimateMoves);
-    copy(options.PlayOptions[1], settings.GridLabels);
-    copy(options.PlayOptions[2], settings.ZOCRight);
-    copy(options.PlayOptions[3], settings.History);
-    copy(options.PlayOptions[4], settings.AutoSaveLog);
-    copy(options.PlaySounds[0], settings.UseNewUserSound);
+// Calls `copy` with each check box of a page and its setting in turn.
+template <OptionsPage page, typename Values, typename Copy>
+void ForEachCheckBox(Values& values, Settings& settings, Copy copy) {
+    static constexpr auto kBoxes = CheckBoxesOf<page>();
+    for (std::size_t i = 0; i < kBoxes.size(); ++i)
+        copy(values[i], *std::get<std::int16_t*>(kBoxes[i]->member(settings)));
+}
+
+// Calls `copy` with each option and its setting in turn.
+template <typename Options, typename Copy>
+void ForEachPair(Options& options, Settings& settings, Copy copy) {
+    ForEachCheckBox<kPlayPage>(options.PlayOptions, settings, copy);
+    ForEachCheckBox<kSoundPage>(options.PlaySounds, settings, copy);
     copy(options.Sounds[0], settings.NewUserSound);
     copy(options.Sounds[1], settings.SoundVictor);
     copy(options.Sounds[2], settings.SoundLoser);
@@ -53,7 +58,8 @@ bool HasSchemeEnding(std::string_view name) {
 } // namespace
 
 void CopyFromSettings(ClientOptions& options, const Settings& settings) {
-    ForEachPair(options, settings, [](auto& option, const auto& setting) { option = setting; });
+    Settings copied = settings; // the table of settings gives members that may be changed
+    ForEachPair(options, copied, [](auto& option, const auto& setting) { option = setting; });
 }
 
 void CopyToSettings(const ClientOptions& options, Settings& settings) {

@@ -4,6 +4,7 @@
 
 #include "storage/schemes.h"
 #include "storage/settings.h"
+#include "storage/settings_table.h"
 
 #include <array>
 #include <cstddef>
@@ -12,15 +13,14 @@
 
 namespace tarveth {
 
-inline constexpr char kNoPicture[] = "[none]"; // the name of a picture or scheme that is not there
-inline constexpr char kBeep[] = "<beep>";      // how a sound without a file is shown
+inline constexpr char kBeep[] = "<beep>"; // how a sound without a file is shown
 
 struct ClientOptions {
-    std::array<std::int16_t, 5> PlayOptions{}; // animation, grid labels, zones by right click, history, log
-    std::array<std::int16_t, 1> PlaySounds{};  // when a new user arrives
-    std::array<std::string, 3> Sounds;         // new user, victory, defeat
-    std::array<std::int32_t, 4> SampleColor{}; // mine, the opponent's, the system's, everybody else's
-    std::array<std::string, 3> SampleFontName; // transcript, user list, chat text
+    std::array<std::int16_t, CountCheckBoxes(kPlayPage)> PlayOptions{}; // the page's check boxes, in order
+    std::array<std::int16_t, CountCheckBoxes(kSoundPage)> PlaySounds{};
+    std::array<std::string, 3> Sounds;            // new user, victory, defeat
+    std::array<std::int32_t, 4> SampleColor{};    // mine, the opponent's, the system's, everybody else's
+    std::array<std::string, 3> SampleFontName;    // transcript, user list, chat text
     std::array<std::int16_t, 3> SampleFontSize{}; // points
     std::string PictureScheme = kNoPicture;
     PictureNames BluePics, RedPics;

@@ -41,7 +41,7 @@ void GameRecord::BeginReceivedRecord() {
 }
 
 void GameRecord::WriteLog() {
-    if (settings_.AutoSaveLog == 0)
+    if (!settings_.SavesLogAtGameEnd())
         return;
     try {
         WriteGameLog(game_, LogPath());

@@ -9,6 +9,8 @@
 
 namespace tarveth {
 
+inline constexpr char kNoPicture[] = "[none]"; // stands for a picture or a scheme where there is none
+
 // The colour of one kind of board square; meant to be 0 to 255, kept as read.
 struct BoardColor {
     std::int16_t R = 0;
@@ -18,7 +20,8 @@ struct BoardColor {
     friend bool operator==(const BoardColor&, const BoardColor&) = default;
 };
 
-// Yes-or-no settings hold the number that was read: -1 is written for yes, and any other than 0 means it.
+// A yes-or-no setting holds the number that was read, so that a 1 written by hand stays 1: 0 is no, any other
+// number is yes, and the program itself writes -1. The questions below ask for what they mean.
 // Colours are red + green * 256 + blue * 65536.
 // NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding): the members stand in the order of the file
 struct Settings : GameOptions {
@@ -34,9 +37,9 @@ struct Settings : GameOptions {
     std::string SoundVictor;
     std::string SoundLoser;
 
-    std::string PictureScheme = "[none]";
-    std::array<std::string, 4> BluePics = {"", "[none]", "[none]", "[none]"}; // by PieceKind, 1 to 3
-    std::array<std::string, 4> RedPics = {"", "[none]", "[none]", "[none]"};
+    std::string PictureScheme = kNoPicture;
+    std::array<std::string, 4> BluePics = {"", kNoPicture, kNoPicture, kNoPicture}; // by PieceKind, 1 to 3
+    std::array<std::string, 4> RedPics = {"", kNoPicture, kNoPicture, kNoPicture};
 
     BoardColor BoardBlack = {0, 0, 0};
     BoardColor BoardWhite = {255, 255, 255};
@@ -53,6 +56,12 @@ struct Settings : GameOptions {
     std::int16_t ChatTextFontSize = 8;
 
     friend bool operator==(const Settings&, const Settings&) = default;
+
+    bool ShowsZoneOnRightClick() const { return ZOCRight != 0; }
+    bool ShowsGridLabels() const { return GridLabels != 0; }
+    bool ShowsHistory() const { return History != 0; }
+    bool SavesLogAtGameEnd() const { return AutoSaveLog != 0; }
+    bool PlaysNewUserSound() const { return UseNewUserSound != 0; }
 };
 
 } // namespace tarveth

@@ -1,67 +1,16 @@
 #include "storage/settingsfile.h"
 
 #include "platform/profile_integer.h"
+#include "storage/settings_table.h"
 #include "text/trim.h"
 
 #include <limits>
-#include <span>
 #include <string_view>
 #include <variant>
 
 namespace tarveth {
 
 namespace {
-
-using Member = std::variant<std::int16_t*, std::int32_t*, std::string*>;
-
-// One setting: its place in the file and its place in the settings. Reader and writer go through the same
-// rows.
-struct Row {
-    const char* section;
-    const char* key;
-    Member (*member)(Settings&);
-};
-
-constexpr Row kSettings[] = {
-    {"Options", "GameBoard", [](Settings& s) -> Member { return &s.BoardVariant; }},
-    {"Options", "ZOCRight", [](Settings& s) -> Member { return &s.ZOCRight; }},
-    {"Options", "GridLabels", [](Settings& s) -> Member { return &s.GridLabels; }},
-    {"Options", "AnimateMoves", [](Settings& s) -> Member { return &s.AnimateMoves; }},
-    {"Options", "History", [](Settings& s) -> Member { return &s.History; }},
-    {"Options", "AutoSaveLog", [](Settings& s) -> Member { return &s.AutoSaveLog; }},
-    {"Options", "Nickname", [](Settings& s) -> Member { return &s.Nickname; }},
-    {"Sounds", "UseNewUserSound", [](Settings& s) -> Member { return &s.UseNewUserSound; }},
-    {"Sounds", "NewUserSound", [](Settings& s) -> Member { return &s.NewUserSound; }},
-    {"Sounds", "NewUserSoundDelay", [](Settings& s) -> Member { return &s.NewUserSoundDelay; }},
-    {"Sounds", "SoundVictor", [](Settings& s) -> Member { return &s.SoundVictor; }},
-    {"Sounds", "SoundLoser", [](Settings& s) -> Member { return &s.SoundLoser; }},
-    {"Pictures", "PictureScheme", [](Settings& s) -> Member { return &s.PictureScheme; }},
-    {"Pictures", "1Blue", [](Settings& s) -> Member { return &s.BluePics[1]; }},
-    {"Pictures", "2Blue", [](Settings& s) -> Member { return &s.BluePics[2]; }},
-    {"Pictures", "3Blue", [](Settings& s) -> Member { return &s.BluePics[3]; }},
-    {"Pictures", "1Red", [](Settings& s) -> Member { return &s.RedPics[1]; }},
-    {"Pictures", "2Red", [](Settings& s) -> Member { return &s.RedPics[2]; }},
-    {"Pictures", "3Red", [](Settings& s) -> Member { return &s.RedPics[3]; }},
-    {"BoardBlack", "R", [](Settings& s) -> Member { return &s.BoardBlack.R; }},
-    {"BoardBlack", "G", [](Settings& s) -> Member { return &s.BoardBlack.G; }},
-    {"BoardBlack", "B", [](Settings& s) -> Member { return &s.BoardBlack.B; }},
-    {"BoardWhite", "R", [](Settings& s) -> Member { return &s.BoardWhite.R; }},
-    {"BoardWhite", "G", [](Settings& s) -> Member { return &s.BoardWhite.G; }},
-    {"BoardWhite", "B", [](Settings& s) -> Member { return &s.BoardWhite.B; }},
-};
-
-constexpr Row kClientOptions[] = {
-    {"ClientOptions", "TranscriptFontName", [](Settings& s) -> Member { return &s.TranscriptFontName; }},
-    {"ClientOptions", "TranscriptFontSize", [](Settings& s) -> Member { return &s.TranscriptFontSize; }},
-    {"ClientOptions", "TranscriptMyColor", [](Settings& s) -> Member { return &s.TranscriptMyColor; }},
-    {"ClientOptions", "TranscriptOppColor", [](Settings& s) -> Member { return &s.TranscriptOppColor; }},
-    {"ClientOptions", "TranscriptSysColor", [](Settings& s) -> Member { return &s.TranscriptSysColor; }},
-    {"ClientOptions", "TranscriptColor", [](Settings& s) -> Member { return &s.TranscriptColor; }},
-    {"ClientOptions", "UserListFontName", [](Settings& s) -> Member { return &s.UserListFontName; }},
-    {"ClientOptions", "UserListFontSize", [](Settings& s) -> Member { return &s.UserListFontSize; }},
-    {"ClientOptions", "ChatTextFontName", [](Settings& s) -> Member { return &s.ChatTextFontName; }},
-    {"ClientOptions", "ChatTextFontSize", [](Settings& s) -> Member { return &s.ChatTextFontSize; }},
-};
 
 // Registers a row's section when it is another than the last one's.
 class SectionRegister {
@@ -122,11 +71,23 @@ struct Writer {
     }
 };
 
-std::vector<SettingProblem> Load(std::span<const Row> rows, Settings& settings, modINI& ini,
-                                 const std::string& folder) {
+// Which rows of the table one procedure reads or writes.
+using Choice = bool (*)(const SettingRow&);
+
+bool IsClientOption(const SettingRow& row) {
+    return row.section == std::string_view("ClientOptions");
+}
+
+bool IsNoClientOption(const SettingRow& row) {
+    return !IsClientOption(row);
+}
+
+std::vector<SettingProblem> Load(Choice chosen, Settings& settings, modINI& ini, const std::string& folder) {
     std::vector<SettingProblem> problems;
     SectionRegister sections(ini, folder);
-    for (const Row& row : rows) {
+    for (const SettingRow& row : kSettings) {
+        if (!chosen(row))
+            continue;
         sections.Enter(row.section);
         Reader reader{ini, row.key};
         std::string wrong = std::visit(reader, row.member(settings));
@@ -136,9 +97,11 @@ std::vector<SettingProblem> Load(std::span<const Row> rows, Settings& settings, 
     return problems;
 }
 
-void Save(std::span<const Row> rows, Settings settings, modINI& ini, const std::string& folder) {
+void Save(Choice chosen, Settings settings, modINI& ini, const std::string& folder) {
     SectionRegister sections(ini, folder);
-    for (const Row& row : rows) {
+    for (const SettingRow& row : kSettings) {
+        if (!chosen(row))
+            continue;
         sections.Enter(row.section);
         std::visit(Writer{ini, row.key}, row.member(settings));
     }
@@ -146,33 +109,24 @@ void Save(std::span<const Row> rows, Settings settings, modINI& ini, const std::
 
 } // namespace
 
-std::vector<SettingName> AllSettingNames() {
-    std::vector<SettingName> names;
-    for (const std::span<const Row> rows :
-         {std::span<const Row>(kSettings), std::span<const Row>(kClientOptions)})
-        for (const Row& row : rows)
-            names.push_back({row.section, row.key});
-    return names;
-}
-
 void SetDefaultSettings(Settings& settings) {
     settings = Settings();
 }
 
 std::vector<SettingProblem> LoadSettings(Settings& settings, modINI& ini, const std::string& folder) {
-    return Load(kSettings, settings, ini, folder);
+    return Load(IsNoClientOption, settings, ini, folder);
 }
 
 std::vector<SettingProblem> LoadClientOptions(Settings& settings, modINI& ini, const std::string& folder) {
-    return Load(kClientOptions, settings, ini, folder);
+    return Load(IsClientOption, settings, ini, folder);
 }
 
 void SaveSettings(const Settings& settings, modINI& ini, const std::string& folder) {
-    Save(kSettings, settings, ini, folder);
+    Save(IsNoClientOption, settings, ini, folder);
 }
 
 void SaveClientOptions(const Settings& settings, modINI& ini, const std::string& folder) {
-    Save(kClientOptions, settings, ini, folder);
+    Save(IsClientOption, settings, ini, folder);
 }
 
 std::string ProblemLines(const std::vector<SettingProblem>& problems, const std::string& iniPath) {

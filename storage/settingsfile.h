@@ -22,14 +22,6 @@ struct SettingProblem {
     friend bool operator==(const SettingProblem&, const SettingProblem&) = default;
 };
 
-struct SettingName {
-    const char* section;
-    const char* key;
-};
-
-// Every setting's place in the file: those of LoadSettings in their order, then those of LoadClientOptions.
-std::vector<SettingName> AllSettingNames();
-
 // Gives every setting its built-in value.
 void SetDefaultSettings(Settings& settings);
 

@@ -18,7 +18,7 @@ void Sounds::GameEndSound(bool localPlayerWon) {
 }
 
 void Sounds::NewUserSound() {
-    if (settings_.UseNewUserSound == 0)
+    if (!settings_.PlaysNewUserSound())
         return;
     if (!platform::FileExists(settings_.NewUserSound)) {
         port_.Beep();

@@ -97,7 +97,7 @@ LayoutMetrics frmMain::Metrics() const {
     LayoutMetrics metrics;
     metrics.margin = FromDIP(metrics.margin);
     metrics.gap = FromDIP(metrics.gap);
-    if (parts_ && parts_->settings.GridLabels != 0) {
+    if (parts_ && parts_->settings.ShowsGridLabels()) {
         metrics.gridWidth = letter.x + FromDIP(8);
         metrics.gridHeight = letter.y + FromDIP(2);
     }
@@ -141,7 +141,7 @@ void frmMain::LayOut() {
 
 void frmMain::ApplyDisplaySettings() {
     ShowGridLabels();
-    const bool history = parts_->settings.History != 0;
+    const bool history = parts_->settings.ShowsHistory();
     if (history && lstHistory == nullptr)
         CreateHistory();
     if (lstHistory != nullptr)
@@ -151,7 +151,7 @@ void frmMain::ApplyDisplaySettings() {
 }
 
 void frmMain::ShowGridLabels() {
-    const bool visible = parts_->settings.GridLabels != 0;
+    const bool visible = parts_->settings.ShowsGridLabels();
     if (visible && lblGrid[0] == nullptr)
         CreateGridLabels();
     if (lblGrid[0] != nullptr)

@@ -62,7 +62,8 @@ void frmClientOptions::Load() {
     Options.Canceled = true;
     for (std::size_t i = 0; i < chkPlayOptions.size(); ++i)
         chkPlayOptions[i]->SetValue(Options.PlayOptions[i] != 0);
-    chkSounds->SetValue(Options.PlaySounds[0] != 0);
+    for (std::size_t i = 0; i < chkSounds.size(); ++i)
+        chkSounds[i]->SetValue(Options.PlaySounds[i] != 0);
     for (std::size_t i = 0; i < txtSample.size(); ++i)
         ShowSample(i);
     for (std::size_t i = 0; i < txtSampleFont.size(); ++i)

@@ -5,8 +5,11 @@
 #include "display/piecepictures.h"
 #include "storage/clientoptions.h"
 #include "storage/gamefiles.h"
+#include "storage/settings_table.h"
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -44,13 +47,15 @@ private:
     };
 
     void CreatePages();
-    wxPanel* NewPage(std::size_t page);
+    wxPanel* NewPage(OptionsPage page);
     void CreatePlayPage();
     void CreateChatPage();
     void CreateSoundPage();
     void CreatePicturePage();
     wxSizer* NewSchemeRow(wxWindow* page);
     wxSizer* NewButtons();
+    wxCheckBox* AddCheckBox(wxWindow* page, wxSizer& rows, const std::string& given,
+                            const SettingRow& setting, std::int16_t& value);
     void AddSampleRow(wxWindow* page, wxSizer& rows, std::size_t i);
     void AddFontRow(wxWindow* page, wxFlexGridSizer& rows, std::size_t i);
     void AddSoundRow(wxWindow* page, wxFlexGridSizer& rows, std::size_t i);
@@ -85,11 +90,11 @@ private:
     PiecePictures pictures_; // those that the options name
 
     wxChoice* cmbOptions = nullptr;
-    std::array<wxPanel*, 4> fraOptions{};
-    std::array<wxCheckBox*, 5> chkPlayOptions{};
+    std::array<wxPanel*, 4> fraOptions{}; // by OptionsPage
+    std::array<wxCheckBox*, CountCheckBoxes(kPlayPage)> chkPlayOptions{};
     std::array<wxTextCtrl*, 4> txtSample{};
     std::array<wxTextCtrl*, 3> txtSampleFont{};
-    wxCheckBox* chkSounds = nullptr;
+    std::array<wxCheckBox*, CountCheckBoxes(kSoundPage)> chkSounds{};
     std::array<wxTextCtrl*, 3> txtSound{};
     wxTextCtrl* txtPictureScheme = nullptr;
     std::array<PictureRow, 4> bluePictures_{}; // txtBluePicture(i), by PieceKind

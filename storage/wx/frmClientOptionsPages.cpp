@@ -24,8 +24,6 @@ namespace {
 
 constexpr std::array kPages = {"Play Options", "Chat Font & Color Options", "Sound Options",
                                "Piece Picture Options"};
-constexpr std::array kPlayOptions = {"Animate Moves", "Show Grid Labels", "Show ZOC On Right Click",
-                                     "Show Move History", "Auto-Save Move History At Game End"};
 constexpr std::array kSamples = {"Text that you wrote", "Text that your opponent wrote",
                                  "Text of most system messages", "Everything else (other chatters, etc.)"};
 constexpr std::array kFonts = {"Your current transcript font", "Your current users list font",
@@ -94,7 +92,7 @@ wxSizer* frmClientOptions::NewButtons() {
     return row;
 }
 
-wxPanel* frmClientOptions::NewPage(std::size_t page) {
+wxPanel* frmClientOptions::NewPage(OptionsPage page) {
     fraOptions[page] = new wxPanel(this);
     NameControl(fraOptions[page], Indexed("fraOptions", page), kPages[page]);
     return fraOptions[page];
@@ -121,21 +119,27 @@ wxButton* frmClientOptions::NewButton(wxWindow* page, const wxString& caption, c
 }
 
 void frmClientOptions::CreatePlayPage() {
-    wxPanel* page = NewPage(0);
+    wxPanel* page = NewPage(kPlayPage);
     auto* rows = new wxBoxSizer(wxVERTICAL);
-    for (std::size_t i = 0; i < chkPlayOptions.size(); ++i) {
-        chkPlayOptions[i] = new wxCheckBox(page, wxID_ANY, kPlayOptions[i]);
-        NameControl(chkPlayOptions[i], Indexed("chkPlayOptions", i), kPlayOptions[i]);
-        chkPlayOptions[i]->Bind(wxEVT_CHECKBOX, [this, i](wxCommandEvent& event) {
-            Options.PlayOptions[i] = event.IsChecked() ? -1 : 0;
-        });
-        rows->Add(chkPlayOptions[i], wxSizerFlags().Border(wxBOTTOM, FromDIP(kGap)));
-    }
+    static constexpr auto kBoxes = CheckBoxesOf<kPlayPage>();
+    for (std::size_t i = 0; i < kBoxes.size(); ++i)
+        chkPlayOptions[i] =
+            AddCheckBox(page, *rows, Indexed("chkPlayOptions", i), *kBoxes[i], Options.PlayOptions[i]);
     page->SetSizer(rows);
 }
 
+// A check box that keeps its value in `value`, one of the options.
+wxCheckBox* frmClientOptions::AddCheckBox(wxWindow* page, wxSizer& rows, const std::string& given,
+                                          const SettingRow& setting, std::int16_t& value) {
+    auto* box = new wxCheckBox(page, wxID_ANY, setting.box.caption);
+    NameControl(box, given, setting.box.caption);
+    box->Bind(wxEVT_CHECKBOX, [&value](wxCommandEvent& event) { value = event.IsChecked() ? -1 : 0; });
+    rows.Add(box, wxSizerFlags().Border(wxBOTTOM, FromDIP(kGap)));
+    return box;
+}
+
 void frmClientOptions::CreateChatPage() {
-    wxPanel* page = NewPage(1);
+    wxPanel* page = NewPage(kChatPage);
     const int gap = FromDIP(kGap);
     auto* samples = new wxFlexGridSizer(2, gap / 2, gap);
     samples->AddGrowableCol(0, 1);
@@ -171,12 +175,13 @@ void frmClientOptions::AddFontRow(wxWindow* page, wxFlexGridSizer& rows, std::si
 }
 
 void frmClientOptions::CreateSoundPage() {
-    wxPanel* page = NewPage(2);
+    wxPanel* page = NewPage(kSoundPage);
     const int gap = FromDIP(kGap);
-    chkSounds = new wxCheckBox(page, wxID_ANY, "Play sound when new user logs on to server");
-    NameControl(chkSounds, "chkSounds", chkSounds->GetLabelText());
-    chkSounds->Bind(wxEVT_CHECKBOX,
-                    [this](wxCommandEvent& event) { Options.PlaySounds[0] = event.IsChecked() ? -1 : 0; });
+    auto* rows = new wxBoxSizer(wxVERTICAL);
+    static constexpr auto kBoxes = CheckBoxesOf<kSoundPage>();
+    for (std::size_t i = 0; i < kBoxes.size(); ++i) // the first is known as chkSounds, without a number
+        chkSounds[i] = AddCheckBox(page, *rows, i == 0 ? "chkSounds" : Indexed("chkSounds", i), *kBoxes[i],
+                                   Options.PlaySounds[i]);
     auto* sounds = new wxFlexGridSizer(3, gap / 2, gap);
     sounds->AddGrowableCol(0, 1);
     for (std::size_t i = 0; i < txtSound.size(); ++i)
@@ -193,8 +198,6 @@ void frmClientOptions::CreateSoundPage() {
     delay->Add(txtInput, wxSizerFlags().Border(wxLEFT | wxRIGHT, gap));
     delay->Add(NewLabel(page, "seconds"), wxSizerFlags().CenterVertical());
 
-    auto* rows = new wxBoxSizer(wxVERTICAL);
-    rows->Add(chkSounds, wxSizerFlags().Border(wxBOTTOM, gap));
     rows->Add(sounds, wxSizerFlags().Expand());
     rows->Add(delay, wxSizerFlags().Border(wxTOP, gap));
     page->SetSizer(rows);
@@ -219,7 +222,7 @@ void frmClientOptions::AddSoundRow(wxWindow* page, wxFlexGridSizer& rows, std::s
 }
 
 void frmClientOptions::CreatePicturePage() {
-    wxPanel* page = NewPage(3);
+    wxPanel* page = NewPage(kPicturePage);
     const int gap = FromDIP(kGap);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     rows->Add(NewSchemeRow(page), wxSizerFlags().Expand());

@@ -3,7 +3,7 @@
 #include "engine/rules/captures.h"
 #include "engine/rules/moves.h"
 #include "engine/rules/positiontext.h"
-#include "storage/settingsfile.h"
+#include "storage/settings_table.h"
 #include "tests/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ std::string SectionAbout(const std::string& manual, const std::string& words) {
 
 TEST(Manual, TellsWhatEveryKeyOfTheSettingsFileMeans) {
     const std::string manual = Manual();
-    for (const SettingName& name : AllSettingNames()) {
+    for (const SettingRow& name : kSettings) {
         const std::string section = SectionAbout(manual, '[' + std::string(name.section) + ']');
         EXPECT_NE(section.find("\\c{" + std::string(name.key) + '}'), std::string::npos)
             << '[' << name.section << "] " << name.key;

@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+#include <vector>
+
 namespace tarveth {
 namespace {
 
@@ -46,6 +50,22 @@ ClientOptions OptionsOf(const Settings& settings) {
     ClientOptions options;
     CopyFromSettings(options, settings);
     return options;
+}
+
+template <std::size_t count>
+std::vector<std::string> Captions(const std::array<const SettingRow*, count>& boxes) {
+    std::vector<std::string> captions;
+    for (const SettingRow* row : boxes)
+        captions.emplace_back(row->box.caption);
+    return captions;
+}
+
+TEST(ClientOptions, HaveTheirCheckBoxesInTheOrderOfThePages) {
+    EXPECT_EQ(Captions(CheckBoxesOf<kPlayPage>()),
+              (std::vector<std::string>{"Animate Moves", "Show Grid Labels", "Show ZOC On Right Click",
+                                        "Show Move History", "Auto-Save Move History At Game End"}));
+    EXPECT_EQ(Captions(CheckBoxesOf<kSoundPage>()),
+              std::vector<std::string>{"Play sound when new user logs on to server"});
 }
 
 TEST(ClientOptions, AreFilledFromTheSettings) {

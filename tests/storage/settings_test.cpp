@@ -81,6 +81,7 @@ TEST_F(SettingsValues, AStringIsReadTrimmed) {
 
 TEST_F(SettingsValues, ABooleanWrittenByHandAs1IsReadAs1) {
     EXPECT_EQ(Start("[Options]\r\nHistory=1\r\n").History, 1);
+    EXPECT_TRUE(Start("[Options]\r\nHistory=1\r\n").ShowsHistory());
     EXPECT_TRUE(problems.empty());
 }
 
