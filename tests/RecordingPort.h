@@ -33,7 +33,7 @@ public:
     int boardsSent = 0;
     int returnQuestions = 0;
     PieceKind returnChoice = Pawn; // what ChooseReturn answers
-    int returnSide = 0;            // whose pieces it offered last
+    int returnSide = NoSide;       // whose pieces it offered last
     std::vector<bool> gameEndSounds;
     std::vector<bool> victoriesAnnounced; // true for Blue
     std::vector<std::string> sent;        // in-game messages

@@ -63,7 +63,7 @@ const char* const kSizeRule = "a piece picture measures 8 to 512 pixels an edge.
 TEST(PiecePictures, TheBuiltInOnesAre64PixelsWideAndAllDifferent) {
     const PiecePictures pictures;
     std::vector<PixelBuffer> all;
-    for (std::size_t kind = 1; kind <= 3; ++kind) {
+    for (std::size_t kind = Master; kind <= Pawn; ++kind) {
         all.push_back(pictures.picDefaultBlue[kind]);
         all.push_back(pictures.picDefaultRed[kind]);
     }
@@ -79,7 +79,7 @@ TEST(PiecePictures, TheBuiltInOnesAre64PixelsWideAndAllDifferent) {
 TEST(PiecePictures, AnEmptyNameGivesTheBuiltInPictureAndSquaresOf64) {
     PictureFolder f;
     EXPECT_TRUE(f.Load().empty());
-    for (std::size_t kind = 1; kind <= 3; ++kind) {
+    for (std::size_t kind = Master; kind <= Pawn; ++kind) {
         EXPECT_TRUE(f.pictures.picBlue[kind] == f.pictures.picDefaultBlue[kind]);
         EXPECT_TRUE(f.pictures.picRed[kind] == f.pictures.picDefaultRed[kind]);
     }

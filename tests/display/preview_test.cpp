@@ -45,7 +45,7 @@ TEST(Preview, OfNothingIsTheGround) {
 TEST(PieceBoard, PutsEachPieceOnASquareOfItsOwn) {
     std::array<PixelBuffer, 4> blue;
     std::array<PixelBuffer, 4> red;
-    for (std::size_t kind = 1; kind <= 3; ++kind) {
+    for (std::size_t kind = Master; kind <= Pawn; ++kind) {
         blue[kind] = PixelBuffer(4, 4, kKeyGreen);
         red[kind] = blue[kind];
         blue[kind].FillBox(1, 1, 2, 2, static_cast<Pixel>(kind));

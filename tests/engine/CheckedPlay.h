@@ -32,7 +32,7 @@ private:
     // What a pass found; its vectors are used again and again.
     struct Position {
         std::vector<PieceRecord> pieces, jail;
-        std::int16_t turn = 0, state = 0;
+        std::int16_t turn = NoSide, state = kReset;
         std::size_t historyLength = 0;
         int beeps = 0;
     };

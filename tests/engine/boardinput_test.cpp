@@ -58,9 +58,9 @@ TEST(Deposit, KeepsTheSquareForTheNextPass) {
     TestGame g("turn B | BM 4D");
     g.main.DepositSquare({4, 4});
     EXPECT_EQ(g.game.PendingSquare(), (Square{4, 4}));
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
 }
 
 TEST(Deposit, OffTheBoardLeavesNothingPendingAndNoMessage) {
@@ -80,7 +80,7 @@ TEST(Deposit, AfterGameOverDoesNothingAtAll) {
     TestGame g("turn B | BM 4D");
     g.net.NetConnected = g.net.InGame = true;
     g.net.PlayingBlue = false;
-    g.game.GameState = 8;
+    g.game.GameState = kGameOver;
     const Game before = g.game;
     g.port.message = "old";
     g.Click("4D");
@@ -98,7 +98,7 @@ TEST(Deposit, OutOfTurnInANetworkGameIsRefused) {
         EXPECT_EQ(g.port.message, "Not your turn.");
         EXPECT_EQ(g.port.beeps, 1);
         EXPECT_EQ(g.game.ClickX, 0);
-        EXPECT_EQ(g.game.GameState, 1);
+        EXPECT_EQ(g.game.GameState, kPickPiece);
     }
 }
 
@@ -108,18 +108,18 @@ TEST(Deposit, InTurnInANetworkGameIsTaken) {
         g.net.NetConnected = g.net.InGame = true;
         g.net.PlayingBlue = playingBlue;
         g.Click("4D");
-        EXPECT_EQ(g.game.GameState, 2);
+        EXPECT_EQ(g.game.GameState, kPlacePiece);
     }
 }
 
 TEST(Deposit, InALocalGameBothPlayersClickAtTheSameScreen) {
     TestGame g("turn R | RM 4D");
     g.Click("4D");
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
     TestGame connectedOnly("turn R | RM 4D");
     connectedOnly.net.NetConnected = true;
     connectedOnly.Click("4D");
-    EXPECT_EQ(connectedOnly.game.GameState, 2);
+    EXPECT_EQ(connectedOnly.game.GameState, kPlacePiece);
 }
 
 TEST(Deposit, AReturnOnATakenSquareIsRefusedAndThePlayerMayClickAgain) {
@@ -131,7 +131,7 @@ TEST(Deposit, AReturnOnATakenSquareIsRefusedAndThePlayerMayClickAgain) {
     EXPECT_EQ(g.port.beeps, 2); // the capture and this
     EXPECT_EQ(g.game.ClickX, 0);
     EXPECT_EQ(g.game.ClickY, 0);
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     g.Click("1B");
     EXPECT_EQ(g.On("1B"), 8);
 }
@@ -150,7 +150,7 @@ TEST(Deposit, AReturnOffTheBoardIsNoMessage) {
     g.port.message = "old";
     g.main.DepositSquare({9, 1});
     EXPECT_EQ(g.port.message, "old");
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
 }
 
 TEST(Deposit, WhileAPieceIsMovingNothingIsTaken) {
@@ -165,7 +165,7 @@ TEST(Deposit, WhileTheReturnIsBeingChosenNothingIsTaken) {
     g.port.onChooseReturn = [&] { g.Click("1A"); };
     g.Move("4D", "4E");
     EXPECT_EQ(g.port.returnQuestions, 1);
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.On("1A"), 0);
 }
 

@@ -83,7 +83,7 @@ TEST(Captures, ThePawnIsTakenAndTheTurnIsOverAtOnce) {
     TestGame g("turn B | BM 4D | RP 4E | jail BP BO");
     g.Click("4D");
     g.ClickOnePass("4E");
-    EXPECT_EQ(g.game.GameState, 5);
+    EXPECT_EQ(g.game.GameState, kTurnOver);
     g.main.RunPasses();
     EXPECT_EQ(g.game.Turn, Red);
 }
@@ -94,7 +94,7 @@ TEST(Captures, AMasterOrOfficerTakenLeadsToTheReturnCheckAfterARedraw) {
         g.Click("4D");
         const int redraws = g.port.redraws;
         g.ClickOnePass("4E");
-        EXPECT_EQ(g.game.GameState, 4) << taken;
+        EXPECT_EQ(g.game.GameState, kAllowReturn) << taken;
         EXPECT_EQ(g.port.prompt, "Allow Return");
         EXPECT_EQ(g.port.redraws, redraws + 1);
     }
@@ -103,7 +103,7 @@ TEST(Captures, AMasterOrOfficerTakenLeadsToTheReturnCheckAfterARedraw) {
 TEST(Returns, ForAnOfficerAPawnComesBack) {
     TestGame g("turn B | BM 4D | RO 4E | jail BO BP");
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.game.Return.ReturnKind, Pawn);
     EXPECT_EQ(g.game.Return.ReturnSlot, 2);
     EXPECT_EQ(g.game.Return.ReturnName(), "Pawn");
@@ -114,7 +114,7 @@ TEST(Returns, ForAnOfficerAPawnComesBack) {
 TEST(Returns, ForAnOfficerNothingComesBackWhenOnlyOfficersAreJailed) {
     TestGame g("turn B | BM 4D | RO 4E | jail BO BO");
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.Turn, Red);
     EXPECT_EQ(g.game.JailCount(), 3);
 }
@@ -122,7 +122,7 @@ TEST(Returns, ForAnOfficerNothingComesBackWhenOnlyOfficersAreJailed) {
 TEST(Returns, ForAMasterAnOfficerComesBackUnaskedWhenOnlyOfficersAreJailed) {
     TestGame g("turn B | BM 4D | RM 4E | jail RO BO BO");
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.game.Return.ReturnKind, Officer);
     EXPECT_EQ(g.game.Return.ReturnSlot, 2);
     EXPECT_EQ(g.game.Return.ReturnName(), "Officer");
@@ -179,7 +179,7 @@ TEST(Returns, TheEarliestJailedOfTheOwnSideIsTheCandidate) {
 TEST(Returns, AJailedMasterIsNeverACandidate) {
     TestGame g("turn B | BM 4D | RM 4E | jail BM BM");
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.Turn, Red);
 }
 
@@ -193,13 +193,13 @@ TEST(Returns, NoneIsDueForAPieceOfTheOwnSide) {
     TestGame g("turn B | BM 4D | BO 4E | jail BP");
     g.Move("4D", "4E");
     EXPECT_EQ(g.game.Turn, Red);
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
 }
 
 TEST(Returns, OneIsDueForAnOpposingPieceTakenByAControlledOne) {
     TestGame g("turn B | BM 4D | RP 5E | RO 5F | jail BP");
     g.Move("5E", "5F");
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.game.Turn, Blue);
 }
 
@@ -207,9 +207,9 @@ TEST(Returns, NoCaptureOnRecordMeansNoReturn) {
     TestGame g("turn B | BM 4D | jail BP BO");
     for (const std::int16_t captured : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{27}}) {
         g.game.Return.CapturedPiece = captured;
-        g.main.SetGameState(4);
+        g.main.SetGameState(kAllowReturn);
         g.main.CheckReturnDue();
-        EXPECT_EQ(g.game.GameState, 5) << captured;
+        EXPECT_EQ(g.game.GameState, kTurnOver) << captured;
     }
 }
 
@@ -222,14 +222,14 @@ TEST(Returns, TheFirstJailedPieceOfTheKindStandsOnTheSquareChosen) {
     EXPECT_EQ(g.game.lstHistory, (Lines{"B:BM 4D-4E cRO", "  BP r2G"}));
     EXPECT_EQ(g.port.message, "Blue Pawn returned to play.");
     EXPECT_EQ(g.game.Turn, Red);
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
 }
 
 TEST(Returns, EndInStateFiveAndRedIsNamedToo) {
     TestGame g("turn R | RM 4D | BM 4E | jail RO");
     g.Move("4D", "4E");
     g.ClickOnePass("1A");
-    EXPECT_EQ(g.game.GameState, 5);
+    EXPECT_EQ(g.game.GameState, kTurnOver);
     EXPECT_EQ(g.port.message, "Red Officer returned to play.");
     EXPECT_EQ(g.port.beeps, 2);
 }
@@ -270,7 +270,7 @@ TEST(Returns, ATakenSquareIsNotReturnedToEvenWhenItWasNotClicked) {
 
 TEST(Returns, WithoutAJailedPieceOrSlotNothingHappens) {
     TestGame g("turn B | BO 1B | BO 1C | BO 1D | BO 1E | jail BP");
-    g.game.GameState = 3;
+    g.game.GameState = kReturnPiece;
     g.game.Return.ReturnKind = Officer;
     g.game.Return.ReturnSlot = 1;
     EXPECT_EQ(ReturnPiece(g.game, {1, 1}), 0);
@@ -319,9 +319,9 @@ TEST(Victory, IsNotYetWithOnePieceLeft) {
 
 TEST(Victory, ThreeJailedMastersEndTheGameAtTheNextPass) {
     TestGame g("turn B | BM 4D | jail RM RM RM");
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 8);
+    EXPECT_EQ(g.game.GameState, kGameOver);
     EXPECT_EQ(g.port.prompt, "Game Over");
     EXPECT_EQ(g.port.message, "Blue has captured all Red's Masters, and wins!");
     EXPECT_EQ(g.game.VictoryText, g.port.message);
@@ -333,9 +333,9 @@ TEST(Victory, ComesInThePassOfTheCaptureBeforeTheReturnCheck) {
     g.net.NetConnected = g.net.InGame = true;
     g.Click("4D");
     g.ClickOnePass("4E");
-    EXPECT_EQ(g.game.GameState, 8);
+    EXPECT_EQ(g.game.GameState, kGameOver);
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 8);
+    EXPECT_EQ(g.game.GameState, kGameOver);
     EXPECT_EQ(g.port.returnQuestions, 0);
     EXPECT_EQ(g.game.JailCount(), 5);
     EXPECT_EQ(g.port.sent, (Lines{"M(4, 4)", "M(4, 5)"}));
@@ -344,16 +344,16 @@ TEST(Victory, ComesInThePassOfTheCaptureBeforeTheReturnCheck) {
 TEST(Victory, TheLastPawnEndsTheGameToo) {
     TestGame g("turn R | RM 4D | BP 4E | jail BO BO BO BO BP BP BP BP BP");
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.GameState, 8);
+    EXPECT_EQ(g.game.GameState, kGameOver);
     EXPECT_EQ(g.port.message, "Red has captured all Blue's Officers and Pawns, and wins!");
 }
 
 TEST(Victory, AReturnThatEmptiesTheJailInTimeKeepsTheGameOn) {
     TestGame g("turn B | BM 4D | RO 4E | BO 1A | jail BP BP BP BP BP BP BO BO BO");
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     g.Click("8H");
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.Turn, Red);
 }
 

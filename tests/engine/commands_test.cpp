@@ -60,7 +60,7 @@ TEST(Commands, NewGameInTheMiddleOfAnAnimationFinishesTheMoveFirst) {
     EXPECT_EQ(g.game.PieceTable, fresh.game.PieceTable);
     EXPECT_EQ(g.game.JailTable, fresh.game.JailTable);
     EXPECT_EQ(g.game.Turn, Blue);
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_TRUE(g.game.lstHistory.empty());
 }
 
@@ -75,7 +75,7 @@ TEST(Commands, NewGameInTheMiddleOfACaptureLeavesNobodyInTheJail) {
     g.Move("4D", "4F");
     EXPECT_EQ(g.game.PieceTable, fresh.game.PieceTable);
     EXPECT_EQ(g.game.JailTable, fresh.game.JailTable);
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.Return.CapturedPiece, 0);
 }
 
@@ -88,9 +88,9 @@ TEST(Commands, NewGameWhileTheReturnIsBeingChosenWaitsForTheChoice) {
     };
     g.Move("4D", "4E");
     EXPECT_EQ(g.game.PieceTable, fresh.game.PieceTable);
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     g.Click("4E");
-    EXPECT_EQ(g.game.GameState, 2) << "play goes on from the new board";
+    EXPECT_EQ(g.game.GameState, kPlacePiece) << "play goes on from the new board";
 }
 
 TEST(Commands, ThatWaitRunInTheOrderTheyCame) {
@@ -130,9 +130,9 @@ TEST(Commands, NoPassRunsAndNoSquareIsTakenInTheMiddleOfOne) {
         EXPECT_EQ(g.game.ClickX, 0);
         EXPECT_EQ(g.net.RemoteX.Text(), "4|");
     });
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 2) << "the opponent's square has waited";
+    EXPECT_EQ(g.game.GameState, kPlacePiece) << "the opponent's square has waited";
 }
 
 TEST(Commands, OneThatThrowsLeavesTheNextOnesWaiting) {
@@ -155,7 +155,7 @@ TEST(Commands, AWaitingOneRunsEvenWhenTheMoveLeavesNoOtherWork) {
     g.port.onAnimate = [&] { g.main.RunCommand([&] { ran = true; }); };
     SetPosition(g.game, "turn B | BM 8F | RM 8H | jail RM RM");
     g.Move("8F", "8H");
-    EXPECT_EQ(g.game.GameState, 8);
+    EXPECT_EQ(g.game.GameState, kGameOver);
     EXPECT_TRUE(ran);
 }
 
@@ -201,7 +201,7 @@ TEST(Passes, TheLinkMayEndDuringAnAnimation) {
     g.net.RemoteY = TextQueue("4|5|");
     g.main.RunPasses();
     EXPECT_EQ(g.port.returnQuestions, 1);
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     g.Click("1A");
     EXPECT_TRUE(g.port.sent.empty());
     EXPECT_EQ(g.game.Turn, Red);

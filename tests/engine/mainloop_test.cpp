@@ -9,7 +9,7 @@
 namespace tarveth::test {
 namespace {
 
-TEST(GameStates, EachShowsItsPromptFiveAndSevenLeaveItAsItIs) {
+TEST(GameStates, EachShowsItsPromptButATurnThatIsOverAndAnArrivedBoardLeaveItAsItIs) {
     TestGame g;
     const auto prompt = [&](std::int16_t state) {
         g.port.prompt = "as it was";
@@ -17,30 +17,30 @@ TEST(GameStates, EachShowsItsPromptFiveAndSevenLeaveItAsItIs) {
         EXPECT_EQ(g.game.GameState, state);
         return g.port.prompt;
     };
-    EXPECT_EQ(prompt(1), "Pick piece");
-    EXPECT_EQ(prompt(2), "Place piece");
-    EXPECT_EQ(prompt(3), "Return piece");
-    EXPECT_EQ(prompt(4), "Allow Return");
-    EXPECT_EQ(prompt(5), "as it was");
-    EXPECT_EQ(prompt(6), "Get Board");
-    EXPECT_EQ(prompt(7), "as it was");
-    EXPECT_EQ(prompt(8), "Game Over");
+    EXPECT_EQ(prompt(kPickPiece), "Pick piece");
+    EXPECT_EQ(prompt(kPlacePiece), "Place piece");
+    EXPECT_EQ(prompt(kReturnPiece), "Return piece");
+    EXPECT_EQ(prompt(kAllowReturn), "Allow Return");
+    EXPECT_EQ(prompt(kTurnOver), "as it was");
+    EXPECT_EQ(prompt(kGetBoard), "Get Board");
+    EXPECT_EQ(prompt(kBoardArrived), "as it was");
+    EXPECT_EQ(prompt(kGameOver), "Game Over");
 }
 
-TEST(GameStates, TheMarkerShowsInStateTwoOnly) {
+TEST(GameStates, TheMarkerShowsOnlyWhileAPieceIsPlaced) {
     TestGame g;
-    for (std::int16_t state = 1; state <= 8; ++state) {
-        g.port.marker = state != 2;
+    for (std::int16_t state = kPickPiece; state <= kGameOver; ++state) {
+        g.port.marker = state != kPlacePiece;
         g.main.SetGameState(state);
-        EXPECT_EQ(g.port.marker, state == 2) << state;
+        EXPECT_EQ(g.port.marker, state == kPlacePiece) << state;
     }
 }
 
-TEST(GameStates, ValuesOutsideOneToEightAreOnlyStored) {
+TEST(GameStates, ResetAndUnknownValuesAreOnlyStored) {
     TestGame g;
     g.port.prompt = "as it was";
     g.port.marker = true;
-    for (const std::int16_t state : {std::int16_t{0}, std::int16_t{9}, std::int16_t{-1}}) {
+    for (const std::int16_t state : {kReset, std::int16_t{9}, std::int16_t{-1}}) {
         g.main.SetGameState(state);
         EXPECT_EQ(g.game.GameState, state);
     }
@@ -71,67 +71,73 @@ protected:
 };
 
 TEST_P(Transitions, OfAnIdlePass) {
-    EXPECT_EQ(g.main.Pass(), GetParam().afterIdle != 0);
+    EXPECT_EQ(g.main.Pass(), GetParam().afterIdle != kReset);
     EXPECT_EQ(g.game.GameState, GetParam().afterIdle);
 }
 
 TEST_P(Transitions, OfAPassWithASquarePending) {
     g.game.ClickX = g.game.ClickY = 1;
     const Game before = g.game;
-    EXPECT_EQ(g.main.Pass(), GetParam().afterSquare != 0);
+    EXPECT_EQ(g.main.Pass(), GetParam().afterSquare != kReset);
     EXPECT_EQ(g.game.GameState, GetParam().afterSquare);
     EXPECT_EQ(g.game.ClickX, 0);
     EXPECT_EQ(g.game.ClickY, 0);
-    if (GetParam().state >= 4) {
+    if (GetParam().state >= kAllowReturn) {
         EXPECT_EQ(g.game.PieceTable, before.PieceTable);
         EXPECT_EQ(g.game.JailTable, before.JailTable);
         EXPECT_EQ(g.game.lstHistory, before.lstHistory);
     }
 }
 
-// In state 2 the Master takes its own Officer. In state 3 the square is not free. In state 7 the pass first
-// goes on to state 1, which then takes the square.
+// To place a piece, the Master takes its own Officer. To return one, the square is not free. When a board has
+// arrived, the pass first goes on to kPickPiece, which then takes the square.
 INSTANTIATE_TEST_SUITE_P(GameStates, Transitions,
-                         testing::Values(Transition{0, 0, 0}, Transition{1, 1, 2}, Transition{2, 2, 4},
-                                         Transition{3, 3, 3}, Transition{4, 3, 4}, Transition{5, 1, 5},
-                                         Transition{6, 6, 6}, Transition{7, 1, 2}, Transition{8, 8, 8}),
+                         testing::Values(Transition{kReset, kReset, kReset},
+                                         Transition{kPickPiece, kPickPiece, kPlacePiece},
+                                         Transition{kPlacePiece, kPlacePiece, kAllowReturn},
+                                         Transition{kReturnPiece, kReturnPiece, kReturnPiece},
+                                         Transition{kAllowReturn, kReturnPiece, kAllowReturn},
+                                         Transition{kTurnOver, kPickPiece, kTurnOver},
+                                         Transition{kGetBoard, kGetBoard, kGetBoard},
+                                         Transition{kBoardArrived, kPickPiece, kPlacePiece},
+                                         Transition{kGameOver, kGameOver, kGameOver}),
                          [](const auto& row) { return "State" + std::to_string(row.param.state); });
 
 TEST(MainLoop, TheFirstPassAfterANewGameGoesOn) {
     TestGame g;
     EXPECT_TRUE(g.main.Pass());
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
 }
 
-TEST(MainLoop, StateZeroEndsIt) {
+TEST(MainLoop, AResetEndsIt) {
     TestGame g;
     CreatePieces(g.game);
     EXPECT_FALSE(g.main.Pass());
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 0);
+    EXPECT_EQ(g.game.GameState, kReset);
 }
 
-TEST(MainLoop, StateZeroReportsNoVictory) {
+TEST(MainLoop, AResetReportsNoVictory) {
     TestGame g("turn B | jail RM RM RM");
-    g.game.GameState = 0;
+    g.game.GameState = kReset;
     EXPECT_FALSE(g.main.Pass());
-    EXPECT_EQ(g.game.GameState, 0);
+    EXPECT_EQ(g.game.GameState, kReset);
     EXPECT_TRUE(g.port.gameEndSounds.empty());
 }
 
 TEST(MainLoop, NoVictoryIsLookedForWhileTheBoardArrives) {
     TestGame g("turn B | jail RM RM RM");
-    g.game.GameState = 6;
+    g.game.GameState = kGetBoard;
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 6);
-    g.game.GameState = 7;
+    EXPECT_EQ(g.game.GameState, kGetBoard);
+    g.game.GameState = kBoardArrived;
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 8);
+    EXPECT_EQ(g.game.GameState, kGameOver);
 }
 
 TEST(MainLoop, WaitingForTheBoardSaysSo) {
     TestGame g;
-    g.game.GameState = 6;
+    g.game.GameState = kGetBoard;
     g.game.ClickX = g.game.ClickY = 1;
     g.main.Pass();
     EXPECT_EQ(g.port.message, "Getting updated board information.");
@@ -140,10 +146,10 @@ TEST(MainLoop, WaitingForTheBoardSaysSo) {
 
 TEST(MainLoop, AnArrivedBoardIsDrawnAndPlayMayCommence) {
     TestGame g;
-    g.game.GameState = 7;
+    g.game.GameState = kBoardArrived;
     const int redraws = g.port.redraws;
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.port.redraws, redraws + 1);
     EXPECT_EQ(g.port.prompt, "Pick piece");
     EXPECT_EQ(g.port.message, "Play may commence.");
@@ -152,7 +158,7 @@ TEST(MainLoop, AnArrivedBoardIsDrawnAndPlayMayCommence) {
 TEST(MainLoop, AClickAfterTheEndOfTheGameDoesNothingAndIsCleared) {
     TestGame g("turn B | BM 4D | jail RM RM RM");
     g.main.RunPasses();
-    ASSERT_EQ(g.game.GameState, 8);
+    ASSERT_EQ(g.game.GameState, kGameOver);
     const Game before = g.game;
     g.game.ClickX = g.game.ClickY = 4;
     g.main.RunPasses();
@@ -163,36 +169,36 @@ TEST(MainLoop, TheEndOfTheGameLastsUntilTheNextNewGame) {
     TestGame g("turn B | BM 4D | jail RM RM RM");
     g.main.RunPasses();
     g.Move("4D", "4E");
-    EXPECT_EQ(g.game.GameState, 8);
+    EXPECT_EQ(g.game.GameState, kGameOver);
     g.main.NewGame();
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.VictoryText, "");
 }
 
 TEST(MainLoop, AWholeTurnPassesThroughItsStates) {
     TestGame g("turn B | BM 4D | RO 4E | RM 8H | jail BP");
     g.ClickOnePass("4D");
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
     g.ClickOnePass("4E");
-    EXPECT_EQ(g.game.GameState, 4);
+    EXPECT_EQ(g.game.GameState, kAllowReturn);
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     g.ClickOnePass("1A");
-    EXPECT_EQ(g.game.GameState, 5);
+    EXPECT_EQ(g.game.GameState, kTurnOver);
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.Turn, Red);
 }
 
 TEST(MainLoop, AtRestThereIsNothingToDo) {
     TestGame g;
     EXPECT_FALSE(g.main.HasWork());
-    for (const std::int16_t state : {std::int16_t{4}, std::int16_t{5}, std::int16_t{7}}) {
+    for (const std::int16_t state : {kAllowReturn, kTurnOver, kBoardArrived}) {
         g.game.GameState = state;
         EXPECT_TRUE(g.main.HasWork()) << state;
     }
-    for (const std::int16_t state : {std::int16_t{1}, std::int16_t{2}, std::int16_t{6}, std::int16_t{8}}) {
+    for (const std::int16_t state : {kPickPiece, kPlacePiece, kGetBoard, kGameOver}) {
         g.game.GameState = state;
         EXPECT_FALSE(g.main.HasWork()) << state;
     }
@@ -224,11 +230,11 @@ TEST(Turns, TheFirstOneGoesToBlueWithoutARedraw) {
 
 TEST(Turns, ShowTheSideInItsColourAndAskForAPiece) {
     TestGame g;
-    g.game.GameState = 5;
+    g.game.GameState = kTurnOver;
     g.main.SetTurn(Red);
     EXPECT_EQ(g.port.player, "Red");
     EXPECT_EQ(g.port.playerColour, 0x0000FFU); // red in the low byte
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     g.main.SetTurn(Blue);
     EXPECT_EQ(g.port.player, "Blue");
     EXPECT_EQ(g.port.playerColour, 0xFF0000U);
@@ -244,7 +250,7 @@ TEST(Turns, AStatusIsShownWithABeep) {
 // A file or an opponent may bring a position without pieces. Of what a state has due there is then nothing to
 // do but to end the turn or to take up play; all the rest of the game must stay as it was.
 TEST(Robustness, PassesOverAnEmptyGameEndTheTurnThatIsDueAndChangeNothingElse) {
-    for (std::int16_t state = 0; state <= 9; ++state) {
+    for (std::int16_t state = kReset; state <= kGameOver + 1; ++state) {
         if (state == kPlacePiece) // no piece is ever selected without pieces
             continue;
         TestGame g;

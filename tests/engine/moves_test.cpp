@@ -17,16 +17,16 @@ const std::string kCantCapture = "You can't capture that piece.";
 
 // Selects, tries, and expects the refusal: the piece stays selected and no piece has changed.
 void ExpectRefused(TestGame& g, std::string_view from, std::string_view to, const std::string& text) {
-    if (g.game.GameState == 1)
+    if (g.game.GameState == kPickPiece)
         g.Click(from);
-    ASSERT_EQ(g.game.GameState, 2) << from;
+    ASSERT_EQ(g.game.GameState, kPlacePiece) << from;
     const int selected = g.game.CurPiece;
     const auto pieces = g.game.PieceTable;
     const int beeps = g.port.beeps;
     g.Click(to);
     EXPECT_EQ(g.port.message, text) << from << '-' << to;
     EXPECT_EQ(g.port.beeps, beeps + 1);
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
     EXPECT_EQ(g.game.CurPiece, selected);
     EXPECT_EQ(g.game.PieceTable, pieces);
     EXPECT_TRUE(g.game.lstHistory.empty());
@@ -270,7 +270,7 @@ TEST(PlacePiece, ThePiecesOwnSquareDeselectsWithoutAMessage) {
     g.Click("4D");
     g.port.message = "old";
     g.Click("4D");
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.Turn, Blue);
     EXPECT_EQ(g.port.message, "");
     EXPECT_EQ(g.port.beeps, 0);
@@ -291,7 +291,7 @@ TEST(PlacePiece, APlainMoveRemembersWhereItCameFromAndIsRecorded) {
     TestGame g("turn B | BM 4D");
     g.Click("4D");
     g.ClickOnePass("4F");
-    EXPECT_EQ(g.game.GameState, 5);
+    EXPECT_EQ(g.game.GameState, kTurnOver);
     EXPECT_EQ(g.game.Piece(1).PrevX, 4);
     EXPECT_EQ(g.game.Piece(1).PrevY, 4);
     EXPECT_EQ(g.game.lstHistory, std::vector<std::string>{"B:BM 4D-4F"});
@@ -340,7 +340,7 @@ TEST(PlacePiece, AClickDuringAnAnimationIsIgnored) {
         g.game.Animating = false;
     };
     ExpectMoved(g, "4D", "4F");
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.ClickX, 0);
     EXPECT_EQ(g.game.CurPiece, 1) << "the clicked piece was not picked";
 }
@@ -353,19 +353,19 @@ TEST(PlacePiece, NothingIsPlacedWhileAPieceIsMoving) {
     g.game.Animating = true;
     g.port.message = "old";
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
     EXPECT_EQ(g.On("4D"), 1);
     EXPECT_EQ(g.port.message, "old");
 }
 
 TEST(PlacePiece, WithNoPieceSelectedEverySquareIsRefused) {
     TestGame g("turn B | BM 4D");
-    g.game.GameState = 2;
+    g.game.GameState = kPlacePiece;
     g.game.CurPiece = 0;
     const auto pieces = g.game.PieceTable;
     for (const char* to : {"1A", "4D", "8H", "1H"})
         g.Click(to);
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
     EXPECT_EQ(g.game.PieceTable, pieces);
 }
 

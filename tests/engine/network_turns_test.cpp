@@ -88,19 +88,19 @@ TEST(NetworkReturns, ARefusedReturnSquareIsNotSent) {
     g.port.sent.clear();
     g.Click("4E");
     EXPECT_TRUE(g.port.sent.empty());
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
 }
 
 TEST(NetworkReturns, TheWaitingPlayerIsAskedNothingAndMayNotPlaceIt) {
     TestGame g("turn B | BM 4D | RM 4E | jail BP BO");
     StartNetworkGame(g, false);
     ReceiveCapture(g);
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.port.returnQuestions, 0);
     g.game.ClickX = g.game.ClickY = 1;
     g.main.RunPasses();
     EXPECT_EQ(g.port.message, "Waiting for placement of returned piece.");
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.game.ClickX, 0);
     EXPECT_EQ(g.On("1A"), 0);
     EXPECT_TRUE(g.port.sent.empty());
@@ -120,7 +120,7 @@ TEST(NetworkReturns, TheWaitingSideEndsTheTurnWhenNoneIsDue) {
         TestGame g(position);
         StartNetworkGame(g, false);
         ReceiveCapture(g);
-        EXPECT_EQ(g.game.GameState, 1) << position;
+        EXPECT_EQ(g.game.GameState, kPickPiece) << position;
         EXPECT_EQ(g.game.Turn, Red) << position;
     }
 }
@@ -142,7 +142,7 @@ TEST_F(AwaitedReturn, BecomesTheLocalPlayersWhenTheLinkEnds) {
     g.net.InGame = false;
     EXPECT_TRUE(g.main.HasWork());
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.port.returnQuestions, 1);
     g.Click("1A");
     EXPECT_EQ(g.On("1A"), 4);
@@ -162,7 +162,7 @@ TEST_F(AwaitedReturn, StaysTheOpponentsOtherwise) {
     g.main.RunPasses();
     EXPECT_FALSE(g.main.HasWork());
     EXPECT_EQ(g.port.returnQuestions, 0);
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
 }
 
 } // namespace

@@ -53,11 +53,11 @@ void ExpectLayout(const Game& game, const std::vector<Standing>& layout) {
 }
 
 TEST(Pieces, TheImperialBoardStandsAsDrawn) {
-    ExpectLayout(NewBoard(1), kImperial);
+    ExpectLayout(NewBoard(kImperialBoard), kImperial);
 }
 
 TEST(Pieces, TheDraumeCrownBoardStandsAsDrawn) {
-    ExpectLayout(NewBoard(2), kDraumeCrown);
+    ExpectLayout(NewBoard(kDraumeCrownBoard), kDraumeCrown);
 }
 
 TEST(Pieces, AnyVariantButOneIsTheDraumeCrown) {
@@ -90,22 +90,22 @@ TEST(Pieces, BothLayoutsArePointSymmetric) {
             EXPECT_EQ(game.Piece(mirror).Kind, blue.Kind);
         }
     }
-    EXPECT_EQ(PieceOn(NewBoard(1), {9 - 4, 9 - 8}), 16) << "Blue piece 1 mirrors 16, not 14";
+    EXPECT_EQ(PieceOn(NewBoard(kImperialBoard), {9 - 4, 9 - 8}), 16) << "Blue piece 1 mirrors 16, not 14";
 }
 
 TEST(Pieces, EachSideHasThreeMastersFourOfficersAndSixPawnsInThatOrder) {
-    const Game game = NewBoard(1);
+    const Game game = NewBoard(kImperialBoard);
     for (int i = 1; i <= 13; ++i) {
         const int kind = i <= 3 ? 1 : i <= 7 ? 2 : 3;
         EXPECT_EQ(game.Piece(i).Kind, kind) << i;
         EXPECT_EQ(game.Piece(i + 13).Kind, kind) << i + 13;
-        EXPECT_EQ(game.Piece(i).Side, 1) << i;
-        EXPECT_EQ(game.Piece(i + 13).Side, 2) << i + 13;
+        EXPECT_EQ(game.Piece(i).Side, Blue) << i;
+        EXPECT_EQ(game.Piece(i + 13).Side, Red) << i + 13;
     }
 }
 
 TEST(Pieces, KindsHaveTheirLimits) {
-    const Game game = NewBoard(1);
+    const Game game = NewBoard(kImperialBoard);
     for (int i = 1; i <= 26; ++i) {
         const PieceRecord& piece = game.Piece(i);
         const bool pawn = piece.Kind == Pawn;
@@ -117,7 +117,7 @@ TEST(Pieces, KindsHaveTheirLimits) {
 }
 
 TEST(Pieces, ElementZeroHoldsNoPiece) {
-    const Game game = NewBoard(1);
+    const Game game = NewBoard(kImperialBoard);
     EXPECT_EQ(game.Piece(0), PieceRecord{});
     ASSERT_EQ(game.JailTable.size(), 1U);
     EXPECT_EQ(game.Jailed(0), PieceRecord{});
@@ -135,23 +135,23 @@ TEST(Pieces, CreatingThemSetsNoSquares) {
 }
 
 TEST(Pieces, CreatingThemEmptiesTheGame) {
-    Game game = NewBoard(1);
+    Game game = NewBoard(kImperialBoard);
     game.Turn = Red;
-    game.GameState = 8;
+    game.GameState = kGameOver;
     game.CurPiece = 5;
     game.ClickX = game.ClickY = 3;
     game.Return = {20, Pawn, 1};
     game.VictoryText = "over";
     SendToJail(game, 4);
     CreatePieces(game);
-    PlacePieces(game, 1);
-    EXPECT_EQ(game, NewBoard(1));
-    EXPECT_EQ(game.Turn, 0);
-    EXPECT_EQ(game.GameState, 0);
+    PlacePieces(game, kImperialBoard);
+    EXPECT_EQ(game, NewBoard(kImperialBoard));
+    EXPECT_EQ(game.Turn, NoSide);
+    EXPECT_EQ(game.GameState, kReset);
 }
 
 TEST(Pieces, TheDirectionTableIsTheTableOfTheRules) {
-    const Game game = NewBoard(1);
+    const Game game = NewBoard(kImperialBoard);
     const int expected[2][8][2] = {
         {{0, -2}, {1, -1}, {2, 0}, {1, 1}, {0, 2}, {-1, 1}, {-2, 0}, {-1, -1}},
         {{0, -1}, {1, -1}, {1, 0}, {1, 1}, {0, 1}, {-1, 1}, {-1, 0}, {-1, -1}},
@@ -164,11 +164,11 @@ TEST(Pieces, TheDirectionTableIsTheTableOfTheRules) {
 }
 
 TEST(Pieces, SetPieceWritesSixFieldsAndNoSquare) {
-    Game game = NewBoard(1);
-    SetPiece(game, 8, 2, 1, 11, 12, 13, 14);
+    Game game = NewBoard(kImperialBoard);
+    SetPiece(game, 8, Red, Master, 11, 12, 13, 14);
     const PieceRecord& piece = game.Piece(8);
-    EXPECT_EQ(piece.Side, 2);
-    EXPECT_EQ(piece.Kind, 1);
+    EXPECT_EQ(piece.Side, Red);
+    EXPECT_EQ(piece.Kind, Master);
     EXPECT_EQ(piece.MaxMove, 11);
     EXPECT_EQ(piece.MaxDiag, 12);
     EXPECT_EQ(piece.MaxCtlMove, 13);
@@ -177,7 +177,7 @@ TEST(Pieces, SetPieceWritesSixFieldsAndNoSquare) {
 }
 
 TEST(Pieces, SetPieceSquareWritesTheSquareAndTheOneBefore) {
-    Game game = NewBoard(1);
+    Game game = NewBoard(kImperialBoard);
     SetPieceSquare(game, 8, 2, 5, 3, 6);
     EXPECT_EQ(game.Piece(8).X, 2);
     EXPECT_EQ(game.Piece(8).Y, 5);
@@ -187,7 +187,7 @@ TEST(Pieces, SetPieceSquareWritesTheSquareAndTheOneBefore) {
 }
 
 TEST(Pieces, ASquareIsTakenByTheFirstPieceInOrder) {
-    Game game = NewBoard(1);
+    Game game = NewBoard(kImperialBoard);
     EXPECT_EQ(PieceOn(game, {4, 8}), 1);
     SetPieceSquare(game, 13, 4, 8, 0, 0);
     EXPECT_EQ(PieceOn(game, {4, 8}), 1);
@@ -196,7 +196,7 @@ TEST(Pieces, ASquareIsTakenByTheFirstPieceInOrder) {
 }
 
 TEST(Pieces, AJailedPieceStandsNowhere) {
-    Game game = NewBoard(1);
+    Game game = NewBoard(kImperialBoard);
     SendToJail(game, 1);
     EXPECT_EQ(PieceOn(game, {4, 8}), 0);
 }
@@ -212,21 +212,21 @@ TEST(Pieces, JailedOnesAreCountedBySideAndKindAnUnknownKindAsAPawn) {
 }
 
 TEST(Pieces, ValuesOutsideTheirRangeReadAsRedAndPawn) {
-    EXPECT_EQ(SideName(1), "Blue");
-    EXPECT_EQ(SideName(2), "Red");
-    EXPECT_EQ(SideName(0), "Red");
+    EXPECT_EQ(SideName(Blue), "Blue");
+    EXPECT_EQ(SideName(Red), "Red");
+    EXPECT_EQ(SideName(NoSide), "Red");
     EXPECT_EQ(SideName(-1), "Red");
-    EXPECT_EQ(KindName(1), "Master");
-    EXPECT_EQ(KindName(2), "Officer");
-    EXPECT_EQ(KindName(3), "Pawn");
+    EXPECT_EQ(KindName(Master), "Master");
+    EXPECT_EQ(KindName(Officer), "Officer");
+    EXPECT_EQ(KindName(Pawn), "Pawn");
     EXPECT_EQ(KindName(0), "Pawn");
     EXPECT_EQ(KindName(7), "Pawn");
 }
 
-TEST(NewGame, GivesBlueTheFirstTurnInStateOne) {
+TEST(NewGame, GivesBlueTheFirstTurnAndAsksForAPiece) {
     TestGame g;
     EXPECT_EQ(g.game.Turn, Blue);
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.port.prompt, "Pick piece");
     EXPECT_EQ(g.port.player, "Blue");
     EXPECT_FALSE(g.port.marker);

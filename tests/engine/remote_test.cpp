@@ -101,16 +101,16 @@ TEST(Remote, ASquareWaitsForTheNextPass) {
     g.main.Pass();
     EXPECT_TRUE(g.net.RemoteMove);
     EXPECT_EQ(g.game.PendingSquare(), SquareOf("3D"));
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
     EXPECT_FALSE(g.net.RemoteMove);
 }
 
 TEST(Remote, AMoveArrivingWhileTheLocalPlayerHasAPieceSelectedIsItsDestination) {
     RemoteGame g("turn R | RM 4D | BO 8H");
     g.Click("4D");
-    ASSERT_EQ(g.game.GameState, 2);
+    ASSERT_EQ(g.game.GameState, kPlacePiece);
     g.QueueSquare("4F");
     g.main.RunPasses();
     EXPECT_EQ(g.On("4F"), 14);
@@ -175,7 +175,7 @@ TEST(Remote, ABurstIsPlayedAFewPassesAtATime) {
         EXPECT_TRUE(g.main.HasWork());
         ++calls;
     }
-    EXPECT_EQ(g.game.GameState, 2);
+    EXPECT_EQ(g.game.GameState, kPlacePiece);
     EXPECT_FALSE(g.main.HasWork());
     EXPECT_GT(calls, 10);
     EXPECT_LT(calls, 100);
@@ -223,7 +223,7 @@ protected:
         g.QueueSquare("4D");
         g.QueueSquare("4E");
         g.main.RunPasses();
-        ASSERT_EQ(g.game.GameState, 3);
+        ASSERT_EQ(g.game.GameState, kReturnPiece);
         ASSERT_EQ(g.game.JailCount(), 6);
     }
 
@@ -244,7 +244,7 @@ TEST_F(RemoteReturn, IsAppliedInThePassInWhichItIsTaken) {
     g.QueueReturn("2", "7", "8", "3", "Pawn");
     g.main.Pass();
     EXPECT_EQ(g.On("2G"), 8);
-    EXPECT_EQ(g.game.GameState, 5);
+    EXPECT_EQ(g.game.GameState, kTurnOver);
     EXPECT_EQ(g.game.ClickX, 0);
     EXPECT_FALSE(g.net.RemoteMove);
 }
@@ -309,7 +309,7 @@ TEST_F(RemoteReturn, ASquareInsteadOfItOnlySaysThatItIsAwaited) {
     g.QueueSquare("1A");
     g.main.RunPasses();
     EXPECT_EQ(g.port.message, "Waiting for placement of returned piece.");
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
 }
 
 TEST(RemoteReturns, AreTakenInStateFourAtTheHeadOfTheQueue) {
@@ -318,10 +318,10 @@ TEST(RemoteReturns, AreTakenInStateFourAtTheHeadOfTheQueue) {
     g.QueueSquare("4E");
     g.main.Pass();
     g.main.Pass();
-    ASSERT_EQ(g.game.GameState, 2);
+    ASSERT_EQ(g.game.GameState, kPlacePiece);
     g.QueueReturn("2", "7", "8", "1", "Pawn");
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 5) << "captured and returned in one pass";
+    EXPECT_EQ(g.game.GameState, kTurnOver) << "captured and returned in one pass";
     EXPECT_EQ(g.On("2G"), 8);
 }
 
@@ -331,7 +331,7 @@ TEST(RemoteReturns, OfAKindThatIsNotDueAreRefused) {
     g.QueueSquare("4E"); // an Officer: a Pawn may come back
     g.QueueReturn("2", "7", "4", "2", "Officer");
     g.main.RunPasses();
-    EXPECT_EQ(g.game.GameState, 3);
+    EXPECT_EQ(g.game.GameState, kReturnPiece);
     EXPECT_EQ(g.port.notices.size(), 1U);
     g.QueueReturn("2", "7", "8", "1", "Pawn");
     g.main.RunPasses();

@@ -14,7 +14,7 @@ const std::string kLostPower = "Can't control opposing pieces (Lost Power rule).
 
 void ExpectPicked(TestGame& g, std::string_view square) {
     g.Click(square);
-    EXPECT_EQ(g.game.GameState, 2) << square << ": " << g.port.message;
+    EXPECT_EQ(g.game.GameState, kPlacePiece) << square << ": " << g.port.message;
     EXPECT_EQ(g.game.CurPiece, g.On(square));
 }
 
@@ -23,7 +23,7 @@ void ExpectRefused(TestGame& g, std::string_view square, const std::string& text
     g.port.message.clear();
     g.Click(square);
     EXPECT_EQ(g.port.message, text) << square;
-    EXPECT_EQ(g.game.GameState, 1) << square;
+    EXPECT_EQ(g.game.GameState, kPickPiece) << square;
     EXPECT_EQ(g.game.CurPiece, 0) << square;
     EXPECT_EQ(g.port.beeps, beeps + (text.empty() ? 0 : 1));
 }
@@ -245,7 +245,7 @@ TEST(PickPiece, NothingIsPickedWhileAPieceIsMoving) {
     g.game.ClickX = g.game.ClickY = 4;
     g.game.Animating = true;
     g.main.Pass();
-    EXPECT_EQ(g.game.GameState, 1);
+    EXPECT_EQ(g.game.GameState, kPickPiece);
     EXPECT_EQ(g.game.CurPiece, 0);
 }
 

@@ -17,7 +17,7 @@ namespace {
 // Every setting has a value of its own.
 Settings Unusual() {
     Settings settings;
-    settings.BoardVariant = 2;
+    settings.BoardVariant = kDraumeCrownBoard;
     settings.AnimateMoves = 0;
     settings.GridLabels = -1;
     settings.ZOCRight = 1;
@@ -92,7 +92,7 @@ TEST(ClientOptions, ComeBackIntoTheirSettingsAndNoOthers) {
     Settings settings;
     CopyToSettings(OptionsOf(Unusual()), settings);
     Settings expected = Unusual();
-    expected.BoardVariant = 1;
+    expected.BoardVariant = kImperialBoard;
     expected.Nickname = "Bubba";
     expected.NewUserSoundDelay = 1;
     expected.BoardBlack = {0, 0, 0};

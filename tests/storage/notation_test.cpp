@@ -41,7 +41,7 @@ TEST(MoveText, ASideThatIsNotBlueIsRedAndAnUnknownKindIsAPawn) {
     for (const std::int16_t side : {std::int16_t{0}, std::int16_t{3}, std::int16_t{-1}}) {
         g.game.Piece(1).Side = side;
         g.game.Turn = side;
-        g.game.Piece(1).Kind = 1;
+        g.game.Piece(1).Kind = Master;
         EXPECT_EQ(MoveText(g.game, 1), "R:RM 5C-4D");
     }
     for (const std::int16_t kind : {std::int16_t{0}, std::int16_t{3}, std::int16_t{4}, std::int16_t{-2}}) {

@@ -53,7 +53,7 @@ TEST_F(SettingsFile, AnUnchangedCloseLeavesItAsItIs) {
 }
 
 TEST_F(SettingsFile, GivesBackEverySettingThatWasSaved) {
-    settings.BoardVariant = 2;
+    settings.BoardVariant = kDraumeCrownBoard;
     settings.ZOCRight = 0;
     settings.GridLabels = -1;
     settings.AnimateMoves = 0;

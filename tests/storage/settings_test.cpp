@@ -33,7 +33,7 @@ TEST_F(SettingsValues, WithoutAFileAreTheDefaults) {
     EXPECT_TRUE(LoadSettings(settings, ini, folder.Name()).empty());
     EXPECT_TRUE(LoadClientOptions(settings, ini, folder.Name()).empty());
 
-    EXPECT_EQ(settings.BoardVariant, 1);
+    EXPECT_EQ(settings.BoardVariant, kImperialBoard);
     EXPECT_EQ(settings.ZOCRight, -1);
     EXPECT_EQ(settings.GridLabels, 0);
     EXPECT_EQ(settings.AnimateMoves, -1);

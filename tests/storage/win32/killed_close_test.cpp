@@ -20,7 +20,7 @@ void Close(const std::string& folder, bool other) {
     modINI ini([](const std::string& text, const std::string&) { ADD_FAILURE() << text; });
     Settings settings;
     if (other) {
-        settings.BoardVariant = 2;
+        settings.BoardVariant = kDraumeCrownBoard;
         settings.Nickname = "Somebody with a longer name";
         settings.BoardBlack = {1, 2, 3};
         settings.ChatTextFontSize = 12;
