@@ -53,7 +53,7 @@ WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core
     libatspi2.0-dev libxtst-dev libxdamage-dev)
 
 # What the tests are built with and run on.
-TEST_PACKAGES=(libgtest-dev locales "${WINDOW_TEST_PACKAGES[@]}")
+TEST_PACKAGES=(git python3 libgtest-dev locales "${WINDOW_TEST_PACKAGES[@]}")
 
 # What looks at the sources; the benches are looked at too.
 LINT_PACKAGES=(git python3 clang-format-14 clang-tidy-14 libbenchmark-dev)
