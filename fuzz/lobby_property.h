@@ -42,7 +42,7 @@ public:
 
 private:
     struct Client {
-        explicit Client(const Limits& limits) : session(nullptr, limits) {}
+        Client(const ClientAddress& address, const Limits& limits) : session(nullptr, address, limits) {}
         Session session;
         Framer heard;
     };
@@ -62,9 +62,17 @@ private:
         return byte;
     }
 
+    // The first two clients share an address. Where it has connected too often, time passes until it may
+    // again.
     void Replace(std::size_t i) {
-        clients_.at(i) = std::make_unique<Client>(lobby_.Bounds());
-        lobby_.Enter(clients_.at(i)->session, now_);
+        const ClientAddress address{{0x20, 1, 0xD, 0xB8, 0, 0, 0, static_cast<std::uint8_t>(i / 2)}};
+        for (;;) {
+            clients_.at(i) = std::make_unique<Client>(address, lobby_.Bounds());
+            if (!lobby_.Enter(clients_.at(i)->session, now_))
+                return;
+            now_ += std::chrono::seconds(6);
+            lobby_.RunTimers(now_);
+        }
     }
 
     void Act() {
@@ -85,8 +93,8 @@ private:
         }
     }
 
-    static bool Holds(const std::vector<Session*>& list, const Session* session) {
-        return std::ranges::find(list, session) != list.end();
+    static bool Holds(const std::vector<Invitation>& list, const Session* session) {
+        return std::ranges::count(list, session, &Invitation::other) == 1;
     }
 
     std::string StateFault() {
@@ -95,18 +103,18 @@ private:
         for (const Session* user : lobby_.Users()) {
             if (!user->IsUser() || CleanNickname(user->nick) != user->nick)
                 return "a user has no proper nickname: " + user->nick;
-            if (!names.insert(FoldCase(user->nick)).second || lobby_.FindUser(user->nick) != user)
+            if (!names.insert(NicknameSkeleton(user->nick)).second || lobby_.FindUser(user->nick) != user)
                 return "a nickname is there twice, or not found";
             playing += user->partner != nullptr ? 1 : 0;
             if (user->partner != nullptr && (user->partner->partner != user || user->partner == user))
                 return "a game is not mutual";
             if (user->partner != nullptr && !user->invited.empty())
                 return "a user in a game has an open invitation";
-            for (const Session* invitee : user->invited)
-                if (!invitee->IsUser() || !Holds(invitee->invitedBy, user))
+            for (const Invitation& invitation : user->invited)
+                if (!invitation.other->IsUser() || !Holds(invitation.other->invitedBy, user))
                     return "an invitation is not mutual";
-            for (const Session* inviter : user->invitedBy)
-                if (!inviter->IsUser() || !Holds(inviter->invited, user))
+            for (const Invitation& invitation : user->invitedBy)
+                if (!invitation.other->IsUser() || !Holds(invitation.other->invited, user))
                     return "an invitation has no inviter";
         }
         return playing == 2 * lobby_.Counts().games ? "" : "the games are not counted rightly";
@@ -142,7 +150,17 @@ private:
         return std::ranges::find(kNames, name) != kNames.end();
     }
 
-    static std::string TextFault(std::string_view text) {
+    // However TCP cuts a line, its rest must not look like a line of somebody else.
+    std::string CutFault(std::string_view line) const {
+        for (std::size_t cut = 1; cut < line.size(); ++cut) {
+            const std::string_view rest = line.substr(cut);
+            if (LooksLikeConfirmation(rest) || lobby_.FindUser(rest.substr(0, rest.find(':'))) != nullptr)
+                return "the rest of a cut line looks like another line: " + std::string(rest);
+        }
+        return {};
+    }
+
+    std::string TextFault(std::string_view text) const {
         while (!text.empty()) {
             const std::size_t end = text.find("\r\n");
             if (end == std::string_view::npos)
@@ -155,6 +173,8 @@ private:
             } else if (LooksLikeConfirmation(line) || line.find(": ") == std::string_view::npos) {
                 return "a line is not signed: " + std::string(line);
             }
+            if (!line.starts_with(kConfirmation) && !CutFault(line).empty())
+                return CutFault(line);
             text.remove_prefix(end + 2);
         }
         return {};

@@ -9,12 +9,17 @@ namespace tarveth {
 
 class Bucket {
 public:
-    // Takes the amount if the bucket holds it; false if it does not.
-    bool Take(const Rate& rate, double amount, Time now) {
+    // Whether the bucket holds the amount.
+    bool Holds(const Rate& rate, double amount, Time now) {
         if (rate.perSecond <= 0)
             return true;
         Fill(rate, now);
-        if (amount > tokens_)
+        return amount <= tokens_;
+    }
+
+    // Takes the amount if the bucket holds it; false if it does not.
+    bool Take(const Rate& rate, double amount, Time now) {
+        if (!Holds(rate, amount, now))
             return false;
         tokens_ -= amount;
         return true;

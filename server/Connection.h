@@ -9,11 +9,10 @@ namespace tarveth {
 
 class Connection {
 public:
-    Connection(TcpSocket socket, const asio::ip::address& address, const Limits& limits)
-        : socket(std::move(socket)), address(address), session(this, limits) {}
+    Connection(TcpSocket socket, const ClientAddress& address, const Limits& limits)
+        : socket(std::move(socket)), session(this, address, limits) {}
 
     TcpSocket socket;
-    asio::ip::address address;
     Session session;
     std::size_t place = 0; // index in the transport's list of connections
     bool reading = false;  // an asynchronous wait for readability is pending

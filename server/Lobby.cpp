@@ -18,11 +18,16 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Clients send chat lines without a line end. A line is complete when nothing has followed it for this long.
-constexpr auto kLinePause = 100ms;
-
 // How long a dismissed client may take to read what has been sent, before its connection is closed.
 constexpr auto kFarewellTimeout = 2s;
+
+// A dismissed client is read from no more often than this, so that a flooder takes no processor time at its
+// end.
+constexpr auto kDismissedPause = 20ms;
+
+// A pause because of too many bytes counts as this many offences: a client that floods on without a break is
+// put out after about half a minute of pauses.
+constexpr double kOffencesOfAPause = 40;
 
 // When this many variants of a nickname are taken, the next numbers tried are ones that no newcomer had
 // before, so that a thousand users who ask for one nickname do not cost a million look-ups.
@@ -33,15 +38,29 @@ constexpr int kVariantsInARow = 8;
 Lobby::Lobby(const Limits& limits, std::string messageOfTheDay)
     : limits_(limits), messageOfTheDay_(std::move(messageOfTheDay)) {}
 
-void Lobby::Enter(Session& session, Time now) {
+std::optional<Refusal> Lobby::Enter(Session& session, Time now) {
     now_ = now;
+    if (connections_ >= limits_.maxClients)
+        return Refusal::LobbyFull;
+    const auto admission = addresses_.Admit(session.address, limits_, now);
+    if (const auto* refusal = std::get_if<Refusal>(&admission))
+        return *refusal;
+    session.addressEntry = std::get<AddressEntry*>(admission);
+    ++connections_;
     ++figures_.arrivals;
     timers_.Set(session, TimerKind::Deadline, now + limits_.handshake);
     Send(session, {kMarkerText, "update(", kVersion, ")"});
+    return std::nullopt;
 }
 
 void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
     now_ = now;
+    if (session.stage == Stage::Dismissed) {
+        Pause(session, kDismissedPause);
+        return;
+    }
+    const std::size_t size = bytes.size();
+    acceptedOfBatch_ = droppedOfBatch_ = 0;
     while (session.stage != Stage::Dismissed) {
         const auto frame = session.framer.Next(bytes);
         if (!frame)
@@ -49,7 +68,48 @@ void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
         HandleFrame(session, *frame);
     }
     WatchOpenLine(session);
-    PauseAfterDebt(session);
+    Clock::duration wait = session.moves.Borrow(limits_.moves, 0, now_);
+    if (droppedOfBatch_ > 0 || acceptedOfBatch_ == 0)
+        wait = std::max(wait, ChargeUselessBytes(session, size));
+    Pause(session, wait);
+}
+
+// Charges bytes of a batch in which something was dropped, or nothing was complete. Gives how long the client
+// must not be read from.
+Clock::duration Lobby::ChargeUselessBytes(Session& session, std::size_t bytes) {
+    const auto amount = static_cast<double>(bytes);
+    Clock::duration wait = session.allowances.uselessBytes.Borrow(limits_.uselessBytes, amount, now_);
+    if (session.addressEntry != nullptr)
+        wait = std::max(
+            wait, session.addressEntry->allowances.uselessBytes.Borrow(limits_.uselessBytes, amount, now_));
+    if (wait > 0s)
+        Offend(session, kOffencesOfAPause);
+    return wait;
+}
+
+bool Lobby::Allow(Session& session, Bucket Allowances::*bucket, const Rate& rate, double amount) {
+    AddressEntry* entry = session.addressEntry;
+    if (entry != nullptr && !(entry->allowances.*bucket).Holds(rate, amount, now_))
+        return false;
+    if (!(session.allowances.*bucket).Take(rate, amount, now_))
+        return false;
+    return entry == nullptr || (entry->allowances.*bucket).Take(rate, amount, now_);
+}
+
+void Lobby::CountDropped(Session& session) {
+    ++figures_.dropped;
+    ++droppedOfBatch_;
+    Offend(session, 1);
+}
+
+void Lobby::Offend(Session& session, double offences) {
+    if (session.stage == Stage::Dismissed ||
+        Allow(session, &Allowances::offences, limits_.offences, offences))
+        return;
+    ++figures_.flooders;
+    Tell(session,
+         "You have sent too much that could not be passed on, so the lobby has closed your connection.");
+    Dismiss(session);
 }
 
 void Lobby::HandleFrame(Session& session, const Frame& frame) {
@@ -63,25 +123,24 @@ void Lobby::HandleFrame(Session& session, const Frame& frame) {
         DispatchClientMessage(*this, session, frame);
         return;
     }
-    ++figures_.dropped;
     Tell(session,
          "A message of more than " + std::to_string(limits_.longestMessage) + " characters was ignored.");
+    CountDropped(session);
 }
 
 void Lobby::WatchOpenLine(Session& session) {
     if (session.line.empty() || session.stage == Stage::Dismissed)
         timers_.Clear(session, TimerKind::ChatLine);
     else
-        timers_.Set(session, TimerKind::ChatLine, now_ + kLinePause);
+        timers_.Set(session, TimerKind::ChatLine, now_ + limits_.linePause);
 }
 
-void Lobby::PauseAfterDebt(Session& session) {
-    const auto wait = session.moves.Borrow(limits_.moves, 0, now_);
-    if (wait <= 0s || session.stage == Stage::Dismissed)
+void Lobby::Pause(Session& session, Clock::duration time) {
+    if (time <= 0s)
         return;
     ++figures_.pauses;
     session.paused = true;
-    timers_.Set(session, TimerKind::Resume, now_ + wait);
+    timers_.Set(session, TimerKind::Resume, now_ + time);
 }
 
 void Lobby::RunTimers(Time now) {
@@ -112,6 +171,8 @@ void Lobby::RunTimer(Session& session, TimerKind kind) {
 }
 
 void Lobby::Leave(Session& session) {
+    --connections_;
+    AddressBook::Leave(session.addressEntry, now_);
     RemoveUser(session);
     session.stage = Stage::Dismissed;
     timers_.ClearAll(session);
@@ -134,7 +195,7 @@ void Lobby::RemoveUser(Session& session) {
     LeaveGames(*this, session);
     session.ignored.clear();
     std::erase(ignorers_, &session);
-    usersByStem_.erase(NicknameStem(session.nick));
+    usersBySkeleton_.erase(NicknameSkeleton(session.nick));
     users_.back()->place = session.place;
     std::swap(users_[session.place], users_.back());
     users_.pop_back();
@@ -173,19 +234,30 @@ void Lobby::Send(Session& session, BlockWriter::Parts parts) {
 }
 
 void Lobby::Tell(Session& session, std::string_view text) {
-    Send(session, {kMarkerText, "sys(", BalancedLine(text), ")"});
+    constexpr std::size_t kRestOfMessage = 5; // sys()
+    Send(session, {kMarkerText, "sys(", BalancedLine(text.substr(0, kLongestMessage - kRestOfMessage)), ")"});
 }
 
-Session* Lobby::FindUser(std::string_view nick) {
-    const auto found = usersByStem_.find(NicknameStem(nick));
-    if (found == usersByStem_.end() || FoldCase(found->second->nick) != FoldCase(TrimBlanks(nick)))
+Session* Lobby::FindUser(std::string_view nick) const {
+    const auto found = usersBySkeleton_.find(NicknameSkeleton(nick));
+    if (found == usersBySkeleton_.end() || FoldCase(found->second->nick) != FoldCase(TrimBlanks(nick)))
         return nullptr;
     return found->second;
 }
 
 void Lobby::TakeNickname(Session& session, std::string_view wanted) {
-    const std::string clean = CleanNickname(wanted);
+    std::string clean = LobbyNickname(wanted);
+    if (reservedNames_.Forbids(clean))
+        clean = CleanNickname("");
     const std::string nick = FreeNickname(session, clean);
+    if (session.IsUser() && nick != session.nick &&
+        !Allow(session, &Allowances::renames, limits_.renames, 1)) {
+        Tell(session, "You change your nickname too often, so you are still " + session.nick + ".");
+        // The client's program has taken the new nickname already.
+        Send(session, {kConfirmation, session.nick, "\r\n"});
+        CountDropped(session);
+        return;
+    }
     if (nick != clean)
         Tell(session, clean + " is taken, so you are " + nick + ".");
     else if (nick != TrimBlanks(wanted))
@@ -197,6 +269,11 @@ void Lobby::TakeNickname(Session& session, std::string_view wanted) {
         session.nick = nick;
         AddUser(session);
     }
+}
+
+bool Lobby::IsNickname(std::string_view text) const {
+    const std::string skeleton = NicknameSkeleton(text);
+    return usersBySkeleton_.contains(skeleton) || reservedNames_.Holds(text);
 }
 
 std::string Lobby::FreeNickname(const Session& session, const std::string& nick) {
@@ -212,13 +289,13 @@ std::string Lobby::FreeNickname(const Session& session, const std::string& nick)
 }
 
 bool Lobby::IsFree(const Session& session, std::string_view nick) const {
-    const auto found = usersByStem_.find(NicknameStem(nick));
-    return found == usersByStem_.end() || found->second == &session;
+    const auto found = usersBySkeleton_.find(NicknameSkeleton(nick));
+    return found == usersBySkeleton_.end() || found->second == &session;
 }
 
 void Lobby::AddUser(Session& session) {
     session.stage = Stage::Named;
-    usersByStem_.emplace(NicknameStem(session.nick), &session);
+    usersBySkeleton_.emplace(NicknameSkeleton(session.nick), &session);
     session.place = static_cast<std::uint32_t>(users_.size());
     users_.push_back(&session);
     roster_.Add(session);
@@ -231,10 +308,11 @@ void Lobby::RenameUser(Session& session, const std::string& nick) {
     for (Session* ignorer : ignorers_)
         if (Ignores(*ignorer, session))
             std::ranges::replace(ignorer->ignored, FoldCase(session.nick), FoldCase(nick));
-    usersByStem_.erase(NicknameStem(session.nick));
-    usersByStem_.emplace(NicknameStem(nick), &session);
+    usersBySkeleton_.erase(NicknameSkeleton(session.nick));
+    usersBySkeleton_.emplace(NicknameSkeleton(nick), &session);
     const std::string old = std::exchange(session.nick, nick);
-    session.formerNick = session.partner != nullptr ? old : std::string();
+    if (session.partner != nullptr)
+        KeepFormerNick(session, old);
     roster_.UserChanged();
     Announce({kMarkerText, "changenick(", old, ",", nick, ",", StatusText(session), ")"});
 }

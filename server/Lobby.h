@@ -3,6 +3,7 @@
 // outboxes. Everything runs on one thread.
 #pragma once
 
+#include "server/AddressBook.h"
 #include "server/Figures.h"
 #include "server/Limits.h"
 #include "server/Outgoing.h"
@@ -10,6 +11,7 @@
 #include "server/Roster.h"
 #include "server/Session.h"
 #include "server/Timers.h"
+#include "server/names.h"
 
 #include <optional>
 #include <string>
@@ -26,7 +28,9 @@ public:
 
     // These calls are for the transport. It owns the sessions, and keeps each at its address from Enter to
     // Leave.
-    void Enter(Session& session, Time now);
+    // Admits a connection of the session's address and greets the client, or gives the reason why it is
+    // refused; then the session is not used any more.
+    std::optional<Refusal> Enter(Session& session, Time now);
     void Receive(Session& session, std::string_view bytes, Time now);
     void Leave(Session& session);
     // Handles the timers that have expired by now. The next one expires at NextTimer.
@@ -36,7 +40,7 @@ public:
     std::vector<Session*> TakeDue();
     // Tells the client that the lobby is closing.
     void SayGoodbye(Session& session);
-    // Counts a connection that is not accepted, and gives the bytes that tell the client why.
+    // Counts a connection that is refused, and gives the bytes that tell the client why.
     std::string Refuse(Refusal refusal);
 
     Outgoing& Out() { return out_; }
@@ -51,10 +55,19 @@ public:
     void Announce(BlockWriter::Parts parts) { out_.ToAll(parts); }
     // Sends a notice for the client's transcript. Parentheses without a counterpart are replaced in it.
     void Tell(Session& session, std::string_view text);
+    // Takes the amount from an allowance of the client and of its address; false, and nothing taken, if one
+    // of the two does not hold it.
+    bool Allow(Session& session, Bucket Allowances::*bucket, const Rate& rate, double amount);
+    // Counts a message or a line that is taken.
+    void CountAccepted() { ++acceptedOfBatch_; }
+    // Counts a message or a line that is dropped. A client that sends too many of them is put out.
+    void CountDropped(Session& session);
     // Closes the connection after the client has been sent what is queued.
     void Dismiss(Session& session);
     // Finds the user of that nickname, ignoring letter case; null if there is none.
-    Session* FindUser(std::string_view nick);
+    Session* FindUser(std::string_view nick) const;
+    // Whether the text looks like the nickname of a user who is present, or like a reserved one.
+    bool IsNickname(std::string_view text) const;
     // Gives the session the wanted nickname, or the most similar free one, and announces it.
     void TakeNickname(Session& session, std::string_view wanted);
     void SendUserList(Session& session);
@@ -69,7 +82,9 @@ private:
     void HandleFrame(Session& session, const Frame& frame);
     void RunTimer(Session& session, TimerKind kind);
     void MarkDue(Session& session);
-    void PauseAfterDebt(Session& session);
+    Clock::duration ChargeUselessBytes(Session& session, std::size_t bytes);
+    void Offend(Session& session, double offences);
+    void Pause(Session& session, Clock::duration time);
     void WatchOpenLine(Session& session);
     void RemoveUser(Session& session);
     void AddUser(Session& session);
@@ -78,6 +93,9 @@ private:
     bool IsFree(const Session& session, std::string_view nick) const;
 
     Limits limits_;
+    ReservedNames reservedNames_;
+    AddressBook addresses_;
+    std::size_t connections_ = 0;
     std::string messageOfTheDay_;
     Figures figures_;
     Outgoing out_;
@@ -86,8 +104,10 @@ private:
     std::vector<Session*> users_;
     std::vector<Session*> ignorers_; // the users who ignore somebody
     std::vector<Session*> due_;      // what TakeDue gives next
-    std::unordered_map<std::string, Session*> usersByStem_;
+    std::unordered_map<std::string, Session*> usersBySkeleton_;
     unsigned crowdedNames_ = 0; // how often the first few variants of a nickname were all taken
+    int acceptedOfBatch_ = 0;   // messages and lines of the bytes that Receive was given last
+    int droppedOfBatch_ = 0;
     Time now_{};
 };
 

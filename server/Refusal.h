@@ -6,7 +6,7 @@
 
 namespace tarveth {
 
-enum class Refusal : std::uint8_t { LobbyFull, TooManyFromAddress };
+enum class Refusal : std::uint8_t { LobbyFull, TooManyFromAddress, TooManyArrivals };
 
 constexpr std::string_view RefusalReason(Refusal refusal) {
     switch (refusal) {
@@ -14,6 +14,8 @@ constexpr std::string_view RefusalReason(Refusal refusal) {
         return "The lobby is full. Please try again later.";
     case Refusal::TooManyFromAddress:
         return "There are too many connections from your address.";
+    case Refusal::TooManyArrivals:
+        return "Your address has connected too often. Please try again in a minute.";
     }
     return {};
 }

@@ -3,7 +3,8 @@
 #pragma once
 
 #include "net/wire/framing.h"
-#include "server/Bucket.h"
+#include "server/Allowances.h"
+#include "server/ClientAddress.h"
 #include "server/Outgoing.h"
 
 #include <array>
@@ -14,6 +15,8 @@
 namespace tarveth {
 
 class Connection;
+struct AddressEntry;
+struct Session;
 
 enum class Stage : std::uint8_t {
     Greeted,   // the client has been sent the lobby's version
@@ -29,28 +32,37 @@ enum class TimerKind : std::uint8_t {
 };
 inline constexpr std::size_t kTimerKinds = 3;
 
+// An open invitation, as one of its two users sees it.
+struct Invitation {
+    Session* other;
+    std::string
+        inviter; // the nicknames when the invitation was sent, by which the programs still name each other
+    std::string invitee;
+};
+
 struct Session {
     // connection: belongs to the transport, and is not used by the lobby.
-    Session(Connection* connection, const Limits& limits)
-        : connection(connection), framer(limits.longestMessage, MessageNames::Letters) {}
+    Session(Connection* connection, const ClientAddress& address, const Limits& limits)
+        : connection(connection), address(address), framer(limits.longestMessage, MessageNames::Letters) {}
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
     Connection* connection;
+    ClientAddress address;
     Session* partner = nullptr; // in an accepted game
     std::string nick;
-    std::string formerNick;           // the nickname before a rename in this game, which moves may still name
-    std::vector<Session*> invited;    // the users who have not yet answered this user's invitations
-    std::vector<Session*> invitedBy;  // the users whose invitations this user has not yet answered
-    std::vector<std::string> ignored; // nicknames in small letters
+    std::vector<std::string> formerNicks; // nicknames by which the partner's program may still name this user
+    std::vector<Invitation> invited;      // sent by this user, and not answered yet
+    std::vector<Invitation> invitedBy;    // sent to this user, and not answered yet
+    std::vector<std::string> ignored;     // nicknames in small letters
 
     Framer framer;
     std::string line; // the beginning of a chat line whose end has not been received
 
-    Bucket chatLines;
-    Bucket chatCharacters;
-    Bucket messages;
+    AddressEntry* addressEntry = nullptr; // null if the address is exempt from limits
+    Allowances allowances;
     Bucket moves;
+    std::size_t inputHeld = 0; // bytes of incomplete messages and lines, as the lobby counted them last
     std::array<Time, kTimerKinds> timers{}; // Time{} where a timer is not set
 
     Outbox box;

@@ -31,6 +31,12 @@ bool IsLackOfSockets(const asio::error_code& error) {
            error == asio::error::no_memory || error == std::errc::too_many_files_open_in_system;
 }
 
+ClientAddress LobbyAddress(const asio::ip::address& address) {
+    if (address.is_v4())
+        return {asio::ip::make_address_v6(asio::ip::v4_mapped, address.to_v4()).to_bytes()};
+    return {address.to_v6().to_bytes()};
+}
+
 std::size_t SendSome(TcpSocket& socket, const std::vector<std::string_view>& parts, asio::error_code& error) {
     if (parts.size() == 1)
         return socket.write_some(asio::buffer(parts.front()), error);
@@ -50,8 +56,6 @@ Transport::Transport(asio::io_context& io, const ListenOptions& listen, const Li
       reserve_(io),
       timer_(io),
       retry_(io),
-      options_(listen),
-      addresses_(listen.perAddress),
       lobby_(limits, std::move(messageOfTheDay)) {
     acceptor_.non_blocking(true);
     reserve_.open(asio::ip::tcp::v4());
@@ -89,22 +93,17 @@ void Transport::AcceptClients() {
 }
 
 void Transport::Admit(TcpSocket socket, const asio::ip::address& address) {
-    if (connections_.size() >= options_.maxClients) {
-        Refuse(socket, Refusal::LobbyFull);
+    auto connection = std::make_unique<Connection>(std::move(socket), LobbyAddress(address), lobby_.Bounds());
+    if (const auto refusal = lobby_.Enter(connection->session, Clock::now())) {
+        Refuse(connection->socket, *refusal);
         return;
     }
-    if (!addresses_.Enter(address)) {
-        Refuse(socket, Refusal::TooManyFromAddress);
-        return;
-    }
-    asio::error_code ignored;
-    socket.non_blocking(true, ignored);
-    socket.set_option(asio::ip::tcp::no_delay(true), ignored);
-    platform::EnableKeepAlive(static_cast<int>(socket.native_handle()));
-    auto connection = std::make_unique<Connection>(std::move(socket), address, lobby_.Bounds());
     connection->place = connections_.size();
+    asio::error_code ignored;
+    connection->socket.non_blocking(true, ignored);
+    connection->socket.set_option(asio::ip::tcp::no_delay(true), ignored);
+    platform::EnableKeepAlive(static_cast<int>(connection->socket.native_handle()));
     connections_.push_back(std::move(connection));
-    lobby_.Enter(connections_.back()->session, Clock::now());
 }
 
 // Closes the reserve socket to have a descriptor for accepting one client, tells the client that the lobby is
@@ -207,7 +206,6 @@ void Transport::FinishOrDrop(Connection& connection, bool sent) {
 
 void Transport::Drop(Connection& connection) {
     lobby_.Leave(connection.session);
-    addresses_.Leave(connection.address);
     connection.closed = true;
     asio::error_code ignored;
     connection.socket.close(ignored);
@@ -317,10 +315,10 @@ void Transport::LogFigures() {
     const Figures& counts = lobby_.Counts();
     spdlog::info(
         "{} connections, {} users, {} games; {} arrivals, {} refused, {} silent; {} messages, {} moves, "
-        "{} chat lines; {} dropped, {} pauses, {} slow readers dropped",
+        "{} chat lines; {} dropped, {} pauses, {} slow readers dropped, {} flooders put out",
         connections_.size(), lobby_.Users().size(), counts.games, counts.arrivals, counts.refusedArrivals,
         counts.silent, counts.messages, counts.moves, counts.chatLines, counts.dropped, counts.pauses,
-        counts.slowReaders);
+        counts.slowReaders, counts.flooders);
 }
 
 } // namespace tarveth

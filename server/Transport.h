@@ -2,7 +2,6 @@
 // loop. The transport composes no text of the protocol: that is the lobby's.
 #pragma once
 
-#include "server/AddressCount.h"
 #include "server/Connection.h"
 #include "server/Lobby.h"
 #include "server/asio.h"
@@ -18,8 +17,6 @@ namespace tarveth {
 struct ListenOptions {
     std::string bindAddress = "127.0.0.1";
     std::uint16_t port = 9090; // 0 for a port that the system chooses
-    std::size_t maxClients = 20000;
-    std::size_t perAddress = 8; // connections of one address, except loopback
 };
 
 class Transport {
@@ -60,8 +57,6 @@ private:
         reserve_; // closed for a moment when no descriptors are left, so as to accept one client and tell it
     asio::steady_timer timer_;
     asio::steady_timer retry_;
-    ListenOptions options_;
-    AddressCount addresses_;
     Lobby lobby_;
     std::vector<std::unique_ptr<Connection>> connections_;
     std::vector<std::unique_ptr<Connection>> closedConnections_; // freed after the event that closed them

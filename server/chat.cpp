@@ -3,6 +3,7 @@
 #include "net/wire/modPARSER.h"
 #include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
+#include "server/wording.h"
 
 #include <algorithm>
 #include <array>
@@ -13,11 +14,10 @@ namespace tarveth {
 
 namespace {
 
-// The characters that are kept of a chat line. One of this length exceeds every limit of chat characters.
+// The characters that are kept of a chat line.
 constexpr std::size_t kLongestLine = kLongestMessage;
 
-constexpr std::size_t kMostIgnored = 100; // nicknames that a user may ignore
-constexpr std::size_t kMostListed = 60;   // nicknames in the answer to /who
+constexpr std::size_t kMostListed = 60; // nicknames in the answer to /who
 
 void CommandIgnore(Lobby& lobby, Session& user, std::string_view nick) {
     const std::string folded = FoldCase(nick);
@@ -27,7 +27,7 @@ void CommandIgnore(Lobby& lobby, Session& user, std::string_view nick) {
         lobby.Tell(user, "You can't ignore yourself.");
     else if (lobby.FindUser(nick) == nullptr)
         lobby.Tell(user, std::string(nick) + " is not here.");
-    else if (user.ignored.size() == kMostIgnored)
+    else if (user.ignored.size() >= lobby.Bounds().ignoredUsers)
         lobby.Tell(user, "You ignore too many already.");
     else {
         if (!lobby.Ignores(user, *lobby.FindUser(nick)))
@@ -86,29 +86,39 @@ void RunCommand(Lobby& lobby, Session& user, std::string_view line) {
 
 bool WithinLimits(Lobby& lobby, Session& speaker, std::size_t characters) {
     const Limits& limits = lobby.Bounds();
-    if (speaker.chatCharacters.Take(limits.chatCharacters, static_cast<double>(characters), lobby.Now()) &&
-        speaker.chatLines.Take(limits.chatLines, 1, lobby.Now())) {
+    if (lobby.Allow(speaker, &Allowances::chatCharacters, limits.chatCharacters,
+                    static_cast<double>(characters)) &&
+        lobby.Allow(speaker, &Allowances::chatLines, limits.chatLines, 1)) {
         speaker.toldChat = false;
         return true;
     }
-    ++lobby.Counts().dropped;
     if (!speaker.toldChat)
         lobby.Tell(speaker, "You are talking too much; some of your lines were not passed on.");
     speaker.toldChat = true;
+    lobby.CountDropped(speaker);
     return false;
 }
 
 void Say(Lobby& lobby, Session& speaker, std::string_view text) {
     const std::string plain = PlainLine(text);
     const std::string_view line = TrimBlanks(plain);
-    if (line.empty() || !speaker.IsUser() || !WithinLimits(lobby, speaker, text.size()))
+    if (line.empty())
         return;
+    if (!speaker.IsUser()) {
+        lobby.CountDropped(speaker);
+        return;
+    }
+    if (!WithinLimits(lobby, speaker, text.size()))
+        return;
+    lobby.CountAccepted();
     if (line.front() == '/') {
         RunCommand(lobby, speaker, line);
         return;
     }
     ++lobby.Counts().chatLines;
-    lobby.AnnounceFrom(speaker, {speaker.nick, ": ", line, "\r\n"});
+    lobby.AnnounceFrom(speaker, {ChatLine(speaker.nick, line, [&lobby](std::string_view name) {
+                           return lobby.IsNickname(name);
+                       })});
 }
 
 } // namespace

@@ -10,32 +10,46 @@ namespace tarveth {
 
 namespace {
 
-// How many unanswered invitations a user may have made; one more takes the place of the oldest.
-constexpr std::size_t kMostInvitations = 16;
+// The nicknames of a player before renames in the game, by which the partner's moves may still name them.
+// Renames are rare enough that the oldest of more than these is no longer under way.
+constexpr std::size_t kMostFormerNicks = 16;
+
+bool SameNick(std::string_view a, std::string_view b) {
+    return a == b || FoldCase(a) == FoldCase(b);
+}
+
+void EraseInvitation(std::vector<Invitation>& list, const Session& other) {
+    std::erase_if(list, [&other](const Invitation& invitation) { return invitation.other == &other; });
+}
 
 void ForgetInvitation(Session& inviter, Session& invitee) {
-    std::erase(inviter.invited, &invitee);
-    std::erase(invitee.invitedBy, &inviter);
+    EraseInvitation(inviter.invited, invitee);
+    EraseInvitation(invitee.invitedBy, inviter);
 }
 
 void ForgetInvitationsOf(Session& inviter) {
-    for (Session* invitee : inviter.invited)
-        std::erase(invitee->invitedBy, &inviter);
+    for (const Invitation& invitation : inviter.invited)
+        EraseInvitation(invitation.other->invitedBy, inviter);
     inviter.invited.clear();
 }
 
-void RecordInvitation(Session& inviter, Session& invitee) {
-    ForgetInvitation(inviter, invitee);
-    if (inviter.invited.size() == kMostInvitations)
-        ForgetInvitation(inviter, *inviter.invited.front());
-    inviter.invited.push_back(&invitee);
-    invitee.invitedBy.push_back(&inviter);
+void RecordInvitation(const Lobby& lobby, Session& inviter, Session& invitee) {
+    if (inviter.invited.size() >= lobby.Bounds().openInvitations)
+        ForgetInvitation(inviter, *inviter.invited.front().other);
+    inviter.invited.push_back({&invitee, inviter.nick, invitee.nick});
+    invitee.invitedBy.push_back({&inviter, inviter.nick, invitee.nick});
 }
 
-// Gives the user of that nickname if they have invited the invitee, else null.
-Session* FindInviter(Lobby& lobby, const Session& invitee, std::string_view nick) {
-    Session* inviter = lobby.FindUser(nick);
-    return std::ranges::find(invitee.invitedBy, inviter) == invitee.invitedBy.end() ? nullptr : inviter;
+// Finds the oldest invitation in which the other user had that nickname, else the one whose other user has it
+// now; null if there is neither. A user who has renamed since the invitation is still named as in it.
+const Invitation* FindInvitation(const std::vector<Invitation>& list, std::string Invitation::*name,
+                                 std::string_view nick) {
+    auto found = std::ranges::find_if(
+        list, [&](const Invitation& invitation) { return SameNick(invitation.*name, nick); });
+    if (found == list.end())
+        found = std::ranges::find_if(
+            list, [&](const Invitation& invitation) { return SameNick(invitation.other->nick, nick); });
+    return found == list.end() ? nullptr : &*found;
 }
 
 // Sends the inviter a refusal that the lobby gives in place of the invited user.
@@ -59,16 +73,22 @@ void EndGame(Lobby& lobby, Session& player) {
     Session& partner = *player.partner;
     player.partner = nullptr;
     partner.partner = nullptr;
-    player.formerNick.clear();
-    partner.formerNick.clear();
+    player.formerNicks.clear();
+    partner.formerNicks.clear();
     --lobby.Counts().games;
     lobby.Send(partner, {kMarkerText, "end(", partner.nick, ",", player.nick, ")"});
     lobby.StatusChanged(partner);
 }
 
 bool Names(std::string_view nick, const Session& partner) {
-    return nick == partner.nick || FoldCase(nick) == FoldCase(partner.nick) ||
-           (!partner.formerNick.empty() && FoldCase(nick) == FoldCase(partner.formerNick));
+    return SameNick(nick, partner.nick) ||
+           std::ranges::any_of(partner.formerNicks,
+                               [nick](const std::string& former) { return SameNick(nick, former); });
+}
+
+// A nickname of a message, which may be any text, as it may stand in another message.
+std::string NicknameInMessage(std::string_view field) {
+    return BalancedLine(field.substr(0, kLongestNickname));
 }
 
 } // namespace
@@ -78,28 +98,36 @@ void HandleInvite(Lobby& lobby, Session& inviter, const ClientMessage& message) 
         lobby.Tell(inviter, "You are in a game already.");
         return;
     }
+    if (!lobby.Allow(inviter, &Allowances::invitations, lobby.Bounds().invitations, 1)) {
+        RefuseFor(lobby, inviter, "You invite too often. Please wait a minute.", "");
+        lobby.CountDropped(inviter);
+        return;
+    }
     Session* invitee = lobby.FindUser(message.fields[0]);
     if (invitee == nullptr) {
-        RefuseFor(lobby, inviter, BalancedLine(message.fields[0]), " is not here.");
+        RefuseFor(lobby, inviter, NicknameInMessage(message.fields[0]), " is not here.");
     } else if (invitee == &inviter) {
         RefuseFor(lobby, inviter, "You can't invite yourself to a game.", "");
     } else if (lobby.Ignores(*invitee, inviter)) {
         RefuseFor(lobby, inviter, invitee->nick, " has turned down your invitation.");
+    } else if (std::ranges::find(inviter.invited, invitee, &Invitation::other) != inviter.invited.end()) {
+        lobby.Tell(inviter, invitee->nick + " has not answered your first invitation yet.");
     } else {
-        RecordInvitation(inviter, *invitee);
+        RecordInvitation(lobby, inviter, *invitee);
         lobby.Send(*invitee, {kMarkerText, "invite(", invitee->nick, ",", inviter.nick, ")"});
     }
 }
 
 void HandleRefuse(Lobby& lobby, Session& invitee, const ClientMessage& message) {
-    Session* inviter = FindInviter(lobby, invitee, message.fields[0]);
-    if (inviter == nullptr) {
-        ++lobby.Counts().dropped;
+    const Invitation* invitation = FindInvitation(invitee.invitedBy, &Invitation::inviter, message.fields[0]);
+    if (invitation == nullptr) {
+        lobby.CountDropped(invitee);
         return;
     }
-    ForgetInvitation(*inviter, invitee);
-    lobby.Send(*inviter, {kMarkerText, "refuse(", inviter->nick, ", ",
-                          SignedSentence(message.fields[1], invitee.nick), ")"});
+    Session& inviter = *invitation->other;
+    ForgetInvitation(inviter, invitee);
+    lobby.Send(inviter, {kMarkerText, "refuse(", inviter.nick, ", ",
+                         SignedSentence(message.fields[1], invitee.nick), ")"});
 }
 
 void HandleAccept(Lobby& lobby, Session& invitee, const ClientMessage& message) {
@@ -107,26 +135,34 @@ void HandleAccept(Lobby& lobby, Session& invitee, const ClientMessage& message) 
         lobby.Tell(invitee, "You are in a game already.");
         return;
     }
-    Session* inviter = FindInviter(lobby, invitee, message.fields[0]);
-    if (inviter == nullptr) {
+    const Invitation* invitation = FindInvitation(invitee.invitedBy, &Invitation::inviter, message.fields[0]);
+    if (invitation == nullptr) {
         // The accepting program has begun a game by itself, which has to be ended.
-        lobby.Send(invitee, {kMarkerText, "end(", invitee.nick, ",", BalancedLine(message.fields[0]), ")"});
+        lobby.Send(invitee,
+                   {kMarkerText, "end(", invitee.nick, ",", NicknameInMessage(message.fields[0]), ")"});
         lobby.Tell(invitee, "That invitation does not stand any more.");
         return;
     }
-    lobby.Send(*inviter, {kMarkerText, "accept(", inviter->nick, ",", invitee.nick, ",",
-                          SignedSentence(message.fields[2], invitee.nick), ")"});
-    StartGame(lobby, *inviter, invitee);
+    Session& inviter = *invitation->other;
+    KeepFormerNick(inviter, invitation->inviter);
+    ForgetInvitation(inviter, invitee);
+    lobby.Send(inviter, {kMarkerText, "accept(", inviter.nick, ",", invitee.nick, ",",
+                         SignedSentence(message.fields[2], invitee.nick), ")"});
+    StartGame(lobby, inviter, invitee);
 }
 
 void HandlePlay(Lobby& lobby, Session& player, const ClientMessage& message) {
     Session* partner = player.partner;
     if (partner == nullptr || !Names(message.fields[0], *partner)) {
-        ++lobby.Counts().dropped;
+        lobby.CountDropped(player);
         return;
     }
     ++lobby.Counts().moves;
-    if (message.fields[0] == partner->nick)
+    // Receivers do not use their own nickname in the message. Where the new nickname would make the message
+    // longer than a client takes, the one that the sender has used stays in it.
+    constexpr std::string_view kPlayForm = "play(,)";
+    const std::size_t size = kPlayForm.size() + partner->nick.size() + message.fields[1].size();
+    if (message.fields[0] == partner->nick || size > kLongestMessage)
         lobby.Send(*partner, {kMarkerText, message.whole});
     else
         lobby.Send(*partner, {kMarkerText, "play(", partner->nick, ",", message.fields[1], ")"});
@@ -138,18 +174,23 @@ void HandleEnd(Lobby& lobby, Session& player, const ClientMessage& message) {
         lobby.StatusChanged(player);
         return;
     }
-    Session* invitee = lobby.FindUser(message.fields[0]);
-    if (invitee != nullptr)
-        ForgetInvitation(player, *invitee);
+    if (const Invitation* own = FindInvitation(player.invited, &Invitation::invitee, message.fields[0]))
+        ForgetInvitation(player, *own->other);
+}
+
+void KeepFormerNick(Session& player, const std::string& nick) {
+    if (player.formerNicks.size() == kMostFormerNicks)
+        player.formerNicks.erase(player.formerNicks.begin());
+    player.formerNicks.push_back(nick);
 }
 
 void LeaveGames(Lobby& lobby, Session& user) {
     if (user.partner != nullptr)
         EndGame(lobby, user);
     ForgetInvitationsOf(user);
-    for (Session* inviter : user.invitedBy) {
-        std::erase(inviter->invited, &user);
-        RefuseFor(lobby, *inviter, user.nick, " has left.");
+    for (const Invitation& invitation : user.invitedBy) {
+        EraseInvitation(invitation.other->invited, user);
+        RefuseFor(lobby, *invitation.other, user.nick, " has left.");
     }
     user.invitedBy.clear();
 }

@@ -12,6 +12,9 @@ void HandleAccept(Lobby& lobby, Session& invitee, const ClientMessage& message);
 void HandlePlay(Lobby& lobby, Session& player, const ClientMessage& message);
 void HandleEnd(Lobby& lobby, Session& player, const ClientMessage& message);
 
+// Lets the moves of the player's partner go on to name the player by this nickname.
+void KeepFormerNick(Session& player, const std::string& nick);
+
 // Ends the game of a user who leaves, and tells the users who wait for an answer to their invitations.
 void LeaveGames(Lobby& lobby, Session& user);
 

@@ -71,7 +71,7 @@ bool WithinLimit(Lobby& lobby, Session& session, MessageLimit limit) {
         session.moves.Borrow(limits.moves, 1, lobby.Now());
         return true;
     }
-    if (session.messages.Take(limits.messages, 1, lobby.Now())) {
+    if (lobby.Allow(session, &Allowances::messages, limits.messages, 1)) {
         session.toldMessages = false;
         return true;
     }
@@ -93,19 +93,21 @@ void DispatchClientMessage(Lobby& lobby, Session& session, const Frame& message)
     const MessageLimit limit = row != nullptr ? row->limit : MessageLimit::Messages;
     ClientMessage split{message.whole, {}};
     if (!WithinLimit(lobby, session, limit) || row == nullptr) {
-        ++lobby.Counts().dropped;
+        lobby.CountDropped(session);
         return;
     }
     if ((row->stages & Bit(session.stage)) == 0) {
-        ++lobby.Counts().dropped;
+        lobby.CountDropped(session);
         if (!session.IsUser())
             lobby.Tell(session, "Tell your version and choose a nickname first.");
         return;
     }
-    if (Split(message.arguments, row->fields, split))
-        row->handle(lobby, session, split);
-    else
-        ++lobby.Counts().dropped;
+    if (!Split(message.arguments, row->fields, split)) {
+        lobby.CountDropped(session);
+        return;
+    }
+    lobby.CountAccepted();
+    row->handle(lobby, session, split);
 }
 
 } // namespace tarveth

@@ -24,11 +24,12 @@ constexpr double kLoadSeconds = 0.7;
 constexpr std::size_t kPlayers = 1000;
 
 const std::vector<std::string> kRelay = {LOBBY_RELAY};
-const std::vector<std::string> kLobby = {LOBBY_PROGRAM, "--port", "0"};
+const std::vector<std::string> kLobby = {LOBBY_PROGRAM, "--port", "0", "--exempt-loopback"};
 
 std::vector<std::string> WithoutRates() {
     std::vector<std::string> command = kLobby;
-    for (const char* option : {"--chat-lines=0", "--chat-characters=0", "--messages=0", "--moves=0"})
+    for (const char* option : {"--chat-lines=0", "--chat-characters=0", "--messages=0", "--moves=0",
+                               "--invitations=0", "--useless-bytes=0"})
         command.emplace_back(option);
     return command;
 }

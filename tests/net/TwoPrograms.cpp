@@ -20,6 +20,7 @@ void Require(bool holds, const std::string& what) {
 Limits NoLimits() {
     Limits limits;
     limits.messages = limits.moves = limits.chatLines = limits.chatCharacters = {};
+    limits.invitations = limits.renames = limits.uselessBytes = {};
     return limits;
 }
 

@@ -33,6 +33,7 @@ constexpr int kPatience = 20000; // milliseconds
     }
     if (std::find(options.begin(), options.end(), "--port") == options.end())
         words.insert(words.end(), {"--port", "0"});
+    words.emplace_back("--exempt-loopback");
     words.insert(words.end(), options.begin(), options.end());
     std::vector<char*> arguments;
     arguments.reserve(words.size() + 1);
@@ -110,12 +111,16 @@ int LobbyProgram::WaitForEnd() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-LobbyClient::LobbyClient(const LobbyProgram& program, int receiveBuffer)
+LobbyClient::LobbyClient(const LobbyProgram& program, int receiveBuffer, const std::string& from)
     : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     if (receiveBuffer > 0)
         setsockopt(socket_, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
     sockaddr_in address{};
     address.sin_family = AF_INET;
+    if (!from.empty()) {
+        inet_pton(AF_INET, from.c_str(), &address.sin_addr);
+        bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    }
     address.sin_port = htons(static_cast<std::uint16_t>(program.Port()));
     inet_pton(AF_INET, program.Address().c_str(), &address.sin_addr);
     if (connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
@@ -124,8 +129,9 @@ LobbyClient::LobbyClient(const LobbyProgram& program, int receiveBuffer)
     setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
-LobbyClient::LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer)
-    : LobbyClient(program, receiveBuffer) {
+LobbyClient::LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer,
+                         const std::string& from)
+    : LobbyClient(program, receiveBuffer, from) {
     Say("\251clientver(2.6.4)\251nick(" + nick + ")\251sendnicks()");
     HearUntil("\251addnick(" + nick + ",");
 }

@@ -12,7 +12,8 @@ namespace tarveth {
 
 class LobbyProgram {
 public:
-    // Starts the program; throws std::runtime_error if it does not begin to listen. The options may give a
+    // Starts the program with --exempt-loopback, which the options may switch off again; throws
+    // std::runtime_error if it does not begin to listen. The options may give a
     // --bind address other than 127.0.0.1, and a --port. fileLimit: the program's limit of open files
     // (RLIMIT_NOFILE); 0 leaves the usual one.
     explicit LobbyProgram(const std::vector<std::string>& options = {}, unsigned fileLimit = 0);
@@ -43,9 +44,11 @@ private:
 class LobbyClient {
 public:
     // receiveBuffer: the size of the socket's receive buffer (SO_RCVBUF); 0 leaves the usual one.
-    explicit LobbyClient(const LobbyProgram& program, int receiveBuffer = 0);
+    // from: the local address to connect from, such as 127.0.0.2; empty for the usual one.
+    explicit LobbyClient(const LobbyProgram& program, int receiveBuffer = 0, const std::string& from = {});
     // Connects, takes a nickname, and reads the list of users.
-    LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer = 0);
+    LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer = 0,
+                const std::string& from = {});
     ~LobbyClient() { Close(); }
     LobbyClient(LobbyClient&& other) noexcept;
     LobbyClient& operator=(LobbyClient&&) = delete;

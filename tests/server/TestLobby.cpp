@@ -8,16 +8,37 @@ TestLobby::TestLobby(const Limits& limits, const std::string& messageOfTheDay)
     : lobby(limits, messageOfTheDay) {}
 
 TestConnection& TestLobby::Connect() {
-    TestConnection& client = clients_.emplace_back(lobby.Bounds());
-    lobby.Enter(client.session, now_);
+    ClientAddress address = *ParseAddress("10.0.0.0");
+    address.bytes[14] = static_cast<std::uint8_t>(clients_.size() / 250);
+    address.bytes[15] = static_cast<std::uint8_t>(clients_.size() % 250);
+    return Connect(address);
+}
+
+TestConnection& TestLobby::Connect(const char* address) {
+    return Connect(*ParseAddress(address));
+}
+
+TestConnection& TestLobby::Connect(const ClientAddress& address) {
+    TestConnection& client = clients_.emplace_back(address, lobby.Bounds());
+    client.refusal = lobby.Enter(client.session, now_);
     return client;
 }
 
 TestConnection& TestLobby::Join(const std::string& nick) {
     TestConnection& client = Connect();
+    ShakeHands(client, nick);
+    return client;
+}
+
+TestConnection& TestLobby::Join(const std::string& nick, const char* address) {
+    TestConnection& client = Connect(address);
+    ShakeHands(client, nick);
+    return client;
+}
+
+void TestLobby::ShakeHands(TestConnection& client, const std::string& nick) {
     Say(client, "\251clientver(2.6.4)\251nick(" + nick + ")\251sendnicks()");
     ForgetAll();
-    return client;
 }
 
 void TestLobby::StartGame(TestConnection& a, TestConnection& b) {

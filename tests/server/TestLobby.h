@@ -10,8 +10,9 @@
 namespace tarveth {
 
 struct TestConnection {
-    explicit TestConnection(const Limits& limits) : session(nullptr, limits) {}
+    TestConnection(const ClientAddress& address, const Limits& limits) : session(nullptr, address, limits) {}
     Session session;
+    std::optional<Refusal> refusal; // why the lobby did not accept the connection
     std::string heard;
 };
 
@@ -19,9 +20,12 @@ class TestLobby {
 public:
     explicit TestLobby(const Limits& limits = {}, const std::string& messageOfTheDay = {});
 
+    // Connects a client, from an address of its own if none is given.
     TestConnection& Connect();
+    TestConnection& Connect(const char* address);
     // Connects a client that completes the handshake. What all clients received so far is forgotten.
     TestConnection& Join(const std::string& nick);
+    TestConnection& Join(const std::string& nick, const char* address);
     // Begins a game to which a has invited b.
     void StartGame(TestConnection& a, TestConnection& b);
     void Say(TestConnection& client, std::string_view bytes);
@@ -37,6 +41,9 @@ public:
 
 private:
     void Deliver();
+
+    TestConnection& Connect(const ClientAddress& address);
+    void ShakeHands(TestConnection& client, const std::string& nick);
 
     std::deque<TestConnection> clients_;
     Time now_ = Time{} + std::chrono::hours(1);

@@ -44,7 +44,7 @@ TEST_F(Invitations, AnInvitationOfOneselfIsRefusedWhateverTheCase) {
 TEST_F(Invitations, ARefusalReachesTheInviter) {
     t.Say(ann, "\251invite(Bob,Ann)");
     t.Say(bob, "\251refuse(Ann, Bob has turned down your invitation.)");
-    EXPECT_EQ(t.Heard(ann), "@refuse(Ann, Bob has turned down your invitation.)");
+    EXPECT_EQ(t.Heard(ann), "@refuse(Ann, Bob: Bob has turned down your invitation.)");
     t.Say(bob, "\251refuse(Ann, Bob has turned down your invitation.)");
     EXPECT_EQ(t.Heard(ann), "");
 }
@@ -58,6 +58,55 @@ TEST_F(Invitations, ARefusalThatDoesNotNameItsSenderIsSigned) {
     t.Say(ann, "\251invite(Bob,Ann)");
     t.Say(bob, "\251refuse(Ann, nickname set to x\r\nThe server is down)");
     EXPECT_EQ(t.Heard(ann), "@refuse(Ann, Bob: nickname set to xThe server is down)");
+}
+
+TEST_F(Invitations, ASecondInvitationOfTheSameUserIsNotSentWhileTheFirstIsOpen) {
+    t.Say(ann, "\251invite(Bob,Ann)\251invite(bob,Ann)");
+    EXPECT_EQ(t.Heard(bob), "@invite(Bob,Ann)");
+    EXPECT_EQ(t.Heard(ann), "@sys(Bob has not answered your first invitation yet.)");
+    t.Say(bob, "\251refuse(Ann, no)");
+    t.Say(ann, "\251invite(Bob,Ann)");
+    EXPECT_EQ(t.Heard(bob), "@invite(Bob,Ann)");
+}
+
+TEST_F(Invitations, AnAnswerToAnInviterWhoHasRenamedReachesThem) {
+    t.Say(ann, "\251invite(Bob,Ann)\251nick(Zed)");
+    auto& other = t.Join("Ann");
+    t.Say(other, "\251invite(Bob,Ann)");
+    t.ForgetAll();
+    t.Say(bob, "\251refuse(Ann, no)");
+    EXPECT_EQ(t.Heard(ann), "@refuse(Zed, Bob: no)");
+    EXPECT_EQ(t.Heard(other), "");
+    t.Say(bob, "\251accept(Ann,Bob,yes)");
+    EXPECT_EQ(other.session.partner, &bob.session);
+}
+
+TEST_F(Invitations, AnInvitationOfAUserWhoHasRenamedCanBeTakenBack) {
+    t.Say(ann, "\251invite(Bob,Ann)");
+    t.Say(bob, "\251nick(Rob)");
+    t.Say(ann, "\251end(Bob,Ann)");
+    t.Say(bob, "\251accept(Ann,Rob,yes)");
+    EXPECT_EQ(bob.session.partner, nullptr);
+}
+
+TEST_F(Invitations, TheAcceptingProgramMayGoOnToNameTheInviterAsInTheInvitation) {
+    t.Say(ann, "\251invite(Bob,Ann)\251nick(Zed)");
+    t.Say(bob, "\251accept(Ann,Bob,yes)");
+    t.ForgetAll();
+    t.Say(bob, "\251play(Ann,M(1,2))");
+    EXPECT_EQ(t.Heard(ann), "@play(Zed,M(1,2))");
+}
+
+TEST_F(Invitations, AnAcceptanceOfAnyLengthReachesTheInviter) {
+    t.Say(ann, "\251invite(Bob,Ann)");
+    const std::string accept = "accept(Ann,Bob," + std::string(32767 - 16, 'x') + ")";
+    ASSERT_EQ(accept.size(), 32767U);
+    t.Say(bob, "\251" + accept);
+    const std::string heard = t.Heard(ann);
+    const std::string message = heard.substr(1, heard.find(')'));
+    EXPECT_TRUE(message.starts_with("accept(Ann,Bob,Bob: xxx"));
+    EXPECT_LE(message.size(), 32767U);
+    EXPECT_EQ(ann.session.partner, &bob.session);
 }
 
 TEST_F(Invitations, AnAcceptanceWithoutAnInvitationIsUndone) {
@@ -115,6 +164,7 @@ TEST_F(Invitations, TheSeventeenthTakesThePlaceOfTheFirst) {
     std::deque<TestConnection*> others;
     for (int i = 0; i < 16; ++i) {
         others.push_back(&t.Join("X" + std::to_string(i)));
+        t.Pass(std::chrono::seconds(12));
         t.Say(ann, "\251invite(X" + std::to_string(i) + ",Ann)");
     }
     EXPECT_TRUE(bob.session.invitedBy.empty());
@@ -141,7 +191,7 @@ TEST_F(Invitations, AUserInAGameCanBeInvitedAndTheirProgramRefuses) {
     t.Say(cid, "\251invite(Ann,Cid)");
     EXPECT_EQ(t.Heard(ann), "@invite(Ann,Cid)");
     t.Say(ann, "\251refuse(Cid, [Auto] Ann is in a game already.)");
-    EXPECT_EQ(t.Heard(cid), "@refuse(Cid, [Auto] Ann is in a game already.)");
+    EXPECT_EQ(t.Heard(cid), "@refuse(Cid, Ann: [Auto] Ann is in a game already.)");
 }
 
 TEST_F(Games, BothPlayersHaveTheSignOfAGame) {
@@ -210,6 +260,35 @@ TEST_F(Games, ARenamedPartnerIsReachedByEitherName) {
     EXPECT_EQ(t.Heard(bob), "@play(Rob,M(1,2))@play(Rob,M(3,4))@play(Rob,M(5,6))");
     t.Say(ann, "\251end(Bob,Ann)");
     EXPECT_EQ(bob.session.partner, nullptr);
+}
+
+TEST_F(Games, APartnerWhoRenamesTwiceIsReachedByEachName) {
+    t.StartGame(ann, bob);
+    t.Say(bob, "\251nick(Rob)\251nick(Rod)");
+    auto& other = t.Join("Bob");
+    t.Say(ann, "\251play(Bob,M(1,2))\251play(Rob,M(3,4))\251play(Rod,M(5,6))\251end(Bob,Ann)");
+    const std::string heard = t.Heard(bob);
+    EXPECT_TRUE(heard.starts_with("@play(Rod,M(1,2))@play(Rod,M(3,4))@play(Rod,M(5,6))@end(Rod,Ann)"))
+        << heard;
+    EXPECT_EQ(t.Heard(other).find("play"), std::string::npos);
+}
+
+TEST_F(Games, AFormerNameOfAnEarlierGameReachesNobody) {
+    t.StartGame(ann, bob);
+    t.Say(bob, "\251nick(Rob)");
+    t.Say(ann, "\251end(Bob,Ann)");
+    t.StartGame(ann, bob);
+    t.Say(ann, "\251play(Bob,M(1,2))");
+    EXPECT_EQ(t.Heard(bob), "");
+}
+
+TEST_F(Games, AMoveThatALongerNameWouldMakeTooLongKeepsTheNameOfItsSender) {
+    t.StartGame(ann, bob);
+    t.Say(bob, "\251nick(Bob with a much longer nickname)");
+    t.ForgetAll();
+    const std::string play = "play(Bob," + std::string(32767 - 10, 'x') + ")";
+    t.Say(ann, "\251" + play);
+    EXPECT_EQ(t.Heard(bob), "@" + play);
 }
 
 TEST_F(Games, AnotherGameCanFollow) {
