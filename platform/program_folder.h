@@ -22,7 +22,11 @@ std::string UserDataFolder();
 // Whether a file can be created in the folder.
 bool CanCreateFileIn(const std::string& folder);
 
-// programFolder itself if a file can be created in it; else the user's own data folder of this program,
+// Whether the program may keep its user's files in its own folder: a file can be created there, and it is
+// none of the system's folders, where root could do so, but only programs belong.
+bool MayKeepFilesIn(const std::string& programFolder);
+
+// programFolder itself if files may be kept in it; else the user's own data folder of this program,
 // created if need be; programFolder again if neither can be written. With a trailing separator.
 std::string WritableFolder(const std::string& programFolder);
 

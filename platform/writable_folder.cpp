@@ -14,7 +14,7 @@ std::string WithSeparator(std::string folder) {
 }
 
 std::string WritableFolder(const std::string& programFolder) {
-    if (CanCreateFileIn(programFolder))
+    if (MayKeepFilesIn(programFolder))
         return WithSeparator(programFolder);
     const std::string userFolder = UserDataFolder();
     std::error_code error;

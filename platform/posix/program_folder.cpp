@@ -1,13 +1,23 @@
 #include "platform/program_folder.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace tarveth::platform {
+
+namespace {
+
+// Programs that were installed for everybody are below one of them.
+constexpr const char* kSystemFolders[] = {"/usr/", "/opt/", "/bin/",  "/sbin/",
+                                          "/lib/", "/app/", "/snap/", "/nix/"};
+
+} // namespace
 
 char PathSeparator() {
     return '/';
@@ -39,6 +49,12 @@ bool CanCreateFileIn(const std::string& folder) {
     close(file);
     unlink(probe.c_str());
     return true;
+}
+
+bool MayKeepFilesIn(const std::string& programFolder) {
+    const auto holds = [&](const char* folder) { return WithSeparator(programFolder).starts_with(folder); };
+    const bool isInstalled = std::any_of(std::begin(kSystemFolders), std::end(kSystemFolders), holds);
+    return !(isInstalled && geteuid() == 0) && CanCreateFileIn(programFolder);
 }
 
 } // namespace tarveth::platform

@@ -50,4 +50,8 @@ bool CanCreateFileIn(const std::string& folder) {
     return true;
 }
 
+bool MayKeepFilesIn(const std::string& programFolder) {
+    return CanCreateFileIn(programFolder);
+}
+
 } // namespace tarveth::platform

@@ -28,6 +28,15 @@ TEST(WritableFolder, IsTheUsersDataFolderForAnInstalledProgramAndIsCreated) {
     }));
 }
 
+TEST(WritableFolder, IsNeverOneOfTheSystemsNotEvenForRoot) {
+    const TempFolder folder;
+    for (const char* installed : {"/usr/", "/usr/bin", "/opt/"})
+        EXPECT_TRUE(TrueInChild([&] {
+            setenv("XDG_DATA_HOME", folder.File("data").c_str(), 1);
+            return WritableFolder(installed) == folder.File("data/tarveth/");
+        })) << installed;
+}
+
 TEST(WritableFolder, IsTheProgramsOwnAgainWhenNothingCanBeWritten) {
     EXPECT_TRUE(TrueInChild([] {
         setenv("XDG_DATA_HOME", "/proc/nowhere", 1);
