@@ -10,7 +10,7 @@ namespace tarveth::platform {
 
 // Makes bytes the content of the file, creating it if it is missing. The new content is complete on the disk
 // before it takes the old one's name; the old file's permissions stay, and a symbolic link stays a link.
-// Throws FileError when it cannot (write-protected file, folder, full disk); the old file is then untouched
+// Throws FileError when it cannot (write-protected file or folder, full disk); the old file is then untouched
 // and nothing is left beside it.
 void WriteFileAtomically(const std::string& file, std::string_view bytes);
 

@@ -9,6 +9,10 @@
 
 namespace tarveth::platform {
 
+// The cause where a file could be written only in place, which is never done.
+inline constexpr char kFolderTakesNoFile[] =
+    "cannot be written, since no file can be created in its folder; choose another folder";
+
 class FileError : public std::runtime_error {
 public:
     // cause: the rest of the sentence "FILE: …" without a full stop, as in "cannot be opened (No such file)".

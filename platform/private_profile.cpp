@@ -1,5 +1,6 @@
 #include "platform/private_profile.h"
 
+#include "platform/file_error.h"
 #include "platform/profile_file.h"
 #include "platform/profile_integer.h"
 #include "platform/profile_line.h"
@@ -13,23 +14,32 @@
 
 namespace tarveth::platform {
 
-namespace {
-
-// Asked before anything is gathered, so that a write that is bound to fail says so at once.
-bool CanBeChanged(const std::string& file) {
-    try {
-        ProfileBytes(file);
-        return MayWriteProfile(file);
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
-} // namespace
-
 // What was written to each file since the last flush.
 struct PrivateProfile::Pending {
     std::map<std::string, std::vector<ProfilePut>> files;
+    std::string failure; // the cause of the last one
+
+    // What `work` does; false, with the cause in `failure`, where it throws.
+    template <typename Work>
+    bool Try(Work work) {
+        try {
+            work();
+            return true;
+        } catch (const FileError& error) {
+            failure = error.Cause();
+        } catch (const std::exception& error) {
+            failure = error.what();
+        }
+        return false;
+    }
+
+    // Asked before anything is gathered, so that a write that is bound to fail says so at once.
+    bool CanBeChanged(const std::string& file) {
+        return files.contains(file) || Try([&] {
+                   ProfileBytes(file);
+                   RefuseUnwritableProfile(file);
+               });
+    }
 
     // The value as it will read back; nothing for one that was not written to.
     std::optional<std::string_view> Find(std::string_view section, std::string_view key,
@@ -77,8 +87,11 @@ std::size_t PrivateProfile::GetPrivateProfileStringA(const std::string& section,
 bool PrivateProfile::WritePrivateProfileStringA(const std::string& section, const std::string& key,
                                                 const std::string& value, const std::string& file) {
     ProfilePut put{std::string(TrimmedProfileText(section)), std::string(TrimmedProfileText(key)), value};
-    if (!ReadsBack(put.section, put.key, put.value) ||
-        (!pending_->files.contains(file) && !CanBeChanged(file)))
+    if (!ReadsBack(put.section, put.key, put.value)) {
+        pending_->failure = "cannot hold a text of more than one line";
+        return false;
+    }
+    if (!pending_->CanBeChanged(file))
         return false;
     pending_->files[file].push_back(std::move(put));
     return true;
@@ -86,15 +99,14 @@ bool PrivateProfile::WritePrivateProfileStringA(const std::string& section, cons
 
 bool PrivateProfile::Flush() noexcept {
     bool allWritten = true;
-    for (const auto& [file, puts] : pending_->files) {
-        try {
-            RewriteProfile(file, puts);
-        } catch (const std::exception&) {
-            allWritten = false;
-        }
-    }
+    for (const auto& [file, puts] : pending_->files)
+        allWritten &= pending_->Try([&file = file, &puts = puts] { RewriteProfile(file, puts); });
     pending_->files.clear();
     return allWritten;
+}
+
+const std::string& PrivateProfile::FailureCause() const {
+    return pending_->failure;
 }
 
 } // namespace tarveth::platform

@@ -47,6 +47,9 @@ public:
     // written to it is forgotten.
     bool Flush() noexcept;
 
+    // Why the last write or flush that failed did so, in the words of FileError's cause.
+    const std::string& FailureCause() const;
+
 private:
     struct Pending;
     std::unique_ptr<Pending> pending_;

@@ -35,8 +35,8 @@ std::size_t ProfileFileString(const std::string& section, const std::string& key
                               const std::string& defaultText, std::span<char> buffer,
                               const std::string& file);
 
-// Whether a write could succeed, before any is gathered.
-bool MayWriteProfile(const std::string& file);
+// Throws FileError where a write is bound to fail, before any is gathered.
+void RefuseUnwritableProfile(const std::string& file);
 
 // Does all the writes to the file in one piece, and keeps what others have written into it until then. Throws
 // FileError; the file is then as it was.

@@ -48,4 +48,8 @@ bool modINI::IniFlush() {
     return profile_.Flush();
 }
 
+const std::string& modINI::IniFailure() const {
+    return profile_.FailureCause();
+}
+
 } // namespace tarveth

@@ -35,6 +35,9 @@ public:
     // file is then whole and what was put is forgotten.
     bool IniFlush();
 
+    // Why the last put or flush that failed did so: the rest of the sentence "FILE: …".
+    const std::string& IniFailure() const;
+
 private:
     bool IsRegistered() const;
 

@@ -65,7 +65,7 @@ void PictureSchemeWrite(const std::string& pictureScheme, const PictureNames& bl
     modINI ini = NewIni();
     if (!WriteSection(ini, "Blue", pictureScheme, bluePics) ||
         !WriteSection(ini, "Red", pictureScheme, redPics) || !ini.IniFlush())
-        throw platform::FileError(pictureScheme, "cannot be written");
+        throw platform::FileError(pictureScheme, ini.IniFailure());
 }
 
 } // namespace tarveth

@@ -25,6 +25,13 @@ namespace {
     throw FileError(file, what + " (" + std::generic_category().message(error) + ")");
 }
 
+// A file that may be written is refused too where its folder takes no new one: a write in place could lose
+// it.
+[[noreturn]] void FailToCreate(const std::string& file, int error) {
+    const bool refused = error == EACCES || error == EPERM || error == EROFS;
+    Fail(file, refused ? kFolderTakesNoFile : "cannot be written", error);
+}
+
 [[noreturn]] void FailTooLong(const std::string& file, std::uintmax_t limit) {
     throw FileError(file, "is longer than " + std::to_string(limit) + " bytes");
 }
@@ -104,7 +111,7 @@ void WriteFileAtomically(const std::string& file, std::string_view bytes) {
     fs::path temporary;
     const Descriptor descriptor(CreateBeside(target, temporary));
     if (!descriptor.IsOpen())
-        Fail(file, "cannot be written", errno);
+        FailToCreate(file, errno);
     Removal removal(temporary);
     if ((exists && fchmod(descriptor.Number(), old.st_mode & 07777) != 0) ||
         !WriteAll(descriptor.Number(), bytes) || fsync(descriptor.Number()) != 0 ||

@@ -6,6 +6,7 @@
 #include "platform/profile_integer.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -52,13 +53,17 @@ std::size_t ProfileFileString(const std::string& section, const std::string& key
     return count;
 }
 
-bool MayWriteProfile(const std::string& file) {
+void RefuseUnwritableProfile(const std::string& file) {
+    const std::filesystem::path parent = std::filesystem::path(file).parent_path();
+    const std::string folder = parent.empty() ? "." : parent.string();
     std::error_code error;
-    if (std::filesystem::exists(file, error))
-        return std::filesystem::is_regular_file(file, error) && access(file.c_str(), W_OK) == 0;
-    const std::string parent = std::filesystem::path(file).parent_path().string();
-    const std::string folder = parent.empty() ? "." : parent;
-    return std::filesystem::is_directory(folder, error) && access(folder.c_str(), W_OK | X_OK) == 0;
+    const bool exists = std::filesystem::exists(file, error);
+    if ((exists && access(file.c_str(), W_OK) != 0) || (!exists && access(folder.c_str(), W_OK | X_OK) != 0))
+        throw FileError(file, "cannot be written (" + std::generic_category().message(errno) + ")");
+    if (exists && !std::filesystem::is_regular_file(file, error))
+        throw FileError(file, "cannot be written: it is not a plain file");
+    if (!exists && !std::filesystem::is_directory(folder, error))
+        throw FileError(file, "cannot be written (" + std::generic_category().message(ENOTDIR) + ")");
 }
 
 void RewriteProfile(const std::string& file, std::span<const ProfilePut> puts) {

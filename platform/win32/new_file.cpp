@@ -44,7 +44,7 @@ NewFile::NewFile(const std::string& file)
       attributes_(GetFileAttributesW(target_.c_str())),
       handle_((RefuseUnwritable(file, attributes_), CreateBeside())) {
     if (!handle_.IsOpen())
-        Fail(file_, kCannotBeWritten);
+        Fail(file_, GetLastError() == ERROR_ACCESS_DENIED ? kFolderTakesNoFile : kCannotBeWritten);
 }
 
 NewFile::~NewFile() {

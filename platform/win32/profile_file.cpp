@@ -91,9 +91,8 @@ std::size_t ProfileFileString(const std::string& section, const std::string& key
 }
 
 // Only trying tells who may write where.
-bool MayWriteProfile(const std::string& file) {
+void RefuseUnwritableProfile(const std::string& file) {
     const NewFile trial(file);
-    return true;
 }
 
 void RewriteProfile(const std::string& file, std::span<const ProfilePut> puts) {

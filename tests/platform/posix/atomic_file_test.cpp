@@ -61,6 +61,25 @@ TEST(AtomicFile, AWriteProtectedFolderOrFileIsRefusedAndLeftAlone) {
     EXPECT_EQ(folder.FileCount(), 1u);
 }
 
+TEST(AtomicFile, AWritableFileInAWriteProtectedFolderIsRefusedInWordsThatSayWhatToDo) {
+    const TempFolder folder;
+    PutBytes(folder.File("a"), "old");
+    fs::permissions(folder.File("a"), fs::perms{0666});
+    fs::permissions(folder.Path(), fs::perms{0555});
+    EXPECT_TRUE(TrueInChild([&] {
+        try {
+            BecomeNobody();
+            WriteFileAtomically(folder.File("a"), "new");
+        } catch (const FileError& error) {
+            return error.Cause() == "cannot be written, since no file can be created in its folder; choose "
+                                    "another folder (Permission denied)";
+        }
+        return false;
+    }));
+    EXPECT_EQ(GetBytes(folder.File("a")), "old");
+    fs::permissions(folder.Path(), fs::perms{0777});
+}
+
 TEST(AtomicFile, ADiskThatFillsUpLeavesTheOldFileWholeAndNothingBesideIt) {
     const TempFolder folder;
     PutBytes(folder.File("a"), "old");

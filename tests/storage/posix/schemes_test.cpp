@@ -29,8 +29,9 @@ protected:
 };
 
 TEST_F(UnwritableScheme, InAWriteProtectedFolderSaysSo) {
-    EXPECT_TRUE(
-        TrueInChild([&] { return BecomeNobody() && WriteFailure() == file + ": cannot be written."; }));
+    EXPECT_TRUE(TrueInChild([&] {
+        return BecomeNobody() && WriteFailure() == file + ": cannot be written (Permission denied).";
+    }));
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
@@ -38,8 +39,9 @@ TEST_F(UnwritableScheme, ThatFindsTheDiskFullLeavesTheOldFileWhole) {
     PictureSchemeWrite(file, blue, red);
     const std::string old = GetBytes(file);
     blue[1] = std::string(200, 'x');
-    EXPECT_TRUE(
-        TrueInChild([&] { return LimitFileSize(100) && WriteFailure() == file + ": cannot be written."; }));
+    EXPECT_TRUE(TrueInChild([&] {
+        return LimitFileSize(100) && WriteFailure() == file + ": cannot be written (File too large).";
+    }));
     EXPECT_EQ(GetBytes(file), old);
     EXPECT_EQ(folder.FileCount(), 1U);
 }
