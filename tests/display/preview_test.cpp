@@ -1,6 +1,8 @@
 // Pictures in small.
 #include "display/preview.h"
 
+#include "engine/rules/modPieces.h"
+
 #include <gtest/gtest.h>
 
 namespace tarveth {
