@@ -88,7 +88,7 @@ TEST_F(InLobby, InvitesBySelectingAndByADoubleClick) {
     client.Choose("A", "i");
     EXPECT_NE(bob.HearUntil("\251invite(Bob,Ada)"), "");
     bob.Say("\251refuse(Ada, Bob has turned down your invitation.)");
-    ASSERT_TRUE(client.Hears("Bob has turned down your invitation."));
+    ASSERT_TRUE(client.Hears("Bob: Bob has turned down your invitation."));
     desk.WaitUntilAtRest();
     const Point row = desk.reader.Find(WithRoleAndName("table cell", "Bob"))->extents.Centre();
     desk.screen.Click(row);
