@@ -42,7 +42,7 @@ public:
     test::RecordingPort Port;
 
 private:
-    struct Opponent : OpponentPort {
+    struct Opponent : NetworkPort, OpponentPort {
         test::RecordingPort& port;
         modTools* tools = nullptr;
 

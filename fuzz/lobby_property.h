@@ -7,6 +7,7 @@
 #include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
 #include "server/Lobby.h"
+#include "text/foldcase.h"
 
 #include <algorithm>
 #include <array>

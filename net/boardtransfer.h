@@ -15,15 +15,15 @@ struct Game;
 // "P(" or "J(" and eleven values: the index in PieceTable or JailTable, then the record.
 std::string PieceMessage(std::string_view head, std::size_t index, const PieceRecord& piece);
 
-// Each changes the game as its message asks; false, and nothing changed, when a field holds no number or none
-// that can stand there. Whether the game is sound afterwards is for CheckGame.
+// Each of these changes the game as its message asks. It returns false and changes nothing when a field holds
+// no number or one that is out of range. Whether the game is sound afterwards is for CheckGame to say.
 bool ReadPieceSquare(Game& game, const GameFields& fields); // P(
 bool ReadPieceLimits(Game& game, const GameFields& fields); // S(
 bool ReadJailEntry(Game& game, const GameFields& fields);   // J(
 bool ReadTurn(Game& game, const GameFields& fields);        // T(
 
-// What a board fills that is going to arrive: new pieces, none of them in the jail, on the squares that the
-// game has them on.
+// Makes the board into which a transfer is read: new pieces on the squares where the game has them, and an
+// empty jail.
 Game BoardToFill(const Game& game);
 
 } // namespace tarveth

@@ -1,41 +1,97 @@
-// What the server says: one table row a message.
-#include "net/modClient.h"
+// What the server says: one table row a message. The dispatcher checks, the handler trusts.
+#include "net/LobbyVisit.h"
+#include "net/linkstate.h"
 #include "net/wire/modPARSER.h"
+#include "text/trim.h"
+#include "text/val.h"
 
+#include <algorithm>
 #include <array>
+#include <string>
 
 namespace tarveth {
 
-struct modClient::MessageRow {
+namespace {
+
+// A message of the server's: its argument text, and the fields of it, without the blanks around them.
+struct LobbyMessage {
+    std::string_view arguments;
+    std::array<std::string_view, 3> fields;
+};
+
+// The states of the link in which a message is heard, as bits.
+constexpr unsigned kWithoutGame = 1;
+constexpr unsigned kInGame = 2;
+constexpr unsigned kAlways = kWithoutGame | kInGame;
+
+constexpr unsigned kGrouped = kGroupParentheses | kGroupQuotes;
+
+constexpr std::string_view kIncompatible =
+    "I'm not compatible with that version of Tarveth Server. You need to upgrade your Tarveth to a newer "
+    "version.";
+constexpr std::string_view kServerTooOld =
+    "The Tarveth Server to which you are connecting is too old, and will not work properly with this version "
+    "of Tarveth. You need to connect to a newer server.";
+
+} // namespace
+
+struct LobbyVisit::MessageRow {
     std::string_view name;
     std::size_t leastFields; // with fewer it is ignored, and so is one of another name
     unsigned grouping;       // how its arguments split
-    void (modClient::*handle)(const LobbyMessage&);
+    unsigned states;         // in others it is ignored
+    void (*handle)(LobbyVisit&, const LobbyMessage&);
+
+    static const MessageRow* Find(std::string_view name);
 };
 
-std::span<const modClient::MessageRow> modClient::MessageTable() {
+const LobbyVisit::MessageRow* LobbyVisit::MessageRow::Find(std::string_view name) {
+    using Visit = LobbyVisit;
+    using Message = LobbyMessage;
     static constexpr std::array kTable = {
-        MessageRow{"changenick", 2, 0, &modClient::HandleChangeNick},
-        MessageRow{"removenick", 1, 0, &modClient::HandleRemoveNick},
-        MessageRow{"addnick", 1, 0, &modClient::HandleAddNick},
-        MessageRow{"update", 1, 0, &modClient::HandleUpdate},
-        MessageRow{"oldver", 1, 0, &modClient::HandleOldVersion},
-        MessageRow{"invite", 2, 0, &modClient::HandleInvite},
-        MessageRow{"refuse", 1, 0, &modClient::HandleRefuse},
-        MessageRow{"accept", 2, 0, &modClient::HandleAccept},
-        MessageRow{"play", 2, kGroupParentheses | kGroupQuotes, &modClient::HandlePlay},
-        MessageRow{"end", 1, 0, &modClient::HandleEnd},
-        MessageRow{"sys", 1, 0, &modClient::HandleSystem},
-        MessageRow{"alert", 1, 0, &modClient::HandleAlert},
+        MessageRow{"changenick", 2, 0, kAlways,
+                   [](Visit& visit, const Message& message) {
+                       const auto& [oldNick, newNick, status] = message.fields;
+                       visit.RenameUser(oldNick, newNick, LeadingInt16(status));
+                   }},
+        MessageRow{"removenick", 1, 0, kAlways,
+                   [](Visit& visit, const Message& message) { visit.RemoveUser(message.fields[0]); }},
+        MessageRow{"addnick", 1, 0, kAlways,
+                   [](Visit& visit, const Message& message) {
+                       visit.users_.Arrive(message.fields[0], LeadingInt16(message.fields[1]));
+                   }},
+        MessageRow{"update", 1, 0, kAlways,
+                   [](Visit& visit, const Message& message) { visit.Greet(message.arguments); }},
+        MessageRow{"oldver", 1, 0, kAlways,
+                   [](Visit& visit, const Message&) { visit.LeaveIncompatible(kIncompatible); }},
+        MessageRow{"invite", 2, 0, kAlways,
+                   [](Visit& visit, const Message& message) { visit.TakeInvitation(message.fields[1]); }},
+        MessageRow{
+            "refuse", 1, 0, kAlways,
+            [](Visit& visit, const Message& message) { visit.invitations_.TakeRefusal(message.fields[1]); }},
+        MessageRow{"accept", 2, 0, kAlways,
+                   [](Visit& visit, const Message& message) {
+                       if (IsNick(message.fields[1]))
+                           visit.invitations_.TakeAcceptance(message.fields[1], message.fields[2]);
+                   }},
+        MessageRow{"play", 2, kGrouped, kInGame,
+                   [](Visit& visit, const Message& message) { visit.link_.Receive(message.fields[1]); }},
+        MessageRow{"end", 1, 0, kInGame, [](Visit& visit, const Message&) { visit.EndLink(); }},
+        MessageRow{"sys", 1, 0, kAlways,
+                   [](Visit& visit, const Message& message) { visit.chat_.ShowNotice(message.arguments); }},
+        MessageRow{
+            "alert", 1, 0, kAlways,
+            [](Visit& visit, const Message& message) { visit.TellCritical(message.arguments, "Alert"); }},
     };
-    return kTable;
+    const auto* const row = std::ranges::find(kTable, name, &MessageRow::name);
+    return row == kTable.end() ? nullptr : row;
 }
 
 // The messages come first, then all the text that stood around them. A message that closes the window ends
 // it.
-void modClient::DispatchMessages(std::string_view bytes) {
+void LobbyVisit::DispatchMessages(std::string_view bytes) {
     std::string text;
-    while (visit_ != nullptr) {
+    while (!leaving_) {
         const auto frame = framer_.Next(bytes);
         if (!frame)
             break;
@@ -44,48 +100,65 @@ void modClient::DispatchMessages(std::string_view bytes) {
         else if (frame->kind == Frame::Kind::Text)
             text += frame->whole;
         else
-            ShowNotice("A message of more than " + std::to_string(kLongestMessage) +
-                       " characters was ignored.");
+            chat_.ShowNotice("A message of more than " + std::to_string(kLongestMessage) +
+                             " characters was ignored.");
     }
-    if (visit_ != nullptr)
-        ShowLines(text);
-    if (IsOpen())
-        ShowUsersIfChanged();
+    if (!leaving_)
+        chat_.ShowLines(text);
+    users_.ShowIfChanged();
 }
 
-void modClient::DispatchMessage(const Frame& frame) {
-    for (const MessageRow& row : MessageTable()) {
-        if (row.name != frame.name)
-            continue;
-        LobbyMessage message{frame.arguments, {}};
-        const std::size_t count = SplitFields(frame.arguments, ",", row.grouping, message.fields);
-        for (std::string_view& field : message.fields)
-            field = TrimBlanks(field);
-        if (count >= row.leastFields)
-            (this->*row.handle)(message);
+void LobbyVisit::DispatchMessage(const Frame& frame) {
+    const MessageRow* const row = MessageRow::Find(frame.name);
+    if (row == nullptr || (row->states & (link_.IsOn() ? kInGame : kWithoutGame)) == 0)
         return;
-    }
+    LobbyMessage message{frame.arguments, {}};
+    const std::size_t count = SplitFields(frame.arguments, ",", row->grouping, message.fields);
+    for (std::string_view& field : message.fields)
+        field = TrimBlanks(field);
+    if (count >= row->leastFields)
+        row->handle(*this, message);
 }
 
-void modClient::HandleOldVersion(const LobbyMessage&) {
-    TellCritical(
-        "I'm not compatible with that version of Tarveth Server. You need to upgrade your Tarveth to "
-        "a newer version.",
-        "Incompatible");
-    Unload();
+void LobbyVisit::Greet(std::string_view serverVersion) {
+    if (!handshake_.Answer(serverVersion))
+        LeaveIncompatible(kServerTooOld);
 }
 
-void modClient::HandlePlay(const LobbyMessage& message) {
-    if (gameLinkState_ == kLinkInGame)
-        tools_.ParseGameMessages(message.fields[1]);
+void LobbyVisit::RenameUser(std::string_view oldNick, std::string_view newNick, std::int16_t status) {
+    if (users_.Rename(oldNick, newNick, status) && link_.IsOn() && oldNick == nicks_.opponent)
+        link_.RenameOpponent(newNick);
 }
 
-void modClient::HandleSystem(const LobbyMessage& message) {
-    ShowNotice(message.arguments);
+// A server that has not said before that the link has ended will not do it any more.
+void LobbyVisit::RemoveUser(std::string_view nick) {
+    users_.Leave(nick);
+    if (!link_.IsOn() || nick != nicks_.opponent)
+        return;
+    chat_.ShowNotice(nicks_.opponent + " has left.");
+    link_.End();
 }
 
-void modClient::HandleAlert(const LobbyMessage& message) {
-    TellCritical(message.arguments, "Alert");
+void LobbyVisit::TakeInvitation(std::string_view from) {
+    if (!IsNick(from))
+        return;
+    users_.ShowIfChanged();
+    invitations_.TakeInvitation(from);
+}
+
+void LobbyVisit::EndLink() {
+    chat_.ShowNotice(nicks_.opponent + " has broken the connection with you.");
+    link_.End();
+}
+
+void LobbyVisit::TellCritical(std::string_view text, std::string_view title) {
+    users_.ShowIfChanged();
+    person_.ShowMessageBox(text, title, BoxIcon::Critical);
+}
+
+void LobbyVisit::LeaveIncompatible(std::string_view text) {
+    TellCritical(text, "Incompatible");
+    Leave();
 }
 
 } // namespace tarveth

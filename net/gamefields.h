@@ -11,8 +11,8 @@
 
 namespace tarveth {
 
-// Views into the text it was made of, which must outlive it. Fields count from 1; of more than any message
-// has, the last are passed over.
+// The fields are views into the argument text, which must outlive them. They count from 1. Fields beyond the
+// most that any message has are ignored.
 class GameFields {
 public:
     static constexpr std::size_t kMost = 11;
@@ -21,11 +21,11 @@ public:
 
     std::string_view Whole() const { return whole_; }
     std::size_t Count() const { return count_; }
-    // Without the blanks around it; empty beyond the last.
+    // The field without the blanks around it; empty beyond the last field.
     std::string_view Text(std::size_t field) const;
-    // Nothing for a field that is not a number, whole, within 16 bits.
+    // The whole number that the field holds; nothing if it holds none, or one that does not fit 16 bits.
     std::optional<std::int16_t> Number(std::size_t field) const;
-    // The same within bounds.
+    // The whole number that the field holds; nothing if it holds none from least to most.
     std::optional<std::int16_t> Number(std::size_t field, int least, int most) const;
 
 private:

@@ -1,8 +1,6 @@
 #include "net/modClient.h"
 
-#include "net/wire/nickname.h"
-#include "net/wire/plaintext.h"
-#include "text/codepage.h"
+#include "net/LobbyVisit.h"
 
 #include <utility>
 
@@ -10,140 +8,99 @@ namespace tarveth {
 
 modClient::modClient(Game& game, NetGame& net, std::string& nickname, modMAIN& main,
                      MainWindowPort& mainWindow, std::function<void()> newUserSound)
-    : net_(net),
-      keptNickname_(nickname),
-      main_(main),
-      mainWindow_(mainWindow),
-      newUserSound_(std::move(newUserSound)),
-      tools_(game, net, main, mainWindow, *this) {}
+    : parts_{game, net, nickname, main, mainWindow, std::move(newUserSound)} {}
+
+modClient::~modClient() = default;
 
 void modClient::Open(ClientWindowPort& window, ClientPersonPort& person, AsyncSocket& socket) {
-    window_ = &window;
-    person_ = &person;
-    socket_ = &socket;
-    connection_.emplace(socket, net_, window, person);
-    visit_ = std::make_shared<const char>();
-    connectionBroke_ = false;
-    framer_ = Framer();
-    prevUpdate_ = false;
-    users_.Clear();
-    toldListIsLimited_ = false;
-    nickName_ = CleanNickname(ToWire(keptNickname_));
-    window_->ShowUsers();
-    SetPrivateMode(false);
-    SetInGame(false);
-    SetCaption();
-    ConnectEvents();
-    main_.RunCommand(WhileOpen(&modClient::Connect));
+    visit_ = std::make_shared<LobbyVisit>(parts_, window, person, socket);
+    visit_->Begin();
 }
 
 void modClient::Close() {
-    if (!IsOpen())
-        return;
-    const bool wasInGame = gameLinkState_ == kLinkInGame;
-    EndGameLink();
-    net_.NetConnected = false;
-    visit_.reset();
-    connection_.reset();
-    socket_ = nullptr;
-    person_ = nullptr;
-    window_ = nullptr;
-    if (wasInGame)
-        mainWindow_.ShowMessage("The connection to the server is closed; the game goes on at this screen.");
-    else if (connectionBroke_)
-        mainWindow_.ShowMessage("The connection to the server is closed.");
+    if (const auto visit = std::exchange(visit_, nullptr))
+        visit->End();
 }
 
-// Does nothing any more if the window that it is made for is to close, or has.
-std::function<void()> modClient::WhileOpen(void (modClient::*handle)()) {
-    return [this, visit = std::weak_ptr(visit_), handle] {
-        if (!visit.expired())
-            (this->*handle)();
-    };
+void modClient::Invite() {
+    if (visit_)
+        visit_->Invite();
 }
 
-// Bytes wait in the socket while anything else is going on, so that all is handled in its order.
-void modClient::ConnectEvents() {
-    socket_->ConnectEvent = WhenFree(WhileOpen(&modClient::HandleConnected));
-    socket_->DataArrivalEvent = WhenFree(WhileOpen(&modClient::HandleData));
-    socket_->CloseEvent = WhenFree(WhileOpen(&modClient::HandleClosed));
+void modClient::Break() {
+    if (visit_)
+        visit_->Break();
 }
 
-std::function<void()> modClient::WhenFree(std::function<void()> run) {
-    return [this, run = std::move(run)] { main_.RunWhenFree(run); };
+void modClient::ChangeNickname() {
+    if (visit_)
+        visit_->ChangeNickname();
 }
 
-void modClient::Connect() {
-    connection_->ConnectToServer();
+void modClient::Swap() {
+    if (visit_)
+        visit_->Swap();
 }
 
-void modClient::HandleConnected() {
-    connection_->Connected();
+void modClient::EnterLine(std::string_view line) {
+    if (visit_)
+        visit_->Input().Enter(line);
 }
 
-void modClient::HandleData() {
-    DispatchMessages(socket_->Receive());
+void modClient::SetPrivateMode(bool privateMode) {
+    if (visit_)
+        visit_->Input().SetPrivateMode(privateMode);
 }
 
-void modClient::HandleClosed() {
-    connectionBroke_ = true;
-    Unload();
+bool modClient::PrivateMode() const {
+    return visit_ && visit_->Input().PrivateMode();
 }
 
-void modClient::Unload() {
-    visit_.reset();
-    window_->Unload();
+void modClient::SelectUser(int index) {
+    if (visit_)
+        visit_->Users().Select(index);
 }
 
-// Every text is made fit to stand inside a message, wherever it came from.
-void modClient::Send(std::string_view name, std::initializer_list<std::string_view> fields) {
-    std::string text(name);
-    char before = '(';
-    for (const std::string_view field : fields) {
-        text += before;
-        text += BalancedLine(field);
-        before = ',';
-    }
-    text += fields.size() == 0 ? "()" : ")";
-    connection_->SendMessage(text);
+const UserList& modClient::Users() const {
+    static const UserList kNobody;
+    return visit_ ? visit_->Users().List() : kNobody;
+}
+
+std::string modClient::NickName() const {
+    return visit_ ? visit_->Nicks().mine : std::string();
+}
+
+std::string modClient::OpponentNick() const {
+    return visit_ ? visit_->Nicks().opponent : std::string();
+}
+
+std::int16_t modClient::GameLinkState() const {
+    return visit_ ? visit_->GameLinkState() : kLinkIdle;
+}
+
+void modClient::DispatchMessages(std::string_view bytes) {
+    if (const auto visit = visit_) // it must outlive its own end
+        visit->DispatchMessages(bytes);
+}
+
+void modClient::AppendTranscript(std::string_view text, bool isNotice) {
+    if (visit_)
+        visit_->Transcripts().AppendTranscript(text, isNotice);
 }
 
 void modClient::SendGameMessage(std::string_view inner) {
-    if (gameLinkState_ == kLinkInGame)
-        Send("play", {opponentNick_, inner});
+    if (visit_)
+        visit_->Link().SendGameMessage(inner);
 }
 
 void modClient::SendBoard() {
-    if (gameLinkState_ == kLinkInGame)
-        tools_.SendBoard();
+    if (visit_)
+        visit_->Link().SendBoard();
 }
 
 void modClient::AnnounceVictory(bool blueWon) {
-    if (gameLinkState_ != kLinkInGame)
-        return;
-    const bool localWon = blueWon == net_.PlayingBlue;
-    const std::string& winner = localWon ? nickName_ : opponentNick_;
-    const std::string& loser = localWon ? opponentNick_ : nickName_;
-    connection_->SendRawText("*** " + winner + (blueWon ? " (playing Blue)" : " (playing Red)") +
-                             " has defeated " + loser + "! ***");
-}
-
-void modClient::SetCaption() {
-    const std::string opponent = opponentNick_.empty() ? "<nobody>" : opponentNick_;
-    window_->ShowCaption("Internet Tarveth (" + nickName_ + " vs. " + opponent + ")");
-}
-
-void modClient::SetInGame(bool inGame) {
-    net_.InGame = inGame;
-    window_->ShowInGame(inGame);
-}
-
-void modClient::EndGameLink() {
-    gameLinkState_ = kLinkIdle;
-    SetInGame(false);
-    tools_.EndLink();
-    opponentNick_.clear();
-    SetCaption();
+    if (visit_)
+        visit_->Link().AnnounceVictory(blueWon);
 }
 
 } // namespace tarveth

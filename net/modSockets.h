@@ -20,15 +20,15 @@ public:
     // Asks for a server and begins to connect. False when the person chose none. If connecting can't even
     // begin, the person is told, and no connect event will come.
     bool ConnectToServer();
-    // For the socket's connect event. False if there is no connection; the person has been told.
+    // Handles the socket's connect event. False if there is no connection; the person has been told.
     bool Connected();
 
-    // What the data event brought; a lone carriage return counts as nothing.
+    // Takes what the data event has brought; a lone carriage return counts as nothing.
     std::string Receive();
 
-    // A message, to which the marker is added.
+    // Sends a message, with the marker in front of it.
     void SendMessage(std::string_view text);
-    // The text as it is: the server takes it as general chat.
+    // Sends the text as it is; the server takes it as general chat.
     void SendRawText(std::string_view text);
 
 private:

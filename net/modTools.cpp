@@ -11,10 +11,10 @@ namespace tarveth {
 
 namespace {
 
-// Far more than anybody clicks ahead; a program that sends on and on must not fill the memory.
+// Bounds the memory that a program can take here by sending squares without end; nobody clicks so many ahead.
 constexpr std::size_t kLongestQueue = std::size_t{1} << 20; // characters
 
-// A text that begins with no message of the game goes up to its closing parenthesis.
+// Drops a text that begins with no in-game message, up to its closing parenthesis.
 void DropMessage(std::string_view& text) {
     const std::size_t inside = std::min(text.find('('), text.size() - 1) + 1;
     const int closing = FindClosingParen(text.substr(inside));
@@ -74,7 +74,7 @@ bool modTools::QueueSquare(const GameFields& fields) {
     if (!column || !row)
         return false;
     if (*column == 0 && *row == 0)
-        return true; // no square; in the queue it would stand for a return
+        return true; // it names no square, and in the queue it would announce a return
     AppendNumbers(net_.RemoteX, net_.RemoteY, *column, *row);
     LimitQueues();
     return true;
@@ -96,7 +96,8 @@ bool modTools::QueueReturn(const GameFields& fields) {
     return true;
 }
 
-// All at once, so that a program that never stops is told of once in a long while.
+// Drops all that wait, not the newest only, so that a program that never stops sending gives one notice for
+// many squares.
 void modTools::LimitQueues() {
     if (net_.RemoteX.Text().size() <= kLongestQueue)
         return;
@@ -128,7 +129,7 @@ bool modTools::TakeTurn(const GameFields& fields) {
     return side.has_value();
 }
 
-// Of the board that arrives; without one, of the board on which both play, which has to stay sound.
+// Changes the board that is arriving or, outside a transfer, the game itself, which has to stay sound.
 bool modTools::Change(ReadChange read, const GameFields& fields) {
     if (arriving_)
         return read(*arriving_, fields);

@@ -12,8 +12,11 @@
 namespace tarveth {
 
 // The opponent's program, as the in-game messages need it.
-struct OpponentPort : NetworkPort {
-    // A private line of the opponent's for the transcripts.
+struct OpponentPort {
+    virtual ~OpponentPort() = default;
+    virtual void SendGameMessage(std::string_view inner) = 0;
+    // Lines for the transcripts: a notice, and what the opponent has said in private.
+    virtual void ShowNotice(std::string_view text) = 0;
     virtual void ShowPrivateLine(std::string_view text) = 0;
 };
 
@@ -22,10 +25,12 @@ public:
     // All outlive the object; main and opponent may still be under construction.
     modTools(Game& game, NetGame& net, modMAIN& main, MainWindowPort& window, OpponentPort& opponent);
 
-    // Handles in-game messages, one after the other. To be called between two passes. What cannot be
-    // understood gives a notice and changes nothing; what is no message of the game is passed over.
+    // Handles in-game messages, one after the other. To be called between two passes. A message whose
+    // arguments cannot be understood gives a notice and changes nothing; a text that is no in-game message is
+    // ignored.
     void ParseGameMessages(std::string_view text);
-    // Sends the board on which both play on, ending what was begun on it: a selection, a return that is due.
+    // Sends the board, on which both sides go on. A piece that is selected is put down first, and a return
+    // that is due is given up.
     void SendBoard();
 
     void SetLocalBlue();
@@ -33,8 +38,8 @@ public:
     // The players change sides.
     void SwapSides();
 
-    // There is no opponent any more: what was on the way from him is dropped, and the game goes on at this
-    // screen.
+    // Ends the game with the opponent: squares that wait and a board that has not arrived whole are dropped,
+    // and the game goes on at this screen.
     void EndLink();
 
 private:
@@ -42,7 +47,7 @@ private:
     static const Message kMessages[];
     using ReadChange = bool (*)(Game&, const GameFields&);
 
-    // One a message; false when its arguments cannot be understood.
+    // Each handles one message and returns false when its arguments cannot be understood.
     bool QueueSquare(const GameFields& fields);     // M(
     bool QueueReturn(const GameFields& fields);     // R(
     bool TakePieceSquare(const GameFields& fields); // P(

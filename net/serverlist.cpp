@@ -4,6 +4,7 @@
 #include "platform/atomic_file.h"
 #include "platform/file_exists.h"
 #include "platform/file_text.h"
+#include "text/trim.h"
 
 #include <algorithm>
 #include <cstdint>

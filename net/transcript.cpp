@@ -7,7 +7,7 @@ namespace tarveth {
 
 namespace {
 
-constexpr std::size_t kBlocks = 8; // one of them goes when all are full
+constexpr std::size_t kBlocks = 8; // an eighth of the lines is dropped at a time
 constexpr std::string_view kCut = "...";
 
 std::size_t Length(const TranscriptLine& line) {
@@ -24,7 +24,7 @@ void TranscriptLines::Add(std::string_view text, LineKind kind) {
     TranscriptLine line{std::string(text.substr(0, kLongestLine)), kind};
     if (text.size() > kLongestLine)
         line.text.replace(kLongestLine - kCut.size(), kCut.size(), kCut);
-    std::replace_if(line.text.begin(), line.text.end(), IsControl, ' '); // none of them ends a line
+    std::replace_if(line.text.begin(), line.text.end(), IsControl, ' '); // a line end would make two of it
     characters_ += Length(line);
     lines_.push_back(std::move(line));
     if (lines_.size() > kMostLines || characters_ > kMostCharacters)

@@ -20,18 +20,19 @@ class TranscriptLines {
 public:
     static constexpr std::size_t kMostLines = 5000;
     static constexpr std::size_t kMostCharacters = std::size_t{1024} * 1024; // each line's end included
-    // Of a line. The toolkit lays out a line as a whole, and takes minutes over a very long one.
+    // The most characters of a line. The toolkit lays out a line as a whole and takes minutes for a very long
+    // one.
     static constexpr std::size_t kLongestLine = 2000;
 
-    // A line that is too long is cut, and ends in "...".
+    // Adds a line at the end. One that is too long is cut and then ends in "...".
     void Add(std::string_view text, LineKind kind);
     void Clear();
     const std::deque<TranscriptLine>& Lines() const { return lines_; }
 
-    // What is to be done to a window that shows the lines as they were when last asked.
+    // The difference between the lines now and at the last TakeUpdate, for a window that shows the latter.
     struct Update {
-        std::size_t gone = 0;     // characters to be taken away at its beginning
-        std::size_t firstNew = 0; // the lines from this one on are to be added at its end
+        std::size_t gone = 0;     // characters to remove at the window's beginning
+        std::size_t firstNew = 0; // the first of the lines to add at its end
     };
     Update TakeUpdate();
 
@@ -40,8 +41,8 @@ private:
 
     std::deque<TranscriptLine> lines_;
     std::size_t characters_ = 0;
-    std::size_t shown_ = 0; // so many of the lines were there when last asked
-    std::size_t gone_ = 0;  // characters of such lines that are kept no more
+    std::size_t shown_ = 0; // lines that were there at the last TakeUpdate and still are
+    std::size_t gone_ = 0; // characters of lines that were there at the last TakeUpdate and have been dropped
 };
 
 } // namespace tarveth

@@ -1,6 +1,6 @@
 #include "net/userlist.h"
 
-#include "net/wire/modPARSER.h"
+#include "text/trim.h"
 
 #include <algorithm>
 

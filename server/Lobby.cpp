@@ -1,12 +1,13 @@
 #include "server/Lobby.h"
 
-#include "net/wire/modPARSER.h"
 #include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
 #include "server/chat.h"
 #include "server/games.h"
 #include "server/messages.h"
 #include "server/names.h"
+#include "text/foldcase.h"
+#include "text/trim.h"
 #include "version.h"
 
 #include <algorithm>

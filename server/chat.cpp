@@ -1,9 +1,9 @@
 #include "server/chat.h"
 
-#include "net/wire/modPARSER.h"
-#include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
 #include "server/wording.h"
+#include "text/foldcase.h"
+#include "text/trim.h"
 
 #include <algorithm>
 #include <array>

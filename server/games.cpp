@@ -1,8 +1,8 @@
 #include "server/games.h"
 
-#include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
 #include "server/wording.h"
+#include "text/foldcase.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "server/messages.h"
 
-#include "net/wire/modPARSER.h"
 #include "server/games.h"
-#include "server/versions.h"
+#include "text/trim.h"
+#include "text/versionnumber.h"
 
 namespace tarveth {
 

@@ -1,7 +1,8 @@
 #include "server/names.h"
 
-#include "net/wire/modPARSER.h"
 #include "net/wire/nickname.h"
+#include "text/foldcase.h"
+#include "text/trim.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "server/options.h"
 
-#include "server/versions.h"
+#include "text/versionnumber.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>

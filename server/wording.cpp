@@ -1,9 +1,10 @@
 #include "server/wording.h"
 
 #include "net/wire/framing.h"
-#include "net/wire/modPARSER.h"
 #include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
+#include "text/foldcase.h"
+#include "text/trim.h"
 
 #include <algorithm>
 

@@ -1,6 +1,7 @@
 #include "storage/clientoptions.h"
 
 #include "platform/file_exists.h"
+#include "text/foldcase.h"
 #include "text/trim.h"
 
 #include <algorithm>
@@ -47,12 +48,7 @@ void ForEachPair(Options& options, Settings& settings, Copy copy) {
 }
 
 bool HasSchemeEnding(std::string_view name) {
-    if (name.size() < kSchemeEnding.size())
-        return false;
-    const std::string_view ending = name.substr(name.size() - kSchemeEnding.size());
-    return std::equal(ending.begin(), ending.end(), kSchemeEnding.begin(), [](char letter, char small) {
-        return (letter >= 'A' && letter <= 'Z' ? letter - 'A' + 'a' : letter) == small;
-    });
+    return FoldAscii(name).ends_with(kSchemeEnding);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "platform/program_folder.h"
 #include "platform/text_path.h"
 #include "storage/modFileIO.h"
+#include "text/foldcase.h"
 #include "text/trim.h"
 
 #include <algorithm>
@@ -19,15 +20,9 @@ namespace {
 constexpr std::string_view kExtension = ".tsg";
 constexpr char kFilter[] = "Tarveth Games (*.TSG)|*.TSG|All Files,*.*|*.*"; // the comma is meant
 
-std::string LowerCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
-
 std::string WithExtension(const std::string& name) {
     const std::size_t start = name.size() - std::min(name.size(), kExtension.size());
-    return LowerCase(name.substr(start)) == kExtension ? name : name + std::string(kExtension);
+    return FoldAscii(name.substr(start)) == kExtension ? name : name + std::string(kExtension);
 }
 
 } // namespace
@@ -97,7 +92,7 @@ void GameFiles::OpenGame(const std::string& path) {
 // The path behind the program's folder for a file in there, else the whole path. Only the path is brought to
 // small letters, so that a folder with capitals is never found in it; the titles in files rely on that.
 std::string GameFiles::TitleOf(const std::string& path) const {
-    return LowerCase(path.substr(0, folder_.size())) == folder_ ? path.substr(folder_.size()) : path;
+    return FoldAscii(path.substr(0, folder_.size())) == folder_ ? path.substr(folder_.size()) : path;
 }
 
 std::string GameFiles::ProposedName() {

@@ -1,4 +1,4 @@
-// A text without the blanks around it.
+// A text without the blanks around it. Blanks only: tabs and line ends are part of the text.
 #pragma once
 
 #include <string>
@@ -6,12 +6,17 @@
 
 namespace tarveth {
 
-// Blanks only: tabs and line ends are part of the text.
-inline std::string Trim(std::string_view text) {
-    const std::size_t begin = text.find_first_not_of(' ');
-    if (begin == std::string_view::npos)
+// As a view into the text.
+inline std::string_view TrimBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
         return {};
-    return std::string(text.substr(begin, text.find_last_not_of(' ') + 1 - begin));
+    return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+}
+
+// As a text of its own.
+inline std::string Trim(std::string_view text) {
+    return std::string(TrimBlanks(text));
 }
 
 } // namespace tarveth

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 #include <system_error>
 
@@ -61,6 +62,12 @@ double Val(std::string_view text) {
     if (std::from_chars(mantissa.data(), end, value).ec == std::errc::result_out_of_range)
         value = IsTiny(mantissa, exponent) ? 0 : std::numeric_limits<double>::infinity();
     return negative ? -value : value;
+}
+
+std::int16_t LeadingInt16(std::string_view text) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    const double within = std::clamp(Val(text), double{Limits::min()}, double{Limits::max()});
+    return static_cast<std::int16_t>(std::lrint(within));
 }
 
 } // namespace tarveth

@@ -1,6 +1,7 @@
 // The number that a text begins with.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace tarveth {
@@ -9,5 +10,9 @@ namespace tarveth {
 // user's country writes; all that follows is passed over. 0 when the text begins with no number, infinity
 // when the number is greater than any.
 double Val(std::string_view text);
+
+// The same as a whole number, halves to even; one that is too far from zero for 16 bits counts as the last
+// that is not.
+std::int16_t LeadingInt16(std::string_view text);
 
 } // namespace tarveth

@@ -97,11 +97,4 @@ std::optional<std::string_view> TakeShortArgs(std::string_view& text) {
     return behind.substr(0, length);
 }
 
-std::string_view TrimBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 } // namespace tarveth

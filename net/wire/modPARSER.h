@@ -44,7 +44,4 @@ int FindClosingParen(std::string_view text);
 // parentheses hold. If they never close, the whole text is taken and nothing given.
 std::optional<std::string_view> TakeShortArgs(std::string_view& text);
 
-// Without the blanks at both ends.
-std::string_view TrimBlanks(std::string_view text);
-
 } // namespace tarveth

@@ -9,9 +9,6 @@ namespace tarveth {
 
 inline constexpr std::size_t kLongestNickname = 32;
 
-// Small letters for large ones, accented ones too.
-std::string FoldCase(std::string_view text);
-
 // The nickname that a user gets who asks for this one: without the characters that no nickname may hold,
 // blanks at the ends or blanks in a row, cut to its greatest length. "Player" if nothing is left, or if a
 // client would take lines that begin with it for a confirmation by the server.

@@ -1,8 +1,8 @@
 #include "net/wire/plaintext.h"
 
 #include "net/wire/framing.h"
-#include "net/wire/modPARSER.h"
-#include "net/wire/nickname.h"
+#include "text/foldcase.h"
+#include "text/trim.h"
 
 #include <vector>
 

@@ -20,8 +20,6 @@ public:
     Strings privateLines;
 
     void SendGameMessage(std::string_view inner) override { port_.SendGameMessage(inner); }
-    void SendBoard() override { port_.SendBoard(); }
-    void AnnounceVictory(bool blueWon) override { port_.AnnounceVictory(blueWon); }
     void ShowNotice(std::string_view text) override { port_.ShowNotice(text); }
     void ShowPrivateLine(std::string_view text) override { privateLines.emplace_back(text); }
 

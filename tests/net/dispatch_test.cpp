@@ -1,4 +1,5 @@
 // What the server says outside invitations: the list of users, notices, and what is no message.
+#include "net/wire/framing.h"
 #include "tests/net/Delivered.h"
 #include "tests/platform/TempFolder.h"
 

@@ -38,10 +38,5 @@ TEST(Nicknames, NoneCanBeTakenForTheServersConfirmation) {
     EXPECT_EQ(CleanNickname("nickname"), "nickname");
 }
 
-TEST(Nicknames, CaseIsFoldedInTheWiresCodePage) {
-    EXPECT_EQ(FoldCase("ANN \xC4\xD6\xDC\x8A\x9F"), "ann \xE4\xF6\xFC\x9A\xFF");
-    EXPECT_EQ(FoldCase("\xD7\xDF"), "\xD7\xDF");
-}
-
 } // namespace
 } // namespace tarveth

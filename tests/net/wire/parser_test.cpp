@@ -119,12 +119,6 @@ TEST(TakeShortArgs, AMessageThatNeverClosesIsTakenWhole) {
     }
 }
 
-TEST(TrimBlanks, TakesBlanksFromBothEndsOnly) {
-    EXPECT_EQ(TrimBlanks("  a b "), "a b");
-    EXPECT_EQ(TrimBlanks("   "), "");
-    EXPECT_EQ(TrimBlanks(""), "");
-}
-
 TEST(SplitFields, FillsTheRoomThatThereIsAndCountsAll) {
     std::array<std::string_view, 2> fields;
     EXPECT_EQ(SplitFields("a,(b,c),d", ",", kGroupParentheses, fields), 3U);
