@@ -130,7 +130,7 @@ void SocketThread::GiveUp() {
 }
 
 void SocketThread::Read() {
-    socket_.async_read_some(asio::buffer(piece_), [this](const asio::error_code& failure, std::size_t size) {
+    socket_.async_read_some(asio::buffer(chunk_), [this](const asio::error_code& failure, std::size_t size) {
         if (ended_ || leaving_)
             return;
         if (failure)
@@ -145,8 +145,8 @@ void SocketThread::Keep(std::size_t size) {
     {
         const std::lock_guard lock(mutex_);
         const bool first = received_.empty();
-        received_.append(piece_.data(), size);
-        more = ++pieces_ < kMostPieces;
+        received_.append(chunk_.data(), size);
+        more = ++chunks_ < kMostChunks;
         reading_ = more;
         if (first && tell_)
             tell_(SocketEvent::DataArrival, {});
@@ -157,7 +157,7 @@ void SocketThread::Keep(std::size_t size) {
 
 std::string SocketThread::Receive() {
     const std::lock_guard lock(mutex_);
-    pieces_ = 0;
+    chunks_ = 0;
     if (!std::exchange(reading_, true))
         asio::post(io_, [this] {
             if (!ended_ && !leaving_)

@@ -52,8 +52,8 @@ private:
     using Tcp = asio::ip::tcp;
 
     static constexpr std::size_t kMostUnsent = std::size_t{1} << 20;
-    static constexpr std::size_t kPieceSize = std::size_t{64} << 10;
-    static constexpr int kMostPieces = 2; // the one that the owner was told of, and a further one
+    static constexpr std::size_t kChunkSize = std::size_t{64} << 10;
+    static constexpr int kMostChunks = 2; // the one that the owner was told of, and a further one
 
     void Begin();
     void LookUp();
@@ -84,7 +84,7 @@ private:
     SocketTarget target_;
     Clock::time_point deadline_;
     std::vector<Tcp::endpoint> untried_; // the next one last
-    std::array<char, kPieceSize> piece_{};
+    std::array<char, kChunkSize> chunk_{};
     std::string sending_;
     std::size_t sent_ = 0; // of sending_
     bool writing_ = false;
@@ -99,7 +99,7 @@ private:
     bool lookingUp_ = false;
     bool reading_ = false;
     std::string received_;
-    int pieces_ = 0;       // in received_
+    int chunks_ = 0;       // in received_
     std::string outgoing_; // not yet in sending_
     std::size_t unsent_ = 0;
 };

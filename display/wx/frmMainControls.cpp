@@ -3,8 +3,8 @@
 
 #include "display/wx/BoardView.h"
 #include "display/wx/HistoryList.h"
+#include "display/wx/NameControl.h"
 #include "display/wx/text.h"
-#include "platform/accessible.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,10 +18,6 @@ namespace tarveth {
 namespace {
 
 constexpr int kFrameLine = 1;
-
-void NameControl(wxWindow* control, const std::string& given, const std::string& spoken) {
-    platform::SetAccessible(control->GetHandle(), given, spoken);
-}
 
 void Place(wxWindow* window, const LayoutBox& box) {
     window->SetSize(box.x, box.y, box.width, box.height);

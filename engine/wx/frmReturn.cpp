@@ -1,7 +1,7 @@
 #include "engine/wx/frmReturn.h"
 
+#include "display/wx/NameControl.h"
 #include "display/wx/PictureView.h"
-#include "platform/accessible.h"
 
 #include <wx/bmpbuttn.h>
 #include <wx/sizer.h>
@@ -36,8 +36,8 @@ frmReturn::frmReturn(wxWindow* parent)
     picReturnPawn = new wxBitmapButton(this, wxID_ANY, wxBitmap(1, 1));
     lblReturnOfficer_ = new wxStaticText(this, wxID_ANY, "Officer");
     lblReturnPawn_ = new wxStaticText(this, wxID_ANY, "Pawn");
-    platform::SetAccessible(picReturnOfficer->GetHandle(), "picReturnOfficer", "Return an Officer");
-    platform::SetAccessible(picReturnPawn->GetHandle(), "picReturnPawn", "Return a Pawn");
+    NameControl(picReturnOfficer, "picReturnOfficer", "Return an Officer");
+    NameControl(picReturnPawn, "picReturnPawn", "Return a Pawn");
     picReturnOfficer->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Choose(Officer); });
     picReturnPawn->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Choose(Pawn); });
     SetEscapeId(wxID_NONE);

@@ -1,10 +1,10 @@
 // The controls of the client window, and where they stand.
 #include "net/wx/frmClient.h"
 
+#include "display/wx/NameControl.h"
 #include "net/wx/Transcript.h"
 #include "net/wx/UserListView.h"
 #include "net/wx/frmClientMenu.h"
-#include "platform/accessible.h"
 
 #include <wx/button.h>
 #include <wx/panel.h>
@@ -22,11 +22,6 @@ constexpr int kGap = 8;
 const wxSize kFirstSize = {760, 520};
 const wxSize kLeastTranscript = {280, 100};
 const wxSize kLeastUsers = {190, 60};
-
-void NameControl(wxWindow* control, const char* given, const wxString& spoken) {
-    control->SetName(given);
-    platform::SetAccessible(control->GetHandle(), given, spoken.utf8_string());
-}
 
 } // namespace
 

@@ -1,7 +1,7 @@
 #include "net/wx/frmEnterIP.h"
 
+#include "display/wx/NameControl.h"
 #include "display/wx/text.h"
-#include "platform/accessible.h"
 #include "platform/file_error.h"
 
 #include <wx/button.h>
@@ -22,11 +22,6 @@ constexpr char kNote[] =
 constexpr int kLineLetters = 56; // the width of the dialog
 constexpr int kAddressLetters = 24;
 constexpr std::size_t kLongestItem = 200; // letters; the list is as wide as its longest item
-
-void NameControl(wxWindow* control, const std::string& given, const std::string& spoken) {
-    control->SetName(given);
-    platform::SetAccessible(control->GetHandle(), given, spoken);
-}
 
 wxString ItemOf(const Server& server) {
     wxString item = ToWx(server.description) + " (" + ToWx(server.address) + ')';

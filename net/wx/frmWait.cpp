@@ -1,6 +1,6 @@
 #include "net/wx/frmWait.h"
 
-#include "platform/accessible.h"
+#include "display/wx/NameControl.h"
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -10,8 +10,7 @@ namespace tarveth {
 frmWait::frmWait(wxWindow* parent)
     : wxDialog(parent, wxID_ANY, "Tarveth", wxDefaultPosition, wxDefaultSize, wxCAPTION) {
     auto* lblWait = new wxStaticText(this, wxID_ANY, "Please wait while I determine the IP address....");
-    lblWait->SetName("lblWait");
-    platform::SetAccessible(lblWait->GetHandle(), "lblWait", "Message");
+    NameControl(lblWait, "lblWait", "Message");
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(lblWait, wxSizerFlags().Centre().Border(wxALL, FromDIP(24)));
     SetSizerAndFit(row);

@@ -1,9 +1,9 @@
 // The controls of the options dialog, page by page.
 #include "storage/wx/frmClientOptions.h"
 
+#include "display/wx/NameControl.h"
 #include "display/wx/text.h"
 #include "engine/rules/modPieces.h"
-#include "platform/accessible.h"
 
 #include <algorithm>
 #include <utility>
@@ -37,10 +37,6 @@ constexpr int kBoxLetters = 28; // that a box has room for at least
 
 std::string Indexed(const std::string& name, std::size_t i) {
     return name + '(' + std::to_string(i) + ')';
-}
-
-void NameControl(wxWindow* control, const std::string& given, const wxString& spoken) {
-    platform::SetAccessible(control->GetHandle(), given, spoken.utf8_string());
 }
 
 wxStaticText* NewLabel(wxWindow* page, const wxString& text) {

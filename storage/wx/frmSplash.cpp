@@ -1,8 +1,8 @@
 #include "storage/wx/frmSplash.h"
 
 #include "display/preview.h"
+#include "display/wx/NameControl.h"
 #include "display/wx/PictureView.h"
-#include "platform/accessible.h"
 #include "version.h"
 
 #include <cmath>
@@ -39,10 +39,10 @@ frmSplash::frmSplash(wxWindow* parent, const PiecePictures& pictures)
     auto* Label1 = new wxStaticText(this, wxID_ANY, kCredits, wxDefaultPosition, wxDefaultSize,
                                     wxALIGN_CENTRE_HORIZONTAL);
     auto* btnOkay = new wxButton(this, wxID_OK, "&OK");
-    platform::SetAccessible(Picture1->GetHandle(), "Picture1", "The six pieces");
-    platform::SetAccessible(lblVersion->GetHandle(), "lblVersion", "Version");
-    platform::SetAccessible(Label1->GetHandle(), "Label1", "Credits");
-    platform::SetAccessible(btnOkay->GetHandle(), "btnOkay", "OK");
+    NameControl(Picture1, "Picture1", "The six pieces");
+    NameControl(lblVersion, "lblVersion", "Version");
+    NameControl(Label1, "Label1", "Credits");
+    NameControl(btnOkay, "btnOkay", "OK");
     SetEscapeId(wxID_OK);
 
     const int gap = FromDIP(16);
