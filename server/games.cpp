@@ -1,5 +1,6 @@
 #include "server/games.h"
 
+#include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
 #include "server/wording.h"
 #include "text/foldcase.h"

@@ -1,5 +1,6 @@
 #include "net/wx/frmClient.h"
 
+#include "net/AsyncSocket.h"
 #include "net/wx/Transcript.h"
 #include "net/wx/UserListView.h"
 #include "net/wx/frmClientMenu.h"
