@@ -69,7 +69,7 @@ std::map<int, std::function<void()>> Program::Commands() {
 }
 
 void Program::Start(const std::string& gameFile) {
-    // A title relative to the folder always means the same file.
+    // Titles of games may be relative paths, which so mean the same file at every start.
     std::error_code ignored;
     std::filesystem::current_path(platform::PathFromText(writableFolder_), ignored);
     platform::RemoveLeftovers(platform::PathFromText(writableFolder_));
@@ -95,19 +95,20 @@ void Program::LoadEverything() {
     std::vector<SettingProblem> problems = LoadSettings(settings_, ini_, writableFolder_);
     const std::vector<SettingProblem> more = LoadClientOptions(settings_, ini_, writableFolder_);
     problems.insert(problems.end(), more.begin(), more.end());
-    std::cerr << ProblemLines(problems, writableFolder_ + "tarveth.ini");
+    std::cerr << ProblemLines(problems, writableFolder_ + kSettingsFile);
     AddProblem(LoadPictures());
     if (!platform::CanCreateFileIn(writableFolder_))
         AddProblem("Settings, logs and games cannot be kept: neither " + writableFolder_ +
                    " nor a data folder of your own can be written.");
 }
 
-// In which a relative name is looked up, one after the other.
+// The folders that are searched, in this order, for a file given by a relative name.
 std::vector<std::string> Program::Folders() const {
     return {writableFolder_, programFolder_};
 }
 
-// What is wrong with the pictures that the settings name; nothing when all is well.
+// Loads the pictures that the settings name. Gives sentences about those that cannot be used; empty if there
+// are none.
 std::string Program::LoadPictures() {
     std::string problems;
     for (const std::string& sentence : pictures_.LoadPiecePictures(settings_, Folders())) {
@@ -156,7 +157,8 @@ void Program::ShowWindow() {
     });
 }
 
-// Comes back when a server has been chosen; the game waits for that.
+// Opens the client window, or shows the one that is open. Returns when the user has chosen a server or
+// cancelled.
 void Program::ShowClient() {
     if (network_.IsOpen()) {
         client_->Iconize(false);
@@ -181,7 +183,7 @@ void Program::SaveEverything(const WindowPosition& position) {
     SaveClientOptions(settings_, ini_, writableFolder_);
     SaveSettings(settings_, ini_, writableFolder_);
     SaveMainPosition(position, ini_, writableFolder_);
-    ini_.IniFlush(); // settings that cannot be written are lost without a word
+    ini_.IniFlush(); // on purpose, an error is not reported
 }
 
 void Program::CloseOtherWindows() {

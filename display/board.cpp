@@ -1,5 +1,6 @@
 #include "display/board.h"
 
+#include "display/layout.h"
 #include "display/modTransparent.h"
 #include "display/stretch.h"
 
@@ -9,7 +10,6 @@ namespace tarveth {
 
 namespace {
 
-constexpr int kJailRows = 3;
 constexpr int kGapBelowBoard = 120; // twips
 
 Pixel ColourOf(const BoardColor& colour) {
@@ -34,11 +34,11 @@ void BoardDisplay::RedrawBoard() {
     const int s = SquareSize();
     picBoard.SetSize(s * kTwipsPerPixelX * kBoardSize, s * kTwipsPerPixelY * kBoardSize);
     PaintSquares();
-    picBoard.Pixels.At(1, 1) = kKeyGreen; // the board's own corner carries the key colour
+    picBoard.Pixels.At(1, 1) = kKeyGreen; // a fixed mark in the corner of the board's picture
 
     picJail.Left = picBoard.Left;
     picJail.Top = picBoard.Top + picBoard.Height() + kGapBelowBoard;
-    // The height takes the horizontal factor, as saved window layouts expect.
+    // The height is computed with the horizontal factor on purpose: saved window layouts depend on it.
     picJail.SetSize(picBoard.Width(), s * kTwipsPerPixelX * kJailRows);
     picJail.Clear();
     DrawJail();

@@ -10,7 +10,7 @@ BoardMouse::BoardMouse(const Settings& settings, BoardDisplay& board, ZoneDispla
     : settings_(settings), board_(board), zones_(zones), main_(main) {}
 
 Square BoardMouse::SquareUnder(double x, double y) const {
-    return SquareAt(x, y, board_.picDisplay.ScaleWidth(), board_.picDisplay.ScaleHeight());
+    return SquareAt(x, y, board_.picDisplay.Pixels.Width(), board_.picDisplay.Pixels.Height());
 }
 
 void BoardMouse::MouseDown(MouseButton button, double x, double y) {
@@ -24,7 +24,7 @@ void BoardMouse::MouseUp(MouseButton button, double x, double y) {
         return;
     const Square square = SquareUnder(x, y);
     if (square.OnBoard())
-        Cursor.At = square; // the keyboard goes on from where the mouse was
+        Cursor.At = square; // the arrow keys continue from the square that was clicked last
     main_.DepositSquare(square);
 }
 

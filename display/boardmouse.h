@@ -1,5 +1,5 @@
-// The mouse and the keyboard over the visible board: left clicks and Enter deposit squares, right clicks and
-// Z show zones.
+// Handles the mouse and the keyboard on the visible board: a left click and Enter deposit a square, a right
+// click and Z show a zone.
 #pragma once
 
 #include "display/zonedisplay.h"
@@ -9,7 +9,7 @@ namespace tarveth {
 
 enum class MouseButton { Left = 1, Right = 2, Other = 4 };
 
-// The visible square that the arrow keys move and Enter takes.
+// The keyboard's cursor: the square that the arrow keys move and that Enter deposits.
 struct BoardCursor {
     bool Visible = false;
     Square At{4, 5};
@@ -26,11 +26,13 @@ public:
     void MouseDown(MouseButton button, double x, double y);
     void MouseUp(MouseButton button, double x, double y);
 
-    // Moves the cursor, which stops at the edges. The first key only shows it.
+    // Moves the cursor, which stops at the edges of the board. If it is not visible yet, this only shows it.
     void MoveCursor(int columns, int rows);
-    void PressCursor();       // as a left click on it
-    void ShowCursorZone();    // as holding the right button on it
-    void ReleaseCursorZone(); // as letting it go
+    // Does what a left click on the cursor's square does.
+    void PressCursor();
+    // Do what pressing and releasing the right mouse button on the cursor's square does.
+    void ShowCursorZone();
+    void ReleaseCursorZone();
 
 private:
     Square SquareUnder(double x, double y) const;

@@ -8,7 +8,6 @@ namespace tarveth {
 
 namespace {
 
-constexpr int kJailRows = 3;
 constexpr int kSmallestSquare = 8;
 constexpr int kLineWidth = 2;
 
@@ -47,7 +46,7 @@ MainLayout LayOutMainWindow(int width, int height, const LayoutMetrics& m) {
     layout.status = {left + m.captionWidth, statusTop, layout.player.width, m.rowHeight};
     const int messageTop = statusTop + m.rowHeight + m.gap;
     const int bottom = std::max(height - m.margin, messageTop + 2 * m.gap + kLineWidth);
-    // Large letters in a small window take the history's room first, then the message's.
+    // Where large letters leave too little room, the history shrinks first, then the message.
     const int messageHeight =
         std::min(m.rowHeight * m.messageLines, bottom - messageTop - 2 * m.gap - kLineWidth);
     layout.message = {left, messageTop, sideWidth, messageHeight};

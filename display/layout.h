@@ -1,9 +1,12 @@
-// Where everything stands in the main window, worked out without one.
+// Computes the places of the parts of the main window, without the toolkit.
 #pragma once
 
 #include <array>
 
 namespace tarveth {
+
+// The jail is drawn in rows of as many squares as the board has; no game fills more than three.
+inline constexpr int kJailRows = 3;
 
 struct LayoutBox {
     int x = 0, y = 0, width = 0, height = 0;
@@ -12,17 +15,17 @@ struct LayoutBox {
     friend bool operator==(const LayoutBox&, const LayoutBox&) = default;
 };
 
-// Sizes that depend on the screen and its fonts, all in pixels.
+// Sizes that depend on the screen and its fonts, in pixels.
 struct LayoutMetrics {
-    int margin = 12;       // round everything
-    int gap = 8;           // between parts; below the board it is the jail's distance
-    int gridWidth = 0;     // the column of row letters; 0 when grid labels are off
-    int gridHeight = 0;    // the row of column numbers; 0 when grid labels are off
-    int rowHeight = 20;    // a line of the labels beside the board
-    int playerHeight = 30; // lblCurPlayer
-    int captionWidth = 60; // Label1
-    int messageLines = 6;  // room for the longest message
-    int sideWidth = 220;   // least width of the labels beside the board
+    int margin = 12;       // between the window's edge and its parts
+    int gap = 8;           // between the parts
+    int gridWidth = 0;     // of the row letters; 0 when grid labels are off
+    int gridHeight = 0;    // of the column numbers; 0 when grid labels are off
+    int rowHeight = 20;    // of a line of the labels beside the board
+    int playerHeight = 30; // of lblCurPlayer
+    int captionWidth = 60; // of Label1
+    int messageLines = 6;  // the number of lines that the longest message takes
+    int sideWidth = 220;   // the least width of the labels beside the board
 };
 
 struct MainLayout {
@@ -36,11 +39,11 @@ struct MainLayout {
     LayoutBox history;               // lstHistory
 };
 
-// Lays out a window's inside of the given size. The board is the largest that leaves the jail (three rows of
-// squares) its place below and the labels theirs beside it.
+// Lays out a main window whose inside has the given size. The board is as large as possible, with room left
+// for the jail below it and for the labels beside it.
 MainLayout LayOutMainWindow(int width, int height, const LayoutMetrics& metrics);
 
-// The inside that shows the board at `boardEdge` pixels with nothing to spare.
+// Gives the least inside of a window that shows the board with an edge of `boardEdge` pixels.
 LayoutBox SizeForBoard(int boardEdge, const LayoutMetrics& metrics);
 
 } // namespace tarveth

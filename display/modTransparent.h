@@ -1,4 +1,4 @@
-// Drawing a picture so that the board shows through where it has the key colour.
+// Draws pictures with a transparent colour.
 #pragma once
 
 #include "display/picturebox.h"
@@ -8,9 +8,9 @@
 
 namespace tarveth {
 
-// Draws `source` with its top left at pixel (x, y) of `dest`, leaving alone every pixel where the source has
-// `keyColour`; clips at the edges. A dest that is no picture box (null) gives a message box and draws
-// nothing. Neither the source nor the scale mode of dest is changed.
+// Draws `source` with its top left corner at pixel (x, y) of `dest`, clipped at the edges. Pixels of the
+// source that have `keyColour` are transparent. A null `dest`, which stands for an object that is no picture
+// box, gives a message box, and nothing is drawn.
 void DrawTransparent(PictureBox* dest, const PixelBuffer& source, std::int16_t x, std::int16_t y,
                      Pixel keyColour, PersonPort& person);
 

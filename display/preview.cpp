@@ -1,6 +1,7 @@
 #include "display/preview.h"
 
 #include "display/stretch.h"
+#include "engine/rules/modPieces.h"
 
 #include <algorithm>
 
@@ -10,7 +11,7 @@ PixelBuffer Preview(const PixelBuffer& picture, int edge, Pixel ground) {
     PixelBuffer square(edge, edge, ground);
     if (picture.Empty())
         return square;
-    PixelBuffer solid = picture; // stretched with its key colour, it would get a green edge
+    PixelBuffer solid = picture; // without the key colour, which stretching would blend into the edges
     for (int y = 0; y < solid.Height(); ++y)
         std::replace(solid.Row(y), solid.Row(y) + solid.Width(), kKeyGreen, ground);
     const int longer = std::max(picture.Width(), picture.Height());
@@ -23,13 +24,12 @@ PixelBuffer Preview(const PixelBuffer& picture, int edge, Pixel ground) {
 
 PixelBuffer PieceBoard(const std::array<PixelBuffer, 4>& blue, const std::array<PixelBuffer, 4>& red,
                        int edge) {
-    constexpr int kKinds = 3;
-    PixelBuffer board(edge * kKinds, edge * 2);
-    for (int kind = 1; kind <= kKinds; ++kind) {
+    PixelBuffer board(edge * Pawn, edge * 2);
+    for (int kind = Master; kind <= Pawn; ++kind) {
         const Pixel above = kind % 2 == 0 ? Rgb(0, 0, 0) : Rgb(255, 255, 255);
         const Pixel below = above ^ Rgb(255, 255, 255);
         const auto i = static_cast<std::size_t>(kind);
-        const int left = (kind - 1) * edge;
+        const int left = (kind - Master) * edge;
         board.CopyFrom(Preview(blue[i], edge, above), left, 0);
         board.CopyFrom(Preview(red[i], edge, below), left, edge);
     }

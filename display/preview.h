@@ -1,4 +1,4 @@
-// Piece pictures in small, for showing which ones are chosen.
+// Small previews of piece pictures, for dialogs.
 #pragma once
 
 #include "display/pixels.h"
@@ -7,12 +7,13 @@
 
 namespace tarveth {
 
-// The picture brought to a square of `edge` pixels (at least 1), in the middle of it and with its proportions
-// kept; `ground` is seen round it and where the picture has the key colour.
+// Stretches a picture to fit a square of `edge` pixels (at least 1), centred and with its
+// proportions kept. `ground` fills the rest of the square, the transparent pixels, and the whole square for
+// an empty picture.
 PixelBuffer Preview(const PixelBuffer& picture, int edge, Pixel ground);
 
-// All six on a corner of a board of black and white squares of `edge` pixels: Blue's above Red's, Master to
-// Pawn. Both by PieceKind, 1 to 3.
+// Draws all six pictures on black and white squares of `edge` pixels: Blue's above Red's, Master to Pawn.
+// Both arrays are indexed by PieceKind, 1 to 3.
 PixelBuffer PieceBoard(const std::array<PixelBuffer, 4>& blue, const std::array<PixelBuffer, 4>& red,
                        int edge);
 

@@ -18,13 +18,13 @@ ZoneDisplay::ZoneDisplay(Game& game, BoardDisplay& board, PersonPort& person, Di
 void ZoneDisplay::PaintZoneSquare(int column, int row, int kind) {
     if (kind != Master && kind != Officer)
         return;
-    const int w = static_cast<int>(std::nearbyint(board_.picDisplay.ScaleWidth() / kBoardSize));
-    const int h = static_cast<int>(std::nearbyint(board_.picDisplay.ScaleHeight() / kBoardSize));
+    const int w = static_cast<int>(std::nearbyint(board_.picDisplay.Pixels.Width() / double{kBoardSize}));
+    const int h = static_cast<int>(std::nearbyint(board_.picDisplay.Pixels.Height() / double{kBoardSize}));
     board_.picDisplay.Pixels.FillBox((column - 1) * w, (row - 1) * h, w, h,
                                      kind == Master ? kMasterZone : kOfficerZone);
 }
 
-// `kind` paints every square of the zone alike; kAsTheMapSays paints each by the kind the map holds.
+// Paints all squares of the zone in the colour of `kind`; with kAsTheMapSays, each in that of the map's kind.
 void ZoneDisplay::PaintMap(const ZoneMap& map, int kind) {
     for (int column = 1; column <= kBoardSize; ++column)
         for (int row = 1; row <= kBoardSize; ++row)

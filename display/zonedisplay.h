@@ -1,4 +1,4 @@
-// Showing zones of control over the visible board, and clearing them again.
+// Shows zones of control on the visible board and clears them again.
 #pragma once
 
 #include "display/board.h"
@@ -11,15 +11,16 @@ public:
     // All of these outlive the object.
     ZoneDisplay(Game& game, BoardDisplay& board, PersonPort& person, DisplayPort& port);
 
-    // Fills one square of the visible board: red for a Master's zone (kind 1), yellow for an Officer's (2).
+    // Fills one square of the visible board: red for a Master's zone, yellow for an Officer's. Other kinds
+    // paint nothing.
     void PaintZoneSquare(int column, int row, int kind);
-    // The zone of one piece, until the message box about it is closed. Index 0 shows the box alone.
+    // Shows the zone of one piece until the user closes a message box. Index 0 shows only the message box.
     void ShowPieceZone(int index);
-    // The zones of the side to move, likewise.
+    // Shows the zones of the side to move until the user closes a message box.
     void ShowAllZones();
-    // The zone of the piece on a square, if there is one, until ClearZone.
+    // Shows the zone of the piece on a square, if there is one, until ClearZone is called.
     void ShowZoneAt(Square square);
-    // Redraws the board if a zone has been shown on it.
+    // Redraws the board if ShowZoneAt has been called since the last time.
     void ClearZone();
 
 private:

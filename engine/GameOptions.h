@@ -1,4 +1,4 @@
-// What the turn machine asks of the user's settings.
+// The user's settings that the turn machine depends on.
 #pragma once
 
 #include "engine/rules/modPieces.h"
@@ -7,13 +7,14 @@
 
 namespace tarveth {
 
-// The numbers stay as they were read: a yes-or-no setting means yes by any number other than 0.
+// The members keep the numbers that were read; a yes-or-no setting is yes for any number other than 0.
 struct GameOptions {
-    std::int16_t BoardVariant = kImperialBoard; // 1 Imperial, any other Draume Crown
+    std::int16_t BoardVariant = kImperialBoard; // any other value is the Draume Crown Board
     std::int16_t AnimateMoves = -1;
 
     friend bool operator==(const GameOptions&, const GameOptions&) = default;
     bool MovesAreAnimated() const { return AnimateMoves != 0; }
+    bool UsesImperialBoard() const { return BoardVariant == kImperialBoard; }
 };
 
 } // namespace tarveth

@@ -9,9 +9,10 @@
 
 namespace tarveth {
 
-inline constexpr char kNoPicture[] = "[none]"; // stands for a picture or a scheme where there is none
+inline constexpr char kSettingsFile[] = "tarveth.ini"; // in the program's folder
+inline constexpr char kNoPicture[] = "[none]";         // stands for a picture or a scheme where there is none
 
-// The colour of one kind of board square; meant to be 0 to 255, kept as read.
+// The colour of one kind of board square. Components are meant to be 0 to 255, but are kept as they are read.
 struct BoardColor {
     std::int16_t R = 0;
     std::int16_t G = 0;
@@ -32,7 +33,7 @@ struct Settings : GameOptions {
     std::string Nickname = "Bubba";
 
     std::int16_t UseNewUserSound = 0;
-    std::string NewUserSound; // a WAV file, or "<beep>"
+    std::string NewUserSound; // a WAV file; any other text makes a beep
     std::int16_t NewUserSoundDelay = 1;
     std::string SoundVictor;
     std::string SoundLoser;

@@ -15,7 +15,7 @@ namespace {
 // Registers a row's section when it is another than the last one's.
 class SectionRegister {
 public:
-    SectionRegister(modINI& ini, const std::string& folder) : ini_(ini), file_(folder + "tarveth.ini") {}
+    SectionRegister(modINI& ini, const std::string& folder) : ini_(ini), file_(folder + kSettingsFile) {}
 
     void Enter(std::string_view section) {
         if (section == current_)

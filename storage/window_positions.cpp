@@ -1,5 +1,6 @@
 #include "storage/window_positions.h"
 
+#include "storage/settings.h"
 #include "text/val.h"
 
 #include <algorithm>
@@ -12,10 +13,10 @@ namespace tarveth {
 namespace {
 
 constexpr float kTitleHeight = 30 * 15;
-constexpr float kTitleGrip = 60 * 15; // as much of the title bar's width must be seen
+constexpr float kTitleGrip = 60 * 15; // twips of the title bar's width that must be on a screen
 constexpr double kFarthest = 1e7;
 
-// The keys of left, top, width and height, in the order of their reading.
+// The keys of left, top, width and height, in the order in which they are read.
 using Keys = std::array<const char*, 4>;
 constexpr Keys kMainKeys = {"X", "Y", "W", "H"};
 constexpr Keys kClientKeys = {"L", "T", "W", "H"};
@@ -37,7 +38,7 @@ void Save(const WindowPosition& position, modINI& ini, const Keys& keys) {
         ini.IniPutString(keys[i], TwipsText(position.*kParts[i]));
 }
 
-// How much of the stretch from begin on lies within the other one.
+// Gives the length of the overlap of two stretches.
 float Overlap(float begin, float length, float otherBegin, float otherLength) {
     return std::min(begin + length, otherBegin + otherLength) - std::max(begin, otherBegin);
 }
@@ -48,7 +49,8 @@ bool ShowsTitle(const ScreenRect& screen, const WindowPosition& window) {
            Overlap(window.Top, kTitleHeight, screen.Top, screen.Height) > 0;
 }
 
-// The place next to begin at which length fits into the screen; what is longer than it starts with it.
+// Gives the position nearest to `begin` at which `length` fits into the screen. What is longer than the
+// screen begins at the screen's edge.
 float MovedInto(float begin, float length, float screenBegin, float screenLength) {
     return std::max(screenBegin, std::min(begin, screenBegin + screenLength - length));
 }
@@ -70,22 +72,22 @@ std::string TwipsText(float value) {
 }
 
 void LoadMainPosition(WindowPosition& position, modINI& ini, const std::string& folder) {
-    ini.IniRegister("Position", folder + "tarveth.ini");
+    ini.IniRegister("Position", folder + kSettingsFile);
     Load(position, ini, kMainKeys);
 }
 
 void LoadClientPosition(WindowPosition& position, modINI& ini, const std::string& folder) {
-    ini.IniRegister("ClientPosition", folder + "tarveth.ini");
+    ini.IniRegister("ClientPosition", folder + kSettingsFile);
     Load(position, ini, kClientKeys);
 }
 
 void SaveMainPosition(const WindowPosition& position, modINI& ini, const std::string& folder) {
-    ini.IniRegister("Position", folder + "tarveth.ini");
+    ini.IniRegister("Position", folder + kSettingsFile);
     Save(position, ini, kMainKeys);
 }
 
 void SaveClientPosition(const WindowPosition& position, modINI& ini, const std::string& folder) {
-    ini.IniRegister("ClientPosition", folder + "tarveth.ini");
+    ini.IniRegister("ClientPosition", folder + kSettingsFile);
     Save(position, ini, kClientKeys);
 }
 

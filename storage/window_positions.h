@@ -26,8 +26,8 @@ struct ScreenRect {
     float Height = 0;
 };
 
-// The text form of a number of twips, with at most seven digits: " 1200.5", "-15". A number that is not
-// negative has a blank where the sign would be.
+// Gives a number of twips as text with at most seven digits, as in " 1200.5" and "-15". A number that is not
+// negative has a blank in place of the sign.
 std::string TwipsText(float value);
 
 // Read the position from tarveth.ini in folder (which ends in its separator). A value that is missing, not
@@ -35,12 +35,12 @@ std::string TwipsText(float value);
 void LoadMainPosition(WindowPosition& position, modINI& ini, const std::string& folder);
 void LoadClientPosition(WindowPosition& position, modINI& ini, const std::string& folder);
 
-// Write it; on the disk after the next IniFlush.
+// Write the position to tarveth.ini; it is on the disk after the next IniFlush.
 void SaveMainPosition(const WindowPosition& position, modINI& ini, const std::string& folder);
 void SaveClientPosition(const WindowPosition& position, modINI& ini, const std::string& folder);
 
-// The position itself as long as enough of the title bar to take hold of is on some screen; else the same
-// size moved onto the nearest screen. Without screens nothing is moved.
+// Gives a position at which the user can reach the window: the same one if enough of the title bar to drag it
+// by is on some screen, else one of the same size on the nearest screen. Without screens it is the same one.
 WindowPosition KeepOnScreen(WindowPosition position, std::span<const ScreenRect> screens);
 
 } // namespace tarveth

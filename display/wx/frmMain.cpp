@@ -19,7 +19,7 @@ namespace tarveth {
 
 namespace {
 
-constexpr int kFirstBoardEdge = 512; // the built-in pictures at their own size
+constexpr int kFirstBoardEdge = 512; // shows the built-in pictures, of 64 pixels, at their own size
 constexpr int kSmallestWidth = 640;
 constexpr int kSmallestHeight = 480;
 
@@ -50,7 +50,7 @@ void frmMain::CreateMenus() {
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, mnuFileExit);
     Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
-        parts_->mouse.ReleaseCursorZone(); // from here on the menu hears when the key is let go
+        parts_->mouse.ReleaseCursorZone(); // the menu, not the board, will get the key-up event
         if (event.GetMenu() == mnuOptions)
             CheckBoardVariant();
         event.Skip();
@@ -68,10 +68,11 @@ void frmMain::Connect(const MainWindowParts& parts) {
     TakeThemeColours();
     ApplyDisplaySettings();
     picDisplay->SetFocus();
-    CallAfter([this] { NameControls(); }); // nobody reads them before the window is there
+    CallAfter([this] { NameControls(); }); // screen readers need the names only once the window is shown
 }
 
-// In a dark theme a side's pure colour would be lost on its ground, so what has one keeps a light ground.
+// In a dark theme the sides' pure colours would be hard to read, so labels in such a colour get a light
+// background.
 void frmMain::TakeThemeColours() {
     const wxColour ground = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
     lblCurPlayer->SetBackgroundColour(ground.GetLuminance() < 0.5 ? *wxWHITE : wxColour());
@@ -97,8 +98,7 @@ void frmMain::TakeIcons(const std::string& folder) {
 }
 
 void frmMain::CheckBoardVariant() {
-    mnuOptions->Check(parts_->settings.BoardVariant == kImperialBoard ? mnuOptionsImperial : mnuOptionsDraume,
-                      true);
+    mnuOptions->Check(parts_->settings.UsesImperialBoard() ? mnuOptionsImperial : mnuOptionsDraume, true);
 }
 
 void frmMain::ShowMessage(std::string_view text) {
@@ -174,23 +174,23 @@ void frmMain::OnSize(wxSizeEvent& event) {
 }
 
 void frmMain::OnIdle(wxIdleEvent& event) {
-    // After every event, so that what a command did is judged as well.
+    // A pass after every event also handles what a command has done to the game.
     if (parts_ && parts_->main.RunPasses())
         event.RequestMore();
     event.Skip();
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {
-    if (parts_->main.Busy() && event.CanVeto()) { // a piece is on its way: it arrives first
+    if (parts_->main.Busy() && event.CanVeto()) { // the animation or the question has to end first
         event.Veto();
-        parts_->main.RunCommand([this] { Close(true); }); // the command itself keeps it busy
+        parts_->main.RunCommand([this] { Close(true); }); // forced, since the command keeps the machine busy
         return;
     }
     parts_->saveSettings(Position());
     Timer1.Stop();
     parts_->main.EndLoop();
     parts_->closeOthers();
-    event.Skip(); // destroys the window, and with the last one the program ends
+    event.Skip(); // lets the toolkit destroy the window; the program ends with its last window
 }
 
 } // namespace tarveth

@@ -1,5 +1,5 @@
-// A whole game on a playing surface without a window: the real board, zones, mouse and turn machine, with
-// everything round them written down.
+// A game with the real board, zones, mouse and turn machine, but without a window: the calls to it are
+// recorded.
 #pragma once
 
 #include "display/boardmouse.h"
@@ -11,7 +11,7 @@
 
 namespace tarveth::test {
 
-// Stands in for the window the surface is shown in.
+// Implements the window's port and counts the calls.
 struct RecordingDisplay : DisplayPort {
     int refreshes = 0;
     std::vector<int> timerIntervals;
@@ -34,8 +34,8 @@ struct DisplayGame {
     modMAIN main{game, net, settings, Ports{port, board, port, port, port}};
     BoardMouse mouse{settings, board, zones, main};
 
-    // A new game with the piece pictures of that size, from the folder pics; shown at their own size. A yield
-    // is one tick of the timer, unless display.onYield says otherwise.
+    // Starts a new game with the piece pictures of that size from the folder pics, shown unscaled. A yield
+    // makes one tick of the timer, unless display.onYield is set.
     explicit DisplayGame(int pictureSize = 32, std::int16_t boardVariant = kImperialBoard) {
         port.game = &game;
         settings.AnimateMoves = 0;
@@ -48,7 +48,7 @@ struct DisplayGame {
     DisplayGame(const DisplayGame&) = delete;
     DisplayGame& operator=(const DisplayGame&) = delete;
 
-    // The pictures of pics/SIZE; 64 are those built in.
+    // Loads the pictures of pics/SIZE; for 64 the built-in ones.
     void TakePictures(int size) {
         for (int kind = Master; kind <= Pawn; ++kind) {
             const auto i = static_cast<std::size_t>(kind);
@@ -59,7 +59,7 @@ struct DisplayGame {
         pictures.LoadPiecePictures(settings, {TARVETH_SOURCE_DIR "/pics/"});
     }
 
-    // The left button pressed and let go in the middle of a square, and every pass that follows from it.
+    // Clicks with the left button in the middle of a square and runs all passes that follow.
     void Click(Square square) {
         ClickWithoutPass(square);
         main.RunPasses();
@@ -68,8 +68,10 @@ struct DisplayGame {
         mouse.MouseDown(MouseButton::Left, MiddleOf(square.column), MiddleOf(square.row));
         mouse.MouseUp(MouseButton::Left, MiddleOf(square.column), MiddleOf(square.row));
     }
-    // The pixel in the middle of a column or row of the visible board.
-    double MiddleOf(int number) const { return (number - 0.5) * board.picDisplay.ScaleWidth() / kBoardSize; }
+    // Gives the pixel in the middle of a column or row of the visible board.
+    double MiddleOf(int number) const {
+        return (number - 0.5) * board.picDisplay.Pixels.Width() / kBoardSize;
+    }
 };
 
 } // namespace tarveth::test

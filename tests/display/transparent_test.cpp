@@ -116,17 +116,6 @@ TEST(Transparent, AnEmptyPictureOrSurfaceIsNoFault) {
     EXPECT_TRUE(nothing.Pixels.Empty());
 }
 
-TEST(Transparent, TheSurfaceKeepsItsScaleMode) {
-    for (const ScaleMode mode : {ScaleMode::Twips, ScaleMode::Pixels}) {
-        RecordingPort person;
-        PictureBox box = WhiteBox(3, 3);
-        box.ScaleMode = mode;
-        DrawTransparent(&box, kCross, 0, 0, kKeyGreen, person);
-        EXPECT_EQ(box.ScaleMode, mode);
-        EXPECT_EQ(TextOf(box.Pixels), (Rows{"wrw", "rbr", "wrw"})); // positions are pixels in any mode
-    }
-}
-
 TEST(Transparent, ThePictureIsUnchangedAfterwards) {
     RecordingPort person;
     PictureBox box = WhiteBox(5, 4);

@@ -84,7 +84,7 @@ TEST(ZoneDisplay, ASquareIsPaintedToItsLastPixelAndNotBeyond) {
         for (int y = 4 * w; y <= 5 * w - 1; ++y)
             for (int x = 2 * w; x <= 3 * w - 1; ++x)
                 expected.At(x, y) = kRed;
-        g.zones.PaintZoneSquare(3, 5, 1);
+        g.zones.PaintZoneSquare(3, 5, Master);
         EXPECT_TRUE(g.board.picDisplay.Pixels == expected) << edge;
     }
 }
@@ -92,13 +92,13 @@ TEST(ZoneDisplay, ASquareIsPaintedToItsLastPixelAndNotBeyond) {
 TEST(ZoneDisplay, TheSizeOfASquareIsRoundedToWholePixels) {
     ZoneGame g("turn B", 260); // 32.5 gives 32, a half going to the even one
     g.board.picDisplay.Clear();
-    g.zones.PaintZoneSquare(2, 1, 2);
+    g.zones.PaintZoneSquare(2, 1, Officer);
     EXPECT_EQ(CountOf(g.board.picDisplay.Pixels, kYellow), 32 * 32);
     EXPECT_EQ(g.board.picDisplay.Pixels.At(32, 0), kYellow);
     EXPECT_EQ(g.board.picDisplay.Pixels.At(63, 31), kYellow);
     ZoneGame larger("turn B", 268); // 33.5 gives 34
     larger.board.picDisplay.Clear();
-    larger.zones.PaintZoneSquare(2, 1, 2);
+    larger.zones.PaintZoneSquare(2, 1, Officer);
     EXPECT_EQ(CountOf(larger.board.picDisplay.Pixels, kYellow), 34 * 34);
     EXPECT_EQ(larger.board.picDisplay.Pixels.At(67, 33), kYellow);
 }
@@ -109,8 +109,8 @@ TEST(ZoneDisplay, MastersAreRedOfficersYellowAnythingElseNothing) {
     for (const int kind : {0, 3, 4, -1})
         g.zones.PaintZoneSquare(2, 2, kind);
     EXPECT_TRUE(g.board.picDisplay.Pixels == before);
-    g.zones.PaintZoneSquare(2, 2, 1);
-    g.zones.PaintZoneSquare(3, 2, 2);
+    g.zones.PaintZoneSquare(2, 2, Master);
+    g.zones.PaintZoneSquare(3, 2, Officer);
     EXPECT_EQ(SquaresOf(g.board.picDisplay.Pixels, kRed), Names{"2B"});
     EXPECT_EQ(SquaresOf(g.board.picDisplay.Pixels, kYellow), Names{"3B"});
 }
