@@ -1,4 +1,4 @@
-// A moving piece glides a quarter of a square a tick.
+// The animation of a move: at each tick of the timer the piece moves by a quarter of a square.
 #include "display/board.h"
 
 #include <algorithm>
@@ -36,7 +36,7 @@ void BoardDisplay::AnimateMove(int index, Square to) {
     game_.Animating = false;
 }
 
-// A square, or more where the picture reaches over its square.
+// Makes picScratch as large as a square, or as the piece's picture where that is larger.
 void BoardDisplay::SizeScratch(const PieceRecord& piece) {
     const PixelBuffer* picture = pictures_.Of(piece.Side, piece.Kind);
     const int width = picture == nullptr ? 0 : picture->Width();
@@ -51,7 +51,7 @@ void BoardDisplay::FinishAnimation() {
 }
 
 void BoardDisplay::AnimationTick() {
-    if (game_.AnimatedPiece == 0) // a tick that was already on its way when the piece arrived
+    if (game_.AnimatedPiece == 0) // this tick was queued before the piece arrived
         return;
     PieceRecord& piece = game_.Piece(game_.AnimatedPiece);
     picBoard.Pixels.CopyFrom(picScratch.Pixels, PixelOf(piece.X), PixelOf(piece.Y));

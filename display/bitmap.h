@@ -1,5 +1,5 @@
-// Reading BMP files. The toolkit could, but the core draws the same pictures with no window, in tests and on
-// both systems, and a file's claims must be checked before they cost memory.
+// Reads BMP files. The toolkit has a reader too, but this one needs no window, gives the same pixels on every
+// system, and checks the sizes that a file states before it allocates memory for them.
 #pragma once
 
 #include "display/pixels.h"
@@ -10,11 +10,11 @@
 
 namespace tarveth {
 
-// A picture's edges in pixels: what a piece picture, and so a square of the board, may measure.
+// The least and the greatest edge of a piece picture, and so of a square of the board, in pixels.
 inline constexpr int kSmallestPicture = 8;
 inline constexpr int kLargestPicture = 512;
 
-// Why bytes are not a usable picture; what() is the rest of the sentence "The picture … ".
+// The reason why bytes are no usable picture. what() completes a sentence that begins with "The picture …".
 struct BitmapError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };

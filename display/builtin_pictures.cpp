@@ -1,4 +1,4 @@
-// Finds a built-in picture among the byte arrays made from pics/64 when the program is built.
+// The built-in pictures are byte arrays that the build makes from the files in pics/64.
 #include "display/builtin_pictures.h"
 
 #include "builtin_pictures_data.h"

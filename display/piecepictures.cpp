@@ -15,7 +15,7 @@ namespace tarveth {
 
 namespace {
 
-constexpr std::uintmax_t kLargestFile = 4'194'304; // a picture of the largest size with room to spare
+constexpr std::uintmax_t kLargestFile = 4'194'304; // bytes; more than a picture of the largest size has
 
 PixelBuffer ReadPictureFile(const std::string& path) {
     const std::string bytes = platform::ReadWholeFile(path, kLargestFile);
@@ -25,14 +25,14 @@ PixelBuffer ReadPictureFile(const std::string& path) {
 
 constexpr bool kSlashSystem = std::filesystem::path::preferred_separator == '/';
 
-// Schemes come from either system; a separator of the other one means the same.
+// Replaces backslashes on systems whose separator is "/", since a scheme file may come from Windows.
 std::string WithOwnSeparators(std::string name) {
     if constexpr (kSlashSystem)
         std::replace(name.begin(), name.end(), '\\', '/');
     return name;
 }
 
-// Whether a name is used as it stands. Two forward slashes, not backslashes, mark a share.
+// Whether a name is used as it is. On purpose a share is marked by two forward slashes, not by backslashes.
 bool StandsAlone(const std::string& name) {
     return name.find("//") != std::string::npos || name.find(':') != std::string::npos ||
            (kSlashSystem && name.front() == '/');

@@ -1,4 +1,4 @@
-// The six piece pictures in use, and how large they make a square.
+// The six piece pictures in use, and the size of the squares that follows from them.
 #pragma once
 
 #include "display/pixels.h"
@@ -11,27 +11,27 @@
 namespace tarveth {
 
 struct PiecePictures {
-    // by PieceKind, 1 to 3
+    // Indexed by PieceKind, 1 to 3.
     std::array<PixelBuffer, 4> picBlue, picRed;
-    std::array<PixelBuffer, 4> picDefaultBlue, picDefaultRed; // built in, never changed
-    int SquareSize = 32; // pixels; the width of the Blue Master's picture once pictures are loaded
+    std::array<PixelBuffer, 4> picDefaultBlue, picDefaultRed; // the built-in pictures
+    int SquareSize = 32; // the width of the Blue Master's picture, in pixels, once pictures are loaded
 
-    // Reads the built-in pictures; none is in use yet.
+    // Reads the built-in pictures. LoadPiecePictures puts pictures to use.
     PiecePictures();
 
-    // Takes the pictures that the settings name, the built-in one where no such file is. Relative names are
-    // looked up in each of the folders (with their trailing separators) in turn. A file that is there but
-    // cannot be used gives the built-in picture and one sentence in the result.
+    // Loads the pictures that the settings name, and takes the built-in picture where there is no such file.
+    // Relative names are looked up in each of the folders (with their trailing separators) in turn. A file
+    // that exists but cannot be used gives the built-in picture and one sentence in the result.
     std::vector<std::string> LoadPiecePictures(const Settings& settings,
                                                const std::vector<std::string>& folders);
 
-    // The picture in use for a piece: Blue's for side 1, Red's for any other; null for a kind outside 1 to 3.
+    // Gives the picture in use for a piece. Any side but Blue is Red; an unknown kind gives null.
     const PixelBuffer* Of(int side, int kind) const;
 };
 
-// The file a picture name means: the name itself when it names a drive or a share ("//", ":", or an absolute
-// path of this system), otherwise the first of the folders in which there is one; empty when there is no
-// file.
+// Finds the file that a picture name stands for. A name with a drive or a share ("//" or ":" in it, or an
+// absolute path of this system) is used as it is; any other is looked up in the folders in turn. Empty when
+// there is no such file.
 std::string FindPicture(const std::string& name, const std::vector<std::string>& folders);
 
 } // namespace tarveth

@@ -1,4 +1,4 @@
-// Pixels in memory: what every picture, board buffer and sprite is made of.
+// Pixels in memory, of which all pictures, board buffers and sprites consist.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace tarveth {
 // A colour as 0x00BBGGRR: red in the low byte, the top byte 0.
 using Pixel = std::uint32_t;
 
-// A colour from components; those outside 0 to 255 count as the nearest end.
+// Makes a colour from its components, which are clamped to 0 to 255.
 constexpr Pixel Rgb(int red, int green, int blue) {
     const auto clamp = [](int value) {
         return static_cast<Pixel>(value < 0 ? 0 : value > 255 ? 255 : value);
@@ -28,7 +28,7 @@ constexpr int BlueOf(Pixel colour) {
     return static_cast<int>(colour >> 16 & 0xFF);
 }
 
-// Where a piece picture has this very colour, the board shows through.
+// The transparent colour of piece pictures.
 inline constexpr Pixel kKeyGreen = Rgb(0, 255, 0);
 
 // A rectangle of pixels, row by row from the top left.
@@ -41,12 +41,12 @@ public:
     int Height() const { return height_; }
     bool Empty() const { return pixels_.empty(); }
 
-    // Both at least 0; every pixel takes the colour.
+    // Sets the size, at least 0 by 0, and fills all pixels with the colour.
     void Resize(int width, int height, Pixel colour = 0);
     void Fill(Pixel colour);
     // Fills the part of the box that lies inside the buffer.
     void FillBox(int left, int top, int width, int height, Pixel colour);
-    // Copies the part of `source` whose place, with its top left at (left, top), lies inside the buffer.
+    // Copies `source` with its top left corner to (left, top), clipped at the edges of the buffer.
     void CopyFrom(const PixelBuffer& source, int left, int top);
 
     Pixel* Row(int y) { return pixels_.data() + Offset(y); }
@@ -65,7 +65,7 @@ private:
     std::vector<Pixel> pixels_;
 };
 
-// The part of a span of `length` pixels at `start` that lies in 0 to `limit`.
+// Gives the part of a span of `length` pixels that begins at `start` which lies between 0 and `limit`.
 struct Clip {
     int first = 0; // offset into the span
     int count = 0;

@@ -14,7 +14,7 @@ constexpr std::uint32_t kWhole = 256; // the sum of the weights in one target pi
 struct Cover {
     int first = 0;
     int count = 0;
-    std::size_t weights = 0; // where theirs begin in Edge::weights
+    std::size_t weights = 0; // index of their first weight in Edge::weights
 };
 
 struct Edge {
@@ -24,15 +24,15 @@ struct Edge {
     const std::uint32_t* WeightsOf(const Cover& cover) const { return weights.data() + cover.weights; }
 };
 
-// Worked out in whole numbers, so that edges that meet exactly do and every system gets the same picture. A
-// target pixel is fromLength units long, a source pixel toLength of the same.
+// Computed in integers, so that adjacent pixels meet exactly and every system gets the same picture. In the
+// unit used, a target pixel is fromLength long and a source pixel toLength.
 void AddCover(Edge& edge, std::int64_t start, std::int64_t fromLength, std::int64_t toLength) {
     Cover cover{static_cast<int>(start / toLength), 0, edge.weights.size()};
     const std::int64_t end = start + fromLength;
     std::uint32_t used = 0;
     for (std::int64_t reached = cover.first * toLength; reached < end; ++cover.count) {
         reached += toLength;
-        // Weights rounded one by one would add up to an error.
+        // The running sum is rounded, not each weight, so that the weights add up to kWhole.
         const std::int64_t covered = std::min(reached, end) - start;
         const auto upToHere = static_cast<std::uint32_t>((covered * kWhole + fromLength / 2) / fromLength);
         edge.weights.push_back(upToHere - used);
@@ -49,7 +49,7 @@ Edge CoverEdge(int fromLength, int toLength) {
     return edge;
 }
 
-// Weighted sums of two channels in one word: red and blue share one, green has another to itself.
+// Red and blue are summed in one word, green in another (SIMD within a register).
 constexpr Pixel kRedBlue = 0xFF00FF;
 constexpr Pixel kGreen = 0x00FF00;
 constexpr Pixel kRedBlueHalf = 0x800080; // for rounding
@@ -64,7 +64,7 @@ constexpr Pixel Blend(Pixel a, std::uint32_t weightA, Pixel b, std::uint32_t wei
                    (a & kGreen) * weightA + (b & kGreen) * weightB);
 }
 
-// The mean of `count` pixels that lie `stride` apart.
+// Gives the weighted mean of `count` pixels that are `stride` apart.
 Pixel Mean(const Pixel* from, std::ptrdiff_t stride, const std::uint32_t* weights, int count) {
     Pixel redBlue = 0;
     Pixel green = 0;
@@ -75,7 +75,7 @@ Pixel Mean(const Pixel* from, std::ptrdiff_t stride, const std::uint32_t* weight
     return Rounded(redBlue, green);
 }
 
-// The mean of the covered rows: `mixed`, or the row itself when it is one alone.
+// Gives the weighted mean of the covered rows, computed in `mixed`; a single row is given as it is.
 const Pixel* MixRows(const PixelBuffer& from, const Cover& cover, const std::uint32_t* weights,
                      std::vector<Pixel>& mixed) {
     const Pixel* a = from.Row(cover.first);
@@ -118,7 +118,7 @@ void StretchPixels(const PixelBuffer& from, PixelBuffer& to) {
     const Edge columns = CoverEdge(from.Width(), to.Width());
     const Edge rows = CoverEdge(from.Height(), to.Height());
     std::vector<Pixel> mixed(static_cast<std::size_t>(from.Width()));
-    int alone = -1; // the source row that the target row above shows, when it shows one alone
+    int alone = -1; // the source row if the target row above is a copy of a single one, otherwise -1
     for (int y = 0; y < to.Height(); ++y) {
         const Cover& cover = rows.covers[static_cast<std::size_t>(y)];
         if (cover.count == 1 && cover.first == alone)

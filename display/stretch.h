@@ -1,12 +1,12 @@
-// Bringing a picture to another size, for presenting the board in a window of any size.
+// Stretches pictures, to show the board in a window of any size.
 #pragma once
 
 #include "display/pixels.h"
 
 namespace tarveth {
 
-// Fills the whole of `to` with the whole of `from`. Each pixel takes the mean of the area of the source that
-// it covers, so that whole multiples stay crisp and everything else keeps sharp edges without steps.
+// Stretches `from` to the size of `to` by area averaging: each target pixel is the mean of the area of the
+// source that it covers. Whole multiples stay crisp, and at other sizes edges show no steps.
 void StretchPixels(const PixelBuffer& from, PixelBuffer& to);
 
 } // namespace tarveth

@@ -1,5 +1,5 @@
-// Lets one thing at a time work on the game. A moving piece and a message box let events run in the middle of
-// a pass; what such an event wants done waits here until the pass is over.
+// Lets only one pass or command at a time change the game. An animation and a message box handle events in
+// the middle of a pass; the commands that these events give wait here until the pass is over.
 #pragma once
 
 #include <functional>
@@ -9,7 +9,7 @@ namespace tarveth {
 
 class CommandGate {
 public:
-    // Keeps the gate shut as long as it lives, however it is left. It must have been open.
+    // Shuts the gate, which must be open, until the object is destroyed.
     class Hold {
     public:
         explicit Hold(CommandGate& gate);
@@ -23,9 +23,9 @@ public:
 
     bool IsShut() const { return shut_; }
     bool HasWaiting() const { return !waiting_.empty(); }
-    // Runs the command behind those that wait already: at once where the gate is open.
+    // Runs the command at once if the gate is open; otherwise it waits behind those that wait already.
     void Submit(std::function<void()> command);
-    // Runs what waits, in its order, each holding the gate. The gate must be open.
+    // Runs the waiting commands in their order, each with the gate shut. The gate must be open.
     void RunWaiting();
 
 private:

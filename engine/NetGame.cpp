@@ -24,7 +24,7 @@ RemoteSquare NetGame::TakeSquare() {
     const Square square = takeSquare();
     const ReturnChoice choice{QueueNumber(PopQueueItem(ReturnPieceIndex)),
                               QueueNumber(PopQueueItem(ReturnSlot))};
-    PopQueueItem(ReturnPieceName); // the piece itself says what it is
+    PopQueueItem(ReturnPieceName); // not needed: PieceTable holds the piece's kind
     return {square, choice};
 }
 

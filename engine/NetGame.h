@@ -1,4 +1,5 @@
-// What the turn machine knows of a network game: who plays which side, and the squares the opponent has sent.
+// What the turn machine knows of a network game: which side is played here, and the squares that the opponent
+// has sent.
 #pragma once
 
 #include "engine/TextQueue.h"
@@ -9,32 +10,33 @@
 
 namespace tarveth {
 
-// What the opponent's program has sent: a square, or a piece that comes back to it.
+// One item from the opponent's program: a square that they clicked, or the square that a piece returns to.
 struct RemoteSquare {
-    Square square; // as it was sent, perhaps not on the board
+    Square square; // as it was sent; it may be off the board
     std::optional<ReturnChoice> returned;
 };
 
 struct NetGame {
     bool NetConnected = false;
     bool InGame = false;
-    bool PlayingBlue = true; // a local game counts the local player as Blue
+    bool PlayingBlue = true; // in a local game too
     bool RemoteMove = false; // the pending square came from the opponent
 
-    // A return is a "0" in X and Y in front of its square, and one item in each of the other three.
+    // The squares that wait. A return is marked by a "0" in RemoteX and RemoteY, in front of its square, and
+    // has one item in each of the other three queues.
     TextQueue RemoteX, RemoteY;
-    TextQueue ReturnPieceIndex, ReturnSlot; // PieceTable index; JailTable index
+    TextQueue ReturnPieceIndex, ReturnSlot; // indices in PieceTable and in JailTable
     TextQueue ReturnPieceName;              // "Pawn" or "Officer"
 
     bool SquareWaits() const { return !RemoteX.IsEmpty(); }
-    // Whether the next one is a return; false when none waits.
+    // Whether the next item is a return; false when none waits.
     bool NextIsReturn() const;
-    // Takes the next one off the queues; one must be waiting.
+    // Takes the next item off the queues, which must not be empty.
     RemoteSquare TakeSquare();
 
     bool GameInProgress() const { return NetConnected && InGame; }
     bool IsLocalSide(std::int16_t side) const;
-    // Forgets what the opponent has sent; whoever calls clears the pending square.
+    // Drops all items that wait. The caller clears the pending square.
     void ClearQueues();
 };
 

@@ -6,7 +6,7 @@ namespace tarveth {
 
 namespace {
 
-// Half to even, as every conversion of a position to a whole number.
+// Rounds half to even, as all conversions of positions to whole numbers do.
 int RoundToWhole(double value) {
     return static_cast<int>(std::nearbyint(value));
 }

@@ -1,4 +1,4 @@
-// What a pending square does: each handler asks the rules, tells what they say and sets the next state.
+// The handlers of a pending square: each asks the rules, tells the ports the result and sets the next state.
 #include "engine/modMAIN.h"
 #include "engine/rules/moves.h"
 #include "engine/rules/zones.h"
@@ -9,13 +9,13 @@ namespace tarveth {
 
 void modMAIN::DepositSquare(Square square) {
     if (game_.GameState == kGameOver || game_.Animating || Busy())
-        return; // a pass is still busy with an animation or the question which piece comes back
+        return; // a pass is still waiting for an animation or for the choice of a returning piece
     if (net_.GameInProgress() && !net_.IsLocalSide(game_.Turn)) {
         ShowStatus("Not your turn.");
         return;
     }
     if (net_.RemoteMove)
-        return; // the opponent's square comes first
+        return; // the opponent's square is handled first
     SetPendingSquare(square.OnBoard() ? square : Square{});
     if (game_.GameState == kReturnPiece && !IsSquareFree(game_)) {
         ShowStatus(
@@ -85,8 +85,8 @@ bool modMAIN::MayPlaceReturn() const {
     return !net_.GameInProgress() || net_.IsLocalSide(game_.Turn);
 }
 
-// A return that was the opponent's to place has become the local player's: the link has ended, or the players
-// have swapped sides.
+// Whether the local player has to choose a return that was the opponent's to choose: the link has ended, or
+// the players have swapped sides.
 bool modMAIN::ReturnUndecided() const {
     return game_.GameState == kReturnPiece && game_.Return.ReturnKind == 0 && MayPlaceReturn();
 }
@@ -98,7 +98,7 @@ void modMAIN::CheckReturnDue() {
         return;
     }
     game_.Return = {game_.Return.CapturedPiece, 0, 0};
-    if (MayPlaceReturn()) { // else the opponent's program tells which piece comes back
+    if (MayPlaceReturn()) { // otherwise the opponent's program says which piece comes back
         const PieceKind only = candidates.officerSlot != 0 ? Officer : Pawn;
         DecideReturn(game_, candidates, candidates.Both() ? ports_.person.ChooseReturn(game_.Turn) : only);
     }
@@ -134,7 +134,8 @@ bool modMAIN::CheckVictory() {
     return true;
 }
 
-// A burst is played in the order it was sent: nothing is taken while a turn is still being completed.
+// Takes the next square that the opponent has sent. Several that arrive together are played in their order,
+// so none is taken while a turn is still being completed.
 void modMAIN::TakeRemoteSquare() {
     if (!net_.SquareWaits() || game_.GameState == kTurnOver ||
         (game_.GameState == kAllowReturn && !net_.NextIsReturn()))

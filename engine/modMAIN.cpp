@@ -10,11 +10,11 @@ namespace tarveth {
 
 namespace {
 
-// by GameState; an empty prompt leaves the label as it is
+// The prompts, indexed by GameState. An empty prompt leaves the label as it is.
 constexpr std::array<std::string_view, 9> kPrompts{
     "", "Pick piece", "Place piece", "Return piece", "Allow Return", "", "Get Board", "", "Game Over"};
 
-// A burst of squares leaves the window time for the rest of its events.
+// The most passes that RunPasses makes at a time, so that a burst of squares leaves time for other events.
 constexpr int kPassesAtOnce = 64;
 
 constexpr std::uint32_t kPureBlue = 0xFF0000; // red in the low byte
@@ -132,7 +132,7 @@ void modMAIN::HandleSquare() {
         PlacePiece();
         break;
     case kReturnPiece:
-        if (MayPlaceReturn() && !net_.RemoteMove) // an opponent's return comes as one, never as a square
+        if (MayPlaceReturn() && !net_.RemoteMove) // an opponent's return comes as a return, never as a square
             ReturnPiece();
         else
             ShowStatus("Waiting for placement of returned piece.");

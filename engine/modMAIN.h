@@ -17,13 +17,13 @@
 
 namespace tarveth {
 
-// What a new game says; the longest of all messages.
+// The message of a new game. It is the longest of all messages.
 inline constexpr std::string_view kToBeginPlay =
     "To begin play: click on the piece you'd like to move, then click on the location where you'd like to "
     "place the "
     "selected piece. To deselect a selected piece, click it again.";
 
-// Where a position comes from that takes the place of the game on the board.
+// Where a position that replaces the game on the board comes from.
 enum class PositionSource { File, Opponent };
 
 class modMAIN {
@@ -33,57 +33,62 @@ public:
 
     // Sets up a fresh game of the layout in the options, Blue to move.
     void NewGame();
-    // Puts a position that CheckGame finds sound in the place of the game on the board, its history with it.
-    // To be called between two passes. One from a file is shown at once, and its side picks a piece. For one
-    // from the opponent's program the log of the game there was is written first; the next pass shows it.
+    // Replaces the game on the board and its history by a position that CheckGame finds sound. To be called
+    // between two passes. A position from a file is shown at once, and its side picks a piece. Before one
+    // from the opponent, the log of the old game is written; the next pass shows the position.
     void SetUpPosition(Game position, PositionSource source);
-    // Ends a turn that is over, and asks first for a return that is due, so that the game can be written to a
-    // file, which holds no such state.
+    // Asks for a return that may be due and ends a turn that is over. To be called before the game is written
+    // to a file, which cannot hold these states.
     void FinishTurn();
-    // The program is about to end: no pass follows.
+    // Ends the main loop: no pass follows. To be called when the program closes.
     void EndLoop() { SetGameState(kReset); }
 
-    // One pass of the main loop. False when the loop is to end (state 0).
+    // Runs one pass of the main loop. False when the loop is to end (kReset).
     bool Pass();
-    // Whether another pass has something to do. At rest it has not.
+    // Whether another pass would have something to do.
     bool HasWork() const;
-    // Passes until there is nothing left to do, or for now: true when there is more. A call from within a
-    // pass or a command comes back at once: passes never nest.
+    // Runs passes until nothing is left to do, but only so many that the window can handle other events in
+    // between: true when more is left. A call from within a pass or a command does nothing, since passes
+    // never nest.
     bool RunPasses();
-    // Runs a command of the menus. In the middle of a pass or of another command the running animation is
-    // brought to its end, and the command waits until that is over.
+    // Runs a command of the menus. In the middle of a pass or of another command, a running animation is
+    // finished at once, and the command waits until the pass or the other command is over.
     void RunCommand(std::function<void()> command);
-    // The same for what comes from outside: the running animation takes its time.
+    // Runs a command that comes from the network. It waits as a command of the menus does, but a running
+    // animation is not cut short.
     void RunWhenFree(std::function<void()> command) { gate_.Submit(std::move(command)); }
-    // A pass or a command is running: this event is being handled while it waits.
+    // Whether a pass or a command is running, so that the caller is an event handled in its middle.
     bool Busy() const { return gate_.IsShut(); }
 
-    // Deposits a square for the next pass as a left click on it does: refused out of turn, off the board,
+    // Deposits a square for the next pass, as a left click does. It is refused out of turn, off the board,
     // while a piece is moving, after the end of the game, while a square of the opponent's waits, and where a
-    // returned piece finds the square taken.
+    // piece is to return to a square that is taken.
     void DepositSquare(Square square);
 
-    // Brings the game to rest between two turns: a selected piece is put down, a return that is due is given
-    // up, a turn that is over ends, and squares that wait are forgotten. To be called between two passes, as
-    // the four below.
+    // Brings the game to the beginning of a turn before a board is sent or received: deselects a selected
+    // piece, gives up a return that is due, ends a turn that is over, and drops squares that wait. This and
+    // the next four are to be called between two passes.
     void SettleForTransfer();
-    // A board is going to arrive; until SetUpPosition or EndTransfer, no squares are taken.
+    // Is called when the opponent begins to send a board. No squares are taken until SetUpPosition or
+    // EndTransfer.
     void AwaitBoard();
-    // There is no more of it to come: the game there is goes on.
+    // Is called when a transfer breaks off: the game on the board goes on.
     void EndTransfer();
-    // The opponent's program says whose turn it is, outside a transfer. A game that is over stays over.
+    // Is called when the opponent's program says, outside a transfer, whose turn it is. A game that is over
+    // stays over.
     void TakeRemoteTurn(std::int16_t side);
-    // It says that play may begin without having sent a board. In the middle of a turn that changes nothing.
+    // Is called when the opponent's program says, without having sent a board, that play may begin. In the
+    // middle of a turn this changes nothing.
     void TakeRemoteStart();
 
-    // The steps of the machine, for itself and its tests. Other rooms call the doors above.
+    // The steps of the machine, public for its tests. Other rooms call only the functions above.
     void SetGameState(std::int16_t value);
-    // Hands the move to a side: turn label, then state 1.
+    // Gives the turn to a side: shows it on the turn label, then goes to kPickPiece.
     void SetTurn(std::int16_t side);
     void EndTurn();
-    // Decides whether the last capture earns a return, and asks which where there is a choice.
+    // Decides whether the last capture earns a return, and asks the user which piece if there is a choice.
     void CheckReturnDue();
-    // The message label and the beep: every refusal and game message.
+    // Shows a refusal or a message of the game on the message label, and beeps.
     void ShowStatus(std::string_view text);
 
 private:

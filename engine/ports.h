@@ -1,5 +1,5 @@
-// What the game asks of the world outside it. The windows implement these; tests write down what was asked.
-// Nothing here blocks except where it says so.
+// The interfaces through which the game calls windows, files and the network. The windows implement them; in
+// tests a recorder does. Calls do not block unless the comment says so.
 #pragma once
 
 #include "engine/rules/modPieces.h"
@@ -23,44 +23,44 @@ struct MainWindowPort {
     virtual void ShowHistory() = 0; // lstHistory has changed; the newest line is to be selected
 };
 
-// The playing surface.
+// The picture of the board.
 struct BoardPort {
     virtual ~BoardPort() = default;
     virtual void RedrawBoard() = 0;
-    // Glides a piece towards a square and comes back when it has arrived; events are handled meanwhile.
+    // Moves a piece to a square step by step. Blocks until it has arrived; events are handled meanwhile.
     virtual void AnimateMove(int index, Square to) = 0;
-    // Lets a running animation reach its end at once.
+    // Finishes a running animation at once.
     virtual void FinishAnimation() = 0;
 };
 
-// The person at the screen.
+// What the user sees, hears and answers outside the labels and the board.
 struct PersonPort {
     virtual ~PersonPort() = default;
     virtual void Beep() = 0;
-    // A message box with an OK button. Blocks until it is closed; events are handled meanwhile.
+    // Shows a message box with an OK button. Blocks until it is closed; events are handled meanwhile.
     virtual void ShowMessageBox(std::string_view text) = 0;
     virtual void GameEndSound(bool localPlayerWon) = 0;
-    // Which piece comes back to `side`, an Officer or a Pawn. Blocks until chosen; events are handled
-    // meanwhile.
+    // Asks the user which piece returns to `side`: Officer or Pawn. Blocks until they choose; events are
+    // handled meanwhile.
     virtual PieceKind ChooseReturn(std::int16_t side) = 0;
 };
 
-// The record of the game: its lines, in the game's history, and the files that keep them.
+// The record of the game: the lines of its history, and the files that keep them.
 struct RecordPort {
     virtual ~RecordPort() = default;
-    // Each adds one line. For a piece that has just moved; for the piece it took; for the piece that Return
-    // names and that has come back to a square.
+    // Each adds one line to the history: for a piece that has just moved, for a capture, and for the piece in
+    // Return that has come back to a square.
     virtual void RecordMove(int index) = 0;
     virtual void RecordCapture(int mover, int captured) = 0;
     virtual void RecordReturn(Square square) = 0;
     // Writes the log of the game so far, if the settings ask for it, and forgets the game's file name.
     virtual void BeginNewRecord() = 0;
-    // The same for a board from the opponent. A game without a move leaves no log: it may have begun just for
-    // this board, and the log of the one before is written already.
+    // Does the same before a board from the opponent, but writes no log of a game without moves: such a game
+    // may have begun just for this board, and the log of the game before it has been written already.
     virtual void BeginReceivedRecord() = 0;
 };
 
-// The opponent's program.
+// The connection to the opponent's program.
 struct NetworkPort {
     virtual ~NetworkPort() = default;
     virtual void SendGameMessage(std::string_view inner) = 0;

@@ -1,4 +1,4 @@
-// Positions that come from a file, or from the opponent's program, and those that go there.
+// Positions that are loaded from files, and boards that are exchanged with the opponent's program.
 #include "engine/modMAIN.h"
 
 #include <utility>
@@ -25,7 +25,7 @@ void modMAIN::SettleForTransfer() {
 }
 
 void modMAIN::AwaitBoard() {
-    SettleForTransfer(); // the game is played on if the board turns out bad
+    SettleForTransfer(); // this game goes on if the board turns out to be bad
     SetGameState(kGetBoard);
 }
 
@@ -34,8 +34,8 @@ void modMAIN::SetUpPosition(Game position, PositionSource source) {
     if (!fromFile)
         ports_.record.BeginReceivedRecord();
     else if (game_.GameState == kGameOver)
-        ports_.window.ShowMessage(""); // who has won the game before
-    net_.ClearQueues();                // squares that came before belong to the other board
+        ports_.window.ShowMessage(""); // clears the winner of the game before
+    net_.ClearQueues();                // squares that came before belong to the old board
     game_ = std::move(position);
     ports_.window.ShowHistory();
     if (fromFile)

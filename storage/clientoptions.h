@@ -24,32 +24,34 @@ struct ClientOptions {
     std::array<std::int16_t, 3> SampleFontSize{}; // points
     std::string PictureScheme = kNoPicture;
     PictureNames BluePics, RedPics;
-    bool Canceled = true; // anything but Okay leaves it so
+    bool Canceled = true; // false only after Okay
 
     friend bool operator==(const ClientOptions&, const ClientOptions&) = default;
 };
 
-// Fill the options from the settings, and the settings from the options. "NewUserSoundDelay" is not among
-// them: whoever wants another delay changes tarveth.ini.
+// Fill the options from the settings, and the settings from the options. "NewUserSoundDelay" is no option of
+// the dialog: a user who wants another delay changes tarveth.ini.
 void CopyFromSettings(ClientOptions& options, const Settings& settings);
 void CopyToSettings(const ClientOptions& options, Settings& settings);
 
-// What the boxes show: the file or "<beep>"; "14pt Times New Roman"; the file or "[none]".
+// Give what the dialog's boxes show: the sound file or "<beep>"; size and name of a font, as in
+// "14pt Times New Roman"; the picture file or "[none]".
 std::string SoundText(const ClientOptions& options, std::size_t i);
 std::string FontText(const ClientOptions& options, std::size_t i);
 std::string PictureText(const std::string& name);
 
-// Takes a scheme file and the pictures it names. A name that no file has gives "[none]" for the scheme and
-// leaves the pictures. Throws platform::FileError when the file cannot be read; nothing changes then.
+// Puts a scheme file and the pictures it names into the options. Where there is no such file, the scheme
+// becomes "[none]" and the pictures stay. Throws platform::FileError when the file cannot be read; the
+// options are then unchanged.
 void LoadPictureScheme(ClientOptions& options, const std::string& chosenName);
 
-// The name proposed for saving; empty without a scheme.
+// Gives the file name that a dialog proposes for saving; empty while no scheme is in use.
 std::string ProposedSchemeName(const ClientOptions& options);
-// The file that a chosen name means: without blanks around it and with ".tps" behind it, in any case; empty
-// for none.
+// Gives the file that a chosen name means: without the blanks around it, and with ".tps" added unless it ends
+// in that, in capitals or small letters. Empty for a name of blanks alone.
 std::string SchemeFileName(const std::string& chosenName);
 // Writes the scheme file and makes it the scheme in use. Throws platform::FileError when it cannot be
-// written; nothing changes then.
+// written; the options are then unchanged.
 void SavePictureScheme(ClientOptions& options, const std::string& fileName);
 
 } // namespace tarveth

@@ -18,7 +18,8 @@ namespace tarveth {
 namespace {
 
 constexpr std::string_view kExtension = ".tsg";
-constexpr char kFilter[] = "Tarveth Games (*.TSG)|*.TSG|All Files,*.*|*.*"; // the comma is meant
+constexpr char kFilter[] =
+    "Tarveth Games (*.TSG)|*.TSG|All Files,*.*|*.*"; // the comma in the second label is meant
 
 std::string WithExtension(const std::string& name) {
     const std::size_t start = name.size() - std::min(name.size(), kExtension.size());
@@ -89,8 +90,9 @@ void GameFiles::OpenGame(const std::string& path) {
         ports_.network.SendBoard();
 }
 
-// The path behind the program's folder for a file in there, else the whole path. Only the path is brought to
-// small letters, so that a folder with capitals is never found in it; the titles in files rely on that.
+// Gives the part of the path behind the program's folder for a file in that folder, else the whole path. Only
+// the path is brought to small letters before the two are compared, so a folder whose name has capitals is
+// never found in it. That is meant: titles in existing files were made by this rule.
 std::string GameFiles::TitleOf(const std::string& path) const {
     return FoldAscii(path.substr(0, folder_.size())) == folder_ ? path.substr(folder_.size()) : path;
 }
@@ -104,7 +106,7 @@ std::string GameFiles::ProposedName() {
            std::string(kExtension);
 }
 
-// Empty when the person wants no file after all.
+// Asks for a file name; empty when the user cancels.
 std::string GameFiles::AskName(FileQuestion::Purpose purpose, std::string title, std::string name) {
     const std::string folder = folder_.substr(0, folder_.size() - 1);
     return Trim(

@@ -14,49 +14,51 @@ namespace tarveth {
 
 // A dialog that asks for the name of a file.
 struct FileQuestion {
-    // A file to open must be there; one to name or to save may be.
+    // With Open the user may choose only a file that exists; with Name and Save, one that does not as well.
     enum class Purpose { Open, Name, Save };
 
     Purpose purpose = Purpose::Open;
     std::string title = {};
-    std::string folder = {}; // where it begins, without a trailing separator
-    std::string name = {};   // proposed: a plain name, or a path
-    std::string filter = {}; // label|pattern|label|pattern
+    std::string folder = {}; // the folder shown first, without a trailing separator
+    std::string name = {};   // the name proposed: a plain file name, or a path
+    std::string filter = {}; // the kinds of file to choose from: label|pattern|label|pattern
 };
 
 enum class YesNoCancel { Yes, No, Cancel };
 
-// The questions that the commands ask. All block until they are answered; events are handled meanwhile.
+// The questions that the commands ask the user. All block until they are answered; events are handled
+// meanwhile.
 struct GameFilesPort {
     virtual ~GameFilesPort() = default;
-    // The full path chosen; nothing when the dialog was cancelled.
+    // Gives the full path that the user chooses; nothing when they cancel.
     virtual std::optional<std::string> AskFile(const FileQuestion& question) = 0;
-    // A box with an exclamation mark and three buttons.
+    // Shows a message box with an exclamation mark and the buttons Yes, No and Cancel.
     virtual YesNoCancel AskYesNoCancel(std::string_view text) = 0;
-    // Today, as the system writes a date in short. Does not block.
+    // Gives today's date in the system's short form. Does not block.
     virtual std::string ShortDate() = 0;
 };
 
-// The folder and the plain file name that a file dialog begins with. A proposed path leads to its own folder
-// where that is there. Separators in a plain name, as a date may have them, become "-": no file name can hold
-// them.
+// Gives the folder and the plain file name that a file dialog begins with. Where the question proposes a path
+// whose folder exists, the dialog begins in that folder. Path separators in a plain name (a date may have
+// them) become "-", since no file name can hold them.
 std::pair<std::string, std::string> DialogStart(const FileQuestion& question);
 
-// A game is saved between two turns: one that is over has ended first, and a piece that is due to come back
-// has been asked for.
+// The commands of the menu that save and load games. A game is saved between two turns: before it is written,
+// a turn that is over is ended, and a user who may bring a piece back is asked which.
 class GameFiles {
 public:
-    // All references outlive the object. Folder: the program's own, with its trailing separator.
+    // All references outlive the object. `folder` is the program's folder, with its trailing separator.
     GameFiles(const Game& game, const NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
               GameFilesPort& questions, std::string folder);
 
-    // The commands of the menu. What cannot be written or read gives one message box and changes nothing:
-    // neither the game on the board nor its title, nor an older file.
+    // Ask for a file name where one is needed. A file that cannot be written or read gives one message box,
+    // and the game on the board, its title and an older file of that name stay as they were.
     void SaveGame();
     void SaveGameAs();
     void LoadGame();
 
-    // Puts the game in the file on the board. Throws platform::FileError; then nothing has changed.
+    // Puts the game in the file on the board. Throws platform::FileError when the file is no sound game; the
+    // game on the board is then unchanged.
     void OpenGame(const std::string& path);
 
 private:

@@ -11,7 +11,8 @@ namespace tarveth {
 
 class GameRecord : public RecordPort {
 public:
-    // The references outlive the object. Folder: where the log goes, with its trailing separator.
+    // The references outlive the object. `folder` is the one that the log is written to, with its trailing
+    // separator.
     GameRecord(Game& game, const Settings& settings, PersonPort& person, std::string folder);
 
     std::string GameTitle;    // as the game was last loaded or saved; empty for a game never saved
@@ -20,12 +21,13 @@ public:
     void RecordMove(int index) override;
     void RecordCapture(int mover, int captured) override;
     void RecordReturn(Square square) override;
-    // Writes the log if "AutoSaveLog" is on; one that cannot be written gives a message box. Then title and
-    // file name are empty.
+    // Writes the log if the settings ask for one, and clears the title and the file name. A log that cannot
+    // be written gives a message box.
     void BeginNewRecord() override;
-    // Without moves no log is written.
+    // Does the same, but writes no log of a game without moves.
     void BeginReceivedRecord() override;
-    // The game's own file with ".log" behind it, or "lastgame.log" in the folder.
+    // Gives the game's own file name with ".log" added, or "lastgame.log" in the folder for a game that was
+    // never saved.
     std::string LogPath() const;
 
 private:

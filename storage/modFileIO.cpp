@@ -30,7 +30,7 @@ std::string CountText(int number) {
     return FieldText(number) + ' ';
 }
 
-// A title may be a path with line ends in it; they would shift all that follows.
+// Replaces the line ends in a title (a path may have them), which would shift all the lines that follow.
 std::string TitleText(std::string_view title) {
     std::string text(title);
     std::replace_if(
@@ -47,7 +47,7 @@ public:
               piece.MaxMove, piece.MaxDiag, piece.MaxCtlMove, piece.MaxCtlDiag})
             Line(FieldText(field));
     }
-    // Elements 1 and up, behind their count.
+    // Writes the number of elements, then the elements from 1 on.
     void Table(const std::vector<PieceRecord>& table, int count) {
         Line(CountText(count));
         for (int i = 1; i <= count; ++i)
@@ -63,7 +63,7 @@ private:
     std::string text_;
 };
 
-// Takes the text line by line and knows where it is.
+// Reads the text line by line, and counts the lines for error messages.
 class Reader {
 public:
     Reader(std::string_view text, const std::string& name) : rest_(text), name_(name) {}
@@ -104,7 +104,7 @@ public:
         return number;
     }
 
-    // A number of things of one line or more each.
+    // Reads how many things follow, each of which takes one line or more.
     int Count(int least, int most, const std::string& what) {
         const double number = std::nearbyint(Val(Line()));
         if (number < least || number > most)
@@ -112,8 +112,8 @@ public:
         return static_cast<int>(number);
     }
 
-    // The line that gave a number which the rest of the file cannot hold is the wrong one, not the file's
-    // end.
+    // A count that is greater than the rest of the file has room for is reported with its own line, not
+    // with the file's last one.
     [[noreturn]] void FailTooShort(std::size_t line, const std::string& what) const {
         Fail(line, "the file is too short for " + what + " given here");
     }
@@ -158,7 +158,7 @@ PieceRecord ReadPiece(Reader& reader) {
     return piece;
 }
 
-// The number of pieces in the table that follows.
+// Reads the number of pieces in the table that follows.
 int ReadTableCount(Reader& reader, int least, const std::string& what) {
     const int count = reader.Count(least, kPieces, what);
     if (!reader.HasLines(count * kLinesPerPiece))
@@ -177,7 +177,7 @@ void ReadPieceTable(Reader& reader, Game& game) {
     }
 }
 
-// A piece that the jail can give back must be there to come back.
+// For each jail entry, a piece of the same side and kind must be off the board, so that it can come back.
 bool HasJailedPiece(const Game& game, const PieceRecord& jailed) {
     const auto matches = [&](const PieceRecord& piece) {
         return piece.InJail() && piece.Side == jailed.Side && piece.Kind == jailed.Kind;
@@ -205,7 +205,7 @@ void ReadHistory(Reader& reader, Game& game) {
     const std::size_t countLine = reader.LineNumber();
     game.lstHistory.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        if (reader.AtEnd()) // looking for all the ends beforehand would take longer than all the rest
+        if (reader.AtEnd()) // counting all the lines beforehand would take longer than reading the file
             reader.FailTooShort(countLine, what);
         game.lstHistory.emplace_back(reader.Line());
     }

@@ -12,14 +12,15 @@
 
 namespace tarveth {
 
-// The file's text for a game at rest. The title is the second line.
+// Gives the text of a saved-game file for a game between two turns. The title is its second line.
 std::string GameText(const Game& game, std::string_view gameTitle);
 
-// The game in a file's text, waiting in state 1 for the side to move to pick a piece. Throws
-// platform::FileError for a text that is no game, with nameForErrors as its path and the line.
+// Reads a game from the text of a saved-game file; it is in state kPickPiece. Throws platform::FileError for
+// a text that is no sound game, with nameForErrors as its path and the number of the line.
 Game ParseGame(std::string_view text, const std::string& nameForErrors);
 
-// Write and read a saved game; a file longer than 8 MiB is none. Throw platform::FileError.
+// Write and read a saved-game file. Both throw platform::FileError; ReadGame also for a file longer than
+// 8 MiB.
 void WriteGame(const Game& game, std::string_view gameTitle, const std::string& path);
 Game ReadGame(const std::string& path);
 

@@ -1,4 +1,4 @@
-// One line of text a move, a capture, a return: the history list is the game's record.
+// The game's record: one line of text for each move, capture and return.
 #pragma once
 
 #include "engine/rules/modPieces.h"
@@ -7,18 +7,19 @@
 
 namespace tarveth {
 
-// Column number and row letter, "4D". Rows outside 1 to 8 give the characters before "A" and after "H".
+// Gives column number and row letter, as in "4D". Rows outside 1 to 8 give the characters before "A" and
+// after "H".
 std::string SquareText(int column, int row);
 
-// The last move of a piece that has just moved, "R:RO 5C-4D".
+// Gives the line for the last move of a piece, as in "R:RO 5C-4D".
 std::string MoveText(const Game& game, int index);
 
-// A captured piece, "cBP".
+// Gives the text for a captured piece, as in "cBP".
 std::string CaptureText(const Game& game, int index);
 
-// Each appends one line to the game's history.
+// Append one line to the game's history. A return is one of a piece of the kind in ReturnKind: "  BP r2G".
 void HistoryAddMove(Game& game, int index);
 void HistoryAddCapture(Game& game, int mover, int captured);
-void HistoryAddReturn(Game& game, Square square); // of a piece of ReturnKind: "  BP r2G"
+void HistoryAddReturn(Game& game, Square square);
 
 } // namespace tarveth

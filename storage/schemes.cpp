@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uintmax_t kLargestScheme = 1 << 20; // what INI access takes at most
 
-// Every section is registered before it is used, so the reporter has nothing to report.
+// Every section is registered before it is used, so the error reporter is never called.
 modINI NewIni() {
     return modINI([](const std::string&, const std::string&) {});
 }
@@ -50,7 +50,8 @@ bool FitsOneLine(const PictureNames& names) {
 } // namespace
 
 void PictureSchemeRead(const std::string& pictureScheme, PictureNames& bluePics, PictureNames& redPics) {
-    // INI access takes an unreadable file for an empty one; whoever chose the file is told.
+    // INI access treats a file that cannot be read as an empty one. The user chose this file, so they are
+    // told.
     platform::ReadWholeFile(Trim(pictureScheme), kLargestScheme);
     modINI ini = NewIni();
     ReadSection(ini, "Blue", pictureScheme, bluePics);
@@ -59,7 +60,7 @@ void PictureSchemeRead(const std::string& pictureScheme, PictureNames& bluePics,
 
 void PictureSchemeWrite(const std::string& pictureScheme, const PictureNames& bluePics,
                         const PictureNames& redPics) {
-    // Asked before the first key is put, since what was put is written in the end.
+    // The check comes before the first key is put, since every key that was put is written by the flush.
     if (!FitsOneLine(bluePics) || !FitsOneLine(redPics))
         throw platform::FileError(pictureScheme, "cannot hold a file name of more than one line");
     modINI ini = NewIni();

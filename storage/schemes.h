@@ -8,15 +8,15 @@
 
 namespace tarveth {
 
-// A side's picture files by PieceKind, 1 to 3; "[none]" where there is none.
+// The names of a side's picture files, indexed by PieceKind (1 to 3); "[none]" where there is no picture.
 using PictureNames = std::array<std::string, 4>;
 
-// Takes the names from the scheme file. Throws platform::FileError when it cannot be read or is longer than
-// 1 MiB; the names are then as they were.
+// Reads the picture names from the scheme file. Throws platform::FileError when it cannot be read or is
+// longer than 1 MiB; the names are then unchanged.
 void PictureSchemeRead(const std::string& pictureScheme, PictureNames& bluePics, PictureNames& redPics);
 
-// Puts the names into the scheme file, in one piece; other lines that it has stay. Throws platform::FileError
-// when it cannot be written or a name holds a line's end; the file is then as it was.
+// Writes the picture names into the scheme file atomically; its other lines stay. Throws platform::FileError
+// when it cannot be written or a name contains a line end; the file is then unchanged.
 void PictureSchemeWrite(const std::string& pictureScheme, const PictureNames& bluePics,
                         const PictureNames& redPics);
 

@@ -1,7 +1,7 @@
-// The way of the settings from and to tarveth.ini.
-// What the reader forgives: missing file, sections and keys (the setting stays as it is), any case, any
-// order, unknown lines. A number that does not fit or is empty is told as a SettingProblem and
-// changes nothing.
+// Reads the settings from tarveth.ini and writes them back.
+// The reader accepts a missing file and missing sections and keys (the setting keeps its value), names in
+// capitals or small letters, any order, and unknown lines. A number that does not fit or is empty leaves the
+// setting as it is and is reported as a SettingProblem.
 #pragma once
 
 #include "storage/modINI.h"

@@ -1,4 +1,4 @@
-// Which sound is due: at the end of a game, and when somebody arrives in the lobby.
+// Chooses the sounds that the settings name: at the end of a game, and when a user arrives in the lobby.
 #pragma once
 
 #include "storage/settings.h"
@@ -9,7 +9,7 @@
 
 namespace tarveth {
 
-// What makes the noise. Nothing here blocks or fails.
+// The sound output. No call blocks or fails.
 struct SoundPort {
     virtual ~SoundPort() = default;
     virtual void Beep() = 0;
@@ -25,10 +25,10 @@ public:
     // The settings and the port outlive the object.
     Sounds(const Settings& settings, SoundPort& port, Clock clock = std::chrono::steady_clock::now);
 
-    // The winner's or the loser's sound, or a beep when there is no such file.
+    // Plays the winner's or the loser's sound, or beeps when there is no such file.
     void GameEndSound(bool localPlayerWon);
-    // A new user's sound, at most once in "NewUserSoundDelay" seconds; without such a file a beep, every
-    // time.
+    // Plays the sound for a new user, at most once in "NewUserSoundDelay" seconds. When there is no such
+    // file, it beeps each time.
     void NewUserSound();
 
 private:

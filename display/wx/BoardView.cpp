@@ -20,7 +20,8 @@ MouseButton ButtonOf(const wxMouseEvent& event) {
     }
 }
 
-// A band of `thickness` just inside `rect`, with its sides cut away in the middle when `corner` is not 0.
+// Draws a frame of `thickness` inside `rect`. If `corner` is not 0, only so much of each side is drawn from
+// each corner.
 void DrawBand(wxDC& dc, const wxRect& rect, int thickness, int corner, Pixel colour) {
     dc.SetPen(*wxTRANSPARENT_PEN);
     dc.SetBrush(wxBrush(wxColour(colour)));
@@ -36,7 +37,7 @@ void DrawBand(wxDC& dc, const wxRect& rect, int thickness, int corner, Pixel col
     }
 }
 
-// The marker's bands, the dark one outside.
+// Draws the selection marker: a dark, an accent and a light band, from the outside in.
 void DrawMarker(wxDC& dc, wxRect rect) {
     const int unit = std::max(1, rect.width / 24);
     DrawBand(dc, rect, unit, 0, kMarkerDark);
@@ -44,7 +45,7 @@ void DrawMarker(wxDC& dc, wxRect rect) {
     DrawBand(dc, rect.Deflate(unit * 2), unit, 0, kMarkerLight);
 }
 
-// Four corners in two tones, clear of the marker.
+// Draws the keyboard's cursor: four corners in two tones, which leave the selection marker visible.
 void DrawCursor(wxDC& dc, wxRect rect) {
     const int unit = std::max(1, rect.width / 24);
     const int corner = rect.width / 4;
@@ -89,7 +90,7 @@ void BoardView::PaintOver(wxDC& dc) {
 
 void BoardView::OnMouseDown(wxMouseEvent& event) {
     SetFocus();
-    // Only a zone needs to hear of a release elsewhere.
+    // The mouse is captured only for a zone, which ends when the button is released, even outside the window.
     if (ButtonOf(event) == MouseButton::Right && !HasCapture())
         CaptureMouse();
     const double scale = GetContentScaleFactor();
@@ -150,7 +151,7 @@ void BoardView::OnKeyUp(wxKeyEvent& event) {
 
 void BoardView::OnFocusChange(wxFocusEvent& event) {
     if (mouse_ != nullptr && event.GetEventType() == wxEVT_KILL_FOCUS)
-        mouse_->ReleaseCursorZone(); // the key is let go where this window does not hear of it
+        mouse_->ReleaseCursorZone(); // without the focus this window will not get the key-up event
     Refresh(false);
     event.Skip();
 }

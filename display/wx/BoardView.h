@@ -1,5 +1,5 @@
 // picDisplay: the visible board, with the selection marker and the keyboard's cursor drawn over it. Mouse and
-// keys go to BoardMouse.
+// key events are passed to BoardMouse.
 #pragma once
 
 #include "display/boardmouse.h"
@@ -13,8 +13,9 @@ class BoardView : public PictureView {
 public:
     explicit BoardView(wxWindow* parent);
 
-    // Both outlive the window; afterInput runs after every square that may have been deposited, so that the
-    // next one cannot take its place. Until this is called there is no board to see or click.
+    // Joins the view to a board and its mouse, which outlive it; before that it shows nothing and ignores
+    // clicks. afterInput is called after each event that may have deposited a square, before the next event
+    // can replace that square.
     void Connect(const BoardDisplay& board, BoardMouse& mouse, std::function<void()> afterInput);
 
     bool AcceptsFocus() const override { return true; }

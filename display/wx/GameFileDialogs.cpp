@@ -11,9 +11,10 @@ namespace tarveth {
 
 namespace {
 
-// The pattern that this system finds all the files with. Windows takes capitals for small letters, and the
-// dialog puts the ending, as the pattern has it, behind a name without one. Elsewhere "*.TSG" would find no
-// small letters, and "*.*" no name without a point.
+// Gives the pattern that matches the same files on this system. On Windows patterns ignore case, and the
+// dialog adds the pattern's ending to a name without one, so it is kept. Elsewhere "*.TSG" would not match
+// "a.tsg", and
+// "*.*" no name without a point.
 wxString SystemPattern(const wxString& pattern) {
 #ifdef __WXMSW__
     return pattern.Lower();
@@ -22,7 +23,7 @@ wxString SystemPattern(const wxString& pattern) {
 #endif
 }
 
-// What a person reads of the filter stays.
+// Adapts the patterns of a filter to this system; its labels stay.
 wxString SystemFilter(const std::string& filter) {
     wxArrayString parts = wxSplit(ToWx(filter), '|', '\0');
     for (std::size_t i = 1; i < parts.size(); i += 2) // after each label its pattern

@@ -9,10 +9,10 @@ namespace tarveth {
 
 class GameFileDialogs : public GameFilesPort {
 public:
-    // The dialogs belong to that window, which outlives the object's use.
+    // The window, which outlives all calls, becomes the dialogs' parent.
     explicit GameFileDialogs(wxWindow* parent) : parent_(parent) {}
 
-    // Leaves the working folder alone, and whether a file may be overwritten to the caller.
+    // Does not change the working folder. Whether a file may be overwritten is for the caller to ask.
     std::optional<std::string> AskFile(const FileQuestion& question) override;
     YesNoCancel AskYesNoCancel(std::string_view text) override;
     std::string ShortDate() override;

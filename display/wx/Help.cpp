@@ -13,7 +13,7 @@ Help::Help(wxWindow* parent, std::vector<std::string> folders)
 
 Help::~Help() = default;
 
-// Where the manual is looked for first comes first; empty when it is nowhere.
+// Gives the path of a file in the first of the folders that has it; empty when none has.
 std::string Help::Find(const std::string& name) const {
     for (const std::string& folder : folders_)
         if (platform::FileExists(folder + name))
@@ -39,7 +39,7 @@ bool Help::ShowInSystemViewer() const {
     return !file.empty() && platform::WinHelpA(parent_->GetHandle(), file, platform::kHelpContents, 0);
 }
 
-// A sentence about what is wrong, empty when the window is there.
+// Opens the manual in a window of the program. Gives a sentence about what failed; empty on success.
 std::string Help::ShowInWindow() {
     const std::string book = Find("tarveth.htb");
     if (book.empty())

@@ -1,4 +1,5 @@
-// "Help on Tarveth": the system's help viewer, or a window of our own where there is none.
+// "Help on Tarveth": opens the manual in the system's help viewer or, where there is none, in a window of the
+// program.
 #pragma once
 
 #include "display/wx/HelpWindow.h"
@@ -11,15 +12,15 @@ namespace tarveth {
 
 class Help {
 public:
-    // `folders` (with their trailing separators) may hold the manual; the first that does is used. The
-    // program's own is the last. `parent` is there whenever Show is called.
+    // The manual is looked up in each of the folders (with their trailing separators) in turn; the last is
+    // the program's folder. `parent` exists whenever Show is called.
     Help(wxWindow* parent, std::vector<std::string> folders);
     ~Help();
 
-    // Opens the manual, or says in a message box why it cannot be.
+    // Opens the manual, or says in a message box why it cannot be opened.
     void Show();
-    // Closes the manual's window, which must not be open when `parent` goes: the toolkit would delete it
-    // while it walks along the list of windows that it stands in.
+    // Closes the manual's window. To be called before `parent` is destroyed: otherwise the toolkit would
+    // delete the window while it iterates over the list of its windows.
     void Close();
 
 private:
@@ -29,7 +30,7 @@ private:
 
     wxWindow* parent_;
     std::vector<std::string> folders_;
-    std::unique_ptr<HelpWindow> window_; // none until it is needed
+    std::unique_ptr<HelpWindow> window_; // null until it is first needed
 };
 
 } // namespace tarveth

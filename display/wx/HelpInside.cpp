@@ -1,4 +1,4 @@
-// The help window of a program that is one file: it is inside, with no module to load.
+// Makes the help window where it is part of the program and not a module.
 #include "display/wx/HelpWindow.h"
 
 extern "C" tarveth::HelpWindow* TarvethNewHelpWindow(wxWindow* parent, const char* book);

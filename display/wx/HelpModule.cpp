@@ -1,4 +1,4 @@
-// Loads the help window's module.
+// Loads the module with the help window (dlopen).
 #include "display/wx/HelpWindow.h"
 
 #include <wx/dynlib.h>
@@ -11,7 +11,7 @@ namespace {
 
 // The module stays loaded until the program ends. Null when it cannot be loaded.
 NewHelpWindow LoadMaker(const std::string& module) {
-    const wxLogNull silence; // the caller tells what is wrong
+    const wxLogNull silence; // the caller reports the error
     wxPluginLibrary* library =
         wxPluginManager::LoadLibrary(wxString::FromUTF8(module), wxDL_VERBATIM | wxDL_NOW);
     return library == nullptr ? nullptr : reinterpret_cast<NewHelpWindow>(library->GetSymbol(kNewHelpWindow));

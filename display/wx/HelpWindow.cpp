@@ -32,7 +32,7 @@ public:
 
     bool Show() override {
         if (!open_) {
-            const wxLogNull silence; // whoever asked tells what is wrong
+            const wxLogNull silence; // the caller reports the error
             open_ = controller_.AddBook(wxFileName(book_));
         }
         if (!open_)
@@ -51,8 +51,7 @@ public:
     }
 
 private:
-    // As wide as a line of text that is easy to read and the contents beside it, where the screen has room
-    // for them.
+    // Wide enough for the contents and beside them a line of text that is easy to read, if the screen is.
     void Prepare(wxHtmlHelpFrame& frame) {
         wxSize size = frame.FromDIP(wxSize(960, 720));
         size.DecTo(wxDisplay(&frame).GetClientArea().GetSize());

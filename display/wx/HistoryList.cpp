@@ -12,7 +12,7 @@ constexpr int kLeastWidth = 40;
 
 } // namespace
 
-// The lines that are shown. The list asks for those in view alone.
+// The list's model. The list asks it only for the lines in view.
 class HistoryList::Rows : public wxDataViewVirtualListModel {
 public:
     void Add(const std::string& line) {
@@ -30,7 +30,7 @@ public:
     bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
 
 private:
-    // Not a vector, which moves all its lines when one more no longer fits.
+    // A deque, since a vector would move all lines when it grows.
     std::deque<std::string> lines_;
 };
 
@@ -38,7 +38,8 @@ HistoryList::HistoryList(wxWindow* parent)
     : wxDataViewCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_SINGLE | wxDV_NO_HEADER),
       rows_(new Rows) {
     AssociateModel(rows_.get());
-    // With a width of its own the toolkit need not measure every row; the only column takes all there is.
+    // With a fixed width the toolkit need not measure every row; the only column is as wide as the list
+    // anyway.
     AppendColumn(
         new wxDataViewColumn("", new wxDataViewTextRenderer, 0, FromDIP(kLeastWidth), wxALIGN_LEFT, 0));
 }

@@ -1,4 +1,4 @@
-// lstHistory: the moves so far, the newest one selected and in view.
+// lstHistory: the list of the moves so far; the newest one is selected and in view.
 #pragma once
 
 #include <string>
@@ -12,8 +12,8 @@ class HistoryList : public wxDataViewCtrl {
 public:
     explicit HistoryList(wxWindow* parent);
 
-    // Shows these lines: all of them anew, or the last of them where one has been added to what is shown. A
-    // history that takes another's place is to be emptied first.
+    // Shows these lines. If there is one more than the list shows, only the last line is added; the list has
+    // to be emptied first when another history takes the place of the one it shows.
     void ShowLines(const std::vector<std::string>& lines);
 
 private:

@@ -1,4 +1,4 @@
-// A window that shows a pixel buffer as it is, one pixel to one of the screen.
+// A window that shows a pixel buffer unscaled.
 #pragma once
 
 #include "display/pixels.h"
@@ -8,17 +8,17 @@
 
 namespace tarveth {
 
-// A bitmap of the same pixels; `contentScale` is how many pixels of the screen a layout pixel has.
+// Gives a bitmap of these pixels. `contentScale` is the number of screen pixels per layout pixel.
 wxBitmap ToBitmap(const PixelBuffer& pixels, double contentScale);
 
 class PictureView : public wxWindow {
 public:
     explicit PictureView(wxWindow* parent, long style = 0);
 
-    // Paints the pixels soon, as they then are. They outlive the window.
+    // Has the pixels painted when the window is next repainted. They outlive the window.
     void ShowPixels(const PixelBuffer& pixels);
 
-    // Only to look at: the keyboard passes it by.
+    // The picture takes no keyboard focus.
     bool AcceptsFocus() const override { return false; }
 
 protected:
@@ -29,7 +29,7 @@ private:
     void OnPaint(wxPaintEvent& event);
 
     const PixelBuffer* pixels_ = nullptr;
-    wxBitmap bitmap_; // of the pixels; none while they have changed since the last paint
+    wxBitmap bitmap_; // a copy of the pixels; invalid if they have changed since it was made
 };
 
 } // namespace tarveth

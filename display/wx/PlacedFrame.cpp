@@ -14,7 +14,7 @@ namespace tarveth {
 
 namespace {
 
-constexpr float kNowhere = 9e6F; // stands for a place that is not known
+constexpr float kNowhere = 9e6F; // stands for an unknown place
 
 float Twips(int pixels) {
     return static_cast<float>(pixels * kTwipsPerPixelX);
@@ -33,7 +33,7 @@ std::vector<ScreenRect> ScreensInTwips() {
     return screens;
 }
 
-// A size from a file may be more than any window system can show.
+// Limits a size from a file, which may be more than any window system can show.
 WindowPosition NoLargerThan(const std::vector<ScreenRect>& screens, WindowPosition window) {
     float right = 0;
     float bottom = 0;
@@ -84,7 +84,7 @@ void PlacedFrame::StandAt(const WindowPosition& position) {
     SetSize(wxRect(corner, FromDIP(wxSize(Pixels(position.Width), Pixels(position.Height)))));
 }
 
-// Until the window is there, how wide its border is can only be guessed.
+// Corrects the size once the window is on the screen, since the width of its border is unknown before.
 void PlacedFrame::CorrectSize() {
     const wxSize size = std::exchange(givenSize_, wxSize());
     if (size != wxSize() && size != GetSize() && StandsNormally())

@@ -1,4 +1,4 @@
-// A window that stands again where it stood when it was last closed.
+// A window that opens at the place where it was last closed.
 #pragma once
 
 #include "storage/window_positions.h"
@@ -13,10 +13,10 @@ class PlacedFrame : public wxFrame {
 public:
     explicit PlacedFrame(const wxString& title);
 
-    // Where the window is while neither maximised nor minimised.
+    // Gives the window's place while it is neither maximised nor minimised.
     WindowPosition Position() const;
-    // Shows the window for the first time. `load` changes the position that is proposed as far as it knows
-    // better; the window system finds the place of a window that it gives none.
+    // Shows the window for the first time. `load` gets a proposed position and changes the parts that were
+    // saved. A window without a saved place is placed by the window system.
     void ShowPlaced(const std::function<void(WindowPosition&)>& load);
 
 private:
@@ -25,8 +25,8 @@ private:
     void StandAt(const WindowPosition& position);
     void CorrectSize();
 
-    wxRect normalPlace_; // when it last stood so
-    wxSize givenSize_;   // until it is known to have that size
+    wxRect normalPlace_; // the place when it was last neither maximised nor minimised
+    wxSize givenSize_;   // the size asked for, until the window is known to have it
 };
 
 } // namespace tarveth

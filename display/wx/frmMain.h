@@ -1,4 +1,5 @@
-// The main window: menus, board, jail, history and labels. Its handlers each call one thing in the core.
+// The main window: menus, board, jail, history and labels. Each of its event handlers makes one call to the
+// core.
 #pragma once
 
 #include "display/board.h"
@@ -24,7 +25,7 @@ class BoardView;
 class HistoryList;
 class PictureView;
 
-// What the window works on; all of it outlives the window.
+// The objects that the window works with. All of them outlive it.
 struct MainWindowParts {
     Game& game;
     Settings& settings;
@@ -34,7 +35,7 @@ struct MainWindowParts {
     BoardMouse& mouse;
     std::map<int, std::function<void()>> commands; // by MainMenuItem; an item without one is disabled
     std::function<void(const WindowPosition&)> saveSettings;
-    std::function<void()> closeOthers; // after that, when the game has ended
+    std::function<void()> closeOthers; // closes the other windows; called when the loop has been ended
     std::function<void(bool localPlayerWon)> gameEndSound;
     std::function<PieceKind(std::int16_t side)> chooseReturn; // Officer or Pawn; blocks until chosen
 };
@@ -44,13 +45,13 @@ public:
     frmMain();
     ~frmMain() override;
 
-    // Joins the window to the game. Called once, before anything else.
+    // Joins the window to the game. To be called once, before any other call.
     void Connect(const MainWindowParts& parts);
 
-    // Takes the window's icons from pics/ in the folder (with its trailing separator), if they are there.
+    // Loads the window's icons from pics/ in the folder (with its trailing separator), if they exist.
     void TakeIcons(const std::string& folder);
 
-    // Applies the display switches of the settings and places everything anew.
+    // Applies the settings for grid labels and history, and lays out the window.
     void ApplyDisplaySettings();
     void ShowGridLabels();
 
@@ -87,15 +88,15 @@ private:
     void OnClose(wxCloseEvent& event);
     void OnIdle(wxIdleEvent& event);
 
-    std::unique_ptr<MainWindowParts> parts_; // null until Connect
-    std::int16_t localSide_ = NoSide;        // as last shown
+    std::unique_ptr<MainWindowParts> parts_; // null until Connect is called
+    std::int16_t localSide_ = NoSide;        // the side that was shown last
 
     wxMenu* mnuOptions = nullptr;
     wxWindow* surface = nullptr; // holds all the controls
     BoardView* picDisplay = nullptr;
     PictureView* picDisplayJail = nullptr;
-    HistoryList* lstHistory = nullptr;       // none until first shown
-    std::array<wxStaticText*, 16> lblGrid{}; // likewise
+    HistoryList* lstHistory = nullptr;       // null until first shown
+    std::array<wxStaticText*, 16> lblGrid{}; // null until first shown
     std::array<wxStaticText*, 2> Label1{};
     wxStaticText* lblCurPlayer = nullptr;
     wxStaticText* lblMoveStatus = nullptr;

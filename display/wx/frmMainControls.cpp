@@ -1,4 +1,4 @@
-// The controls of the main window, and where they stand.
+// Creates the controls of the main window and places them.
 #include "display/wx/frmMain.h"
 
 #include "display/wx/BoardView.h"
@@ -23,13 +23,13 @@ void Place(wxWindow* window, const LayoutBox& box) {
     window->SetSize(box.x, box.y, box.width, box.height);
 }
 
-// A label in the middle of its box.
+// Places a label in the middle of its box.
 void CentreLabel(wxStaticText* label, const LayoutBox& box) {
     const wxSize text = label->GetTextExtent(label->GetLabel());
     label->SetSize(box.x + (box.width - text.x) / 2, box.y + (box.height - text.y) / 2, text.x, text.y);
 }
 
-// A label over the whole width of its box, in the middle of its height.
+// Places a label in the middle of its box's height, as wide as the box.
 void PlaceLine(wxStaticText* label, const LayoutBox& box) {
     const int height = label->GetTextExtent("M").y;
     label->SetSize(box.x, box.y + (box.height - height) / 2, box.width, height);
@@ -62,7 +62,8 @@ void frmMain::CreateControls() {
     Line1 = line(wxLI_HORIZONTAL);
 }
 
-// Sixteen labels and a list cost a tenth of the start, so they are made when they are first shown.
+// The grid labels and the history list are created when they are first shown, since creating them takes a
+// tenth of the start-up time.
 void frmMain::CreateGridLabels() {
     for (std::size_t i = 0; i < 8; ++i) {
         lblGrid[i] = NewLabel(wxString(static_cast<char>('A' + i)));
@@ -103,7 +104,7 @@ LayoutMetrics frmMain::Metrics() const {
                                     lblMessage->GetTextExtent(Label1[1]->GetLabel()).x) +
                            FromDIP(10);
     metrics.sideWidth = std::max(FromDIP(metrics.sideWidth), lblMessage->GetCharWidth() * 22);
-    // Room for the longest message; broken between words, it takes about a sixth more than its length.
+    // The longest message must fit; breaking it between words takes about a sixth more than its length.
     metrics.messageLines = lblMessage->GetTextExtent(ToWx(kToBeginPlay)).x * 7 / 6 / metrics.sideWidth + 1;
     return metrics;
 }
@@ -117,7 +118,7 @@ void frmMain::LayOut() {
         CentreLabel(lblGrid[i], layout.grid[i]);
     PlaceLine(Label1[0], layout.playerCaption);
     PlaceLine(lblCurPlayer, layout.player);
-    // No wider than its text, so that a ground of its own stays a small patch.
+    // As wide as its text, since in a dark theme it has a light background.
     lblCurPlayer->SetSize(lblCurPlayer->GetTextExtent("Blue ").x, wxDefaultCoord);
     PlaceLine(Label1[1], layout.statusCaption);
     PlaceLine(lblMoveStatus, layout.status);

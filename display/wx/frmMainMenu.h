@@ -28,11 +28,11 @@ enum MainMenuItem : int {
 };
 
 struct MainMenu {
-    wxMenuBar* bar = nullptr; // owned by whoever takes it
+    wxMenuBar* bar = nullptr; // to be owned by the frame that it is given to
     wxMenu* mnuOptions = nullptr;
 };
 
-// All items are disabled but "Exit": whoever answers one enables it.
+// Creates the menu. All items but "Exit" are disabled until the caller has bound a command to them.
 MainMenu CreateMainMenu();
 
 } // namespace tarveth

@@ -13,7 +13,7 @@ wxString ToWx(std::string_view text) {
 
 namespace {
 
-// How the core's paths are encoded.
+// The encoding of the core's paths.
 const wxMBConv& PathEncoding() {
 #ifdef __WXMSW__
     return wxConvUTF8; // the toolkit's own is the code page

@@ -1,4 +1,4 @@
-// The core's texts and paths as the toolkit's, and back.
+// Converts texts and paths between the core and the toolkit.
 #pragma once
 
 #include <string>
@@ -8,10 +8,11 @@
 
 namespace tarveth {
 
-// A text of the core is UTF-8. One that is not, as out of an old file, is read letter by letter.
+// Converts a text of the core, which is UTF-8. A text that is no valid UTF-8, as from an old file, is taken
+// for ISO 8859-1.
 wxString ToWx(std::string_view text);
 
-// Paths are in the system's own narrow text, which is UTF-8 on Windows too.
+// Convert paths, which the core keeps in the system's narrow encoding; on Windows that is UTF-8 as well.
 wxString PathToWx(const std::string& path);
 std::string PathFromWx(const wxString& path);
 

@@ -8,7 +8,7 @@ namespace tarveth {
 std::int16_t Currency::ToInt16() const {
     std::int64_t whole = raw_ / kScale;
     std::int64_t rest = raw_ % kScale;
-    if (rest < 0) { // division cuts towards zero; the steps below want the floor
+    if (rest < 0) { // division truncates towards zero, but rounding below needs the floor
         --whole;
         rest += kScale;
     }

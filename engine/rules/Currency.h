@@ -1,5 +1,5 @@
-// A 64-bit fixed-point number, scaled by 10,000. Squares are kept in it because a piece that is being
-// animated stands on quarters of a square, and quarters must add up exactly.
+// A 64-bit fixed-point number, scaled by 10,000. Positions are kept in it, because a piece that is being
+// animated moves by quarters of a square, which must add up exactly.
 #pragma once
 
 #include <compare>
@@ -12,7 +12,8 @@ public:
     static constexpr std::int64_t kScale = 10'000;
 
     constexpr Currency() = default;
-    constexpr Currency(int whole) : raw_(std::int64_t{whole} * kScale) {} // every square number is one
+    constexpr Currency(int whole)
+        : raw_(std::int64_t{whole} * kScale) {} // implicit, so that columns and rows convert by themselves
     static constexpr Currency FromRaw(std::int64_t tenThousandths) {
         Currency value;
         value.raw_ = tenThousandths;
@@ -22,8 +23,8 @@ public:
     constexpr std::int64_t Raw() const { return raw_; }
     constexpr double ToDouble() const { return static_cast<double>(raw_) / kScale; }
 
-    // The whole number next to the value; a half goes to the even one. Out of 16 bits throws
-    // std::out_of_range.
+    // Rounds to the nearest whole number, half to even. Throws std::out_of_range when the result does not fit
+    // 16 bits.
     std::int16_t ToInt16() const;
 
     constexpr Currency operator-() const { return FromRaw(-raw_); }

@@ -1,4 +1,4 @@
-// Captures, the jail, and which pieces may come back from it.
+// Captures, the jail, and the pieces that may return from it.
 #pragma once
 
 #include "engine/rules/modPieces.h"
@@ -12,17 +12,17 @@ namespace tarveth {
 // Moves a piece from the board to the end of the jail.
 void SendToJail(Game& game, int index);
 
-// What a completed move has done.
+// The result of a completed move.
 struct MoveResult {
-    int captured = 0;           // the piece taken, 0 for none
-    bool mayEarnReturn = false; // a Master or an Officer was taken: whether a return is due is to be checked
-    std::string message;        // what to tell of it; empty for a move that takes nothing
+    int captured = 0;           // the captured piece, 0 for none
+    bool mayEarnReturn = false; // true for a Master or an Officer: FindReturnCandidates is to be asked
+    std::string message;        // the sentence about a capture; empty for a move that captures nothing
 };
 
-// Takes a piece off the board for the side to move: it goes to the jail, and Return begins anew.
+// Captures a piece for the side to move: sends it to the jail and resets Return to this capture.
 MoveResult CapturePiece(Game& game, int captured);
 
-// The slots of the jail from which a piece may come back after a capture; 0 where there is none.
+// The jail entries from which a piece may return after a capture; 0 where there is none of the kind.
 struct ReturnCandidates {
     std::int16_t pawnSlot = 0;
     std::int16_t officerSlot = 0;
@@ -30,38 +30,41 @@ struct ReturnCandidates {
     bool Both() const { return pawnSlot != 0 && officerSlot != 0; }
 };
 
-// What the side to move may bring back for having taken piece `captured`: nothing for one of its own side or
-// a Pawn, a Pawn for an Officer, a Pawn or an Officer for a Master. The earliest-jailed of each kind.
+// Gives what the side to move may bring back after it has captured piece `captured`: nothing for a piece of
+// its own or a Pawn, a Pawn for an Officer, a Pawn or an Officer for a Master. Of each kind it is the entry
+// that comes first in the jail.
 ReturnCandidates FindReturnCandidates(const Game& game, int captured);
 
-// The piece that comes back: the first of the side to move and the kind, by index, that is in the jail; 0 if
-// none.
+// Gives the piece that returns: the one with the lowest index of the side to move and the kind that is in the
+// jail; 0 if there is none.
 int PieceToReturn(const Game& game, std::int16_t kind);
 
-// Takes an entry out of the jail by putting the last one in its place.
+// Removes an entry from the jail; the last entry takes its place.
 void RemoveJailEntry(Game& game, int slot);
 
-// Settles which kind comes back, Officer or Pawn; the candidates must hold a slot for it.
+// Writes to Return that a piece of this kind, Officer or Pawn, is to return. The candidates must have a slot
+// for it.
 void DecideReturn(Game& game, const ReturnCandidates& candidates, std::int16_t kind);
 
-// A return as another program names it.
+// A return that the opponent's program has chosen.
 struct ReturnChoice {
     int piece = 0; // index in PieceTable
     int slot = 0;  // index in JailTable
 };
 
-// Whether the last capture has earned just this return: the kind is due, the piece is the one that would come
-// back, and the jail entry is one of its side and kind. Any numbers may be asked about.
+// Whether the last capture earns this return: the kind is due, the piece is the one that PieceToReturn gives,
+// and the jail entry is one of its side and kind. The numbers may be any.
 bool IsReturnDue(const Game& game, const ReturnChoice& choice);
 
 // True when no piece stands on the pending square.
 bool IsSquareFree(const Game& game);
 
-// Puts the piece that Return names on a free square and takes its entry out of the jail. The piece's index;
-// 0, and nothing has changed, where there is no such piece or entry or the square is taken.
+// Puts the piece that Return names on a square and removes its entry from the jail. Gives the piece's index.
+// If there is no such piece or entry or the square is taken, it gives 0 and changes nothing.
 int ReturnPiece(Game& game, Square square);
 
-// Who has won, and the sentence that says so. NoSide and empty while nobody has; where both have, Blue.
+// The winner and the sentence that announces them; NoSide and empty while nobody has won. If both sides have
+// lost all that they need, Blue wins.
 struct Victory {
     Side winner = NoSide;
     std::string_view sentence = {};

@@ -21,7 +21,7 @@ bool IsOffBoard(const PieceRecord& piece) {
     return piece.X < 0 && piece.Y < 0;
 }
 
-// 16-bit numbers cannot be taken of coordinates before they are known to be small.
+// Coordinates are compared as they are, since converting large ones to 16 bits throws.
 bool IsOnSquare(const PieceRecord& piece) {
     const auto inside = [](Currency value) { return value >= 1 && value <= kBoardSize && IsWhole(value); };
     return inside(piece.X) && inside(piece.Y);
@@ -47,7 +47,7 @@ std::string CheckPieces(const Game& game) {
 }
 
 std::string CheckJail(const Game& game) {
-    std::array<std::array<int, Pawn + 1>, Red + 1> offBoard{}; // pieces that no jail entry stands for yet
+    std::array<std::array<int, Pawn + 1>, Red + 1> offBoard{}; // pieces without a jail entry so far
     const auto unmatched = [&](const PieceRecord& piece) -> int& {
         return offBoard[static_cast<std::size_t>(piece.Side)][static_cast<std::size_t>(piece.Kind)];
     };

@@ -1,4 +1,4 @@
-// What must hold of every game at rest between two passes, whatever was clicked or loaded.
+// Checks the invariants that hold for every game between two passes.
 #pragma once
 
 #include <string>
@@ -7,10 +7,10 @@ namespace tarveth {
 
 struct Game;
 
-// The first thing that is wrong with the tables or with what refers to them; empty when all holds: 26 pieces
-// of known kinds and sides, each alone on its square or off the board; for each jail entry a piece off the
-// board of its side and kind; a side to move; a selection, a square waiting and a state that exist. A piece
-// that is being animated may stand between squares.
+// Gives a sentence about the first invariant that is broken; empty when all hold. There are 26 pieces of
+// known kinds and sides, each alone on its square or off the board. For each jail entry there is a piece off
+// the board of the same side and kind. It is a side's turn, and the state, the selected piece and the pending
+// square exist. A piece that is being animated may stand between squares.
 std::string CheckGame(const Game& game);
 
 } // namespace tarveth

@@ -1,4 +1,4 @@
-// The nine states of a game: what the side to move has to do next.
+// The nine states of a game: what the side to move has to do next, and what a pass of the machine does.
 #pragma once
 
 #include <cstdint>

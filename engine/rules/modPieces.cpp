@@ -12,13 +12,13 @@ struct KindLimits {
     std::int16_t maxMove, maxDiag, maxCtlMove, maxCtlDiag;
 };
 
-// by kind; element 0 is unused
+// Indexed by kind; element 0 is unused.
 constexpr std::array<KindLimits, 4> kLimits{{{}, {3, 0, 3, 0}, {2, 0, 2, 0}, {1, 1, 3, 3}}};
 
 constexpr std::array<PieceKind, kPiecesPerSide> kKinds{
     Master, Master, Master, Officer, Officer, Officer, Officer, Pawn, Pawn, Pawn, Pawn, Pawn, Pawn};
 
-// Pieces travel by index in messages and saved games, so this order is fixed.
+// Messages and saved games name pieces by their index, so this order is fixed.
 constexpr std::array<Square, kPieces> kImperialLayout{{
     {4, 8}, {5, 8}, {6, 8},                         // Blue Masters
     {4, 7}, {5, 7}, {6, 7}, {5, 6},                 // Blue Officers

@@ -13,11 +13,11 @@ namespace tarveth {
 
 struct Game;
 
-// Who owns a piece. Readers treat any value but Blue as Red; NoSide stands only in Turn, before the first
-// turn.
+// The owner of a piece. Code that reads a side treats any value but Blue as Red. NoSide occurs only in Turn,
+// before the first turn.
 enum Side : std::int16_t { NoSide = 0, Blue = 1, Red = 2 };
 
-// What a piece is. Readers treat any value but Master and Officer as Pawn.
+// The kind of a piece. Code that reads a kind treats any value but Master and Officer as Pawn.
 enum PieceKind : std::int16_t { Master = 1, Officer = 2, Pawn = 3 };
 
 inline constexpr int kBoardSize = 8;      // squares along an edge
@@ -42,14 +42,14 @@ struct Square {
     }
 };
 
-// One piece. In the jail its X and Y are the negatives of the square where it was taken.
+// One piece. While it is in the jail, X and Y are the negatives of the square where it was captured.
 struct PieceRecord {
     std::int16_t Kind = 0;                 // PieceKind
     std::int16_t Side = 0;                 // owner
     Currency X, Y;                         // column and row; fractions only while the piece is being animated
-    std::int16_t PrevX = 0, PrevY = 0;     // the square it stood on before its last move
+    std::int16_t PrevX = 0, PrevY = 0;     // the square before its last move
     std::int16_t TargetX = 0, TargetY = 0; // animation: where it is going
-    Currency StepX, StepY;                 // animation: columns and rows a tick
+    Currency StepX, StepY;                 // animation: columns and rows per tick
     std::int16_t MaxMove = 0;              // most squares in a straight line when its owner moves it
     std::int16_t MaxDiag = 0;              // diagonals when its owner moves it: 0 for none
     std::int16_t MaxCtlMove = 0;           // as MaxMove, moved by the opponent under control
@@ -79,19 +79,19 @@ void SetPieceSquare(Game& game, int index, Currency x, Currency y, std::int16_t 
 // Puts pieces 1 to 26 on their starting squares: 1 is the Imperial Board, any other variant the Draume Crown.
 void PlacePieces(Game& game, std::int16_t boardVariant);
 
-// The first piece (index order) that stands on the square, 0 when it is free.
+// Gives the piece on the square, 0 when it is free; of several, the one with the lowest index.
 int PieceOn(const Game& game, Square square);
 
-// How many pieces of a side and kind the jail holds.
+// Counts the pieces of a side and kind in the jail.
 int CountJailed(const Game& game, std::int16_t side, PieceKind kind);
 
-// "Blue" for 1, "Red" for any other value.
+// Gives "Blue" for Blue and "Red" for any other value.
 std::string_view SideName(std::int16_t side);
 
-// "Master", "Officer", or "Pawn" for any other value.
+// Gives "Master", "Officer", and "Pawn" for any other value.
 std::string_view KindName(std::int16_t kind);
 
-// The other player's side.
+// Gives the other side.
 constexpr Side Opponent(std::int16_t side) {
     return side == Blue ? Red : Blue;
 }

@@ -14,7 +14,7 @@ constexpr int Sign(int value) {
     return (value > 0) - (value < 0);
 }
 
-// The last piece met on the squares before the destination; 0 when the way is free.
+// Gives the piece in the way that is nearest to the destination; 0 when the way is free.
 int FindBlocker(const Game& game, Square from, Square step, int distance) {
     int blocker = 0;
     for (int k = 1; k < distance; ++k)
@@ -23,7 +23,8 @@ int FindBlocker(const Game& game, Square from, Square step, int distance) {
     return blocker;
 }
 
-// A controlled piece takes only its own side's pieces; among one's own, only a Master may take its own side.
+// A piece moved under control captures only pieces of its own side. Of the mover's own pieces, only a Master
+// may capture a piece of its own side.
 bool MayCapture(const PieceRecord& mover, const PieceRecord& occupant, bool ownMove) {
     if (mover.Side != occupant.Side)
         return ownMove;

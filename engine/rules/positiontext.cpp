@@ -75,7 +75,7 @@ Square SquareOf(std::string_view text) {
 void SetPosition(Game& game, std::string_view text) {
     CreatePieces(game);
     for (int i = 1; i <= kPieces; ++i)
-        SetPieceSquare(game, i, -9, -9, -9, -9); // off the board, and no square's negative
+        SetPieceSquare(game, i, -9, -9, -9, -9); // off the board, and not the negative of a square
     Indices indices;
     std::istringstream items{std::string(text)};
     for (std::string item; std::getline(items, item, '|');)

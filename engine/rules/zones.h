@@ -1,4 +1,4 @@
-// Zones of control: where the side to move may take hold of an opposing piece.
+// Zones of control: the squares on which the side to move may pick an opposing piece.
 #pragma once
 
 #include "engine/rules/modPieces.h"
@@ -9,8 +9,8 @@
 
 namespace tarveth {
 
-// (column, row), each 0 to 8 with 1 to 8 used: 0 where nobody projects, 1 where a Master does, 2 where only
-// Officers do. Make it fresh (all 0) for each computation.
+// Indexed by column and row, 1 to 8: 1 in the zone of a Master, 2 in the zone of Officers only, 0 in none. To
+// be zero-initialised before each computation.
 using ZoneMap = std::array<std::array<std::int16_t, kBoardSize + 1>, kBoardSize + 1>;
 
 // Adds one piece's zone to the map. A Pawn, a jailed piece and an index outside the table add nothing.
@@ -33,11 +33,11 @@ struct PickVerdict {
 // Judges whether the side to move may select the piece on a square.
 PickVerdict JudgePick(const Game& game, Square square);
 
-// The sentence for a refused pick; empty for None, and for an empty square, which is refused without a word.
+// Gives the sentence for a refused pick; empty for None, and for an empty square, which is refused silently.
 std::string_view RefusalText(PickRefusal refusal);
 
-// Judges, and selects the piece where it may be: CurPiece is that piece (0 where it is refused), and the
-// selection marker's square follows a piece that is selected.
+// Judges the pick and, if it is allowed, selects the piece: sets CurPiece and moves the selection marker to
+// the square. A refused pick sets CurPiece to 0 and leaves the marker.
 PickVerdict PickPiece(Game& game, Square square);
 
 } // namespace tarveth

@@ -11,7 +11,7 @@ namespace tarveth {
 
 namespace {
 
-// The picture with the button's own ground where its key colour is.
+// Gives the picture with the button's background in place of its key colour.
 wxBitmap WithoutKey(const PixelBuffer& picture, double contentScale) {
     wxBitmap bitmap = ToBitmap(picture, contentScale);
     bitmap.SetMask(new wxMask(bitmap, wxColour(kKeyGreen)));

@@ -1,4 +1,4 @@
-// The question which piece comes back, when an Officer as well as a Pawn may. It closes only by a choice.
+// The dialog that asks which piece returns, when both an Officer and a Pawn may. Only a choice closes it.
 #pragma once
 
 #include "display/piecepictures.h"
@@ -18,15 +18,15 @@ class frmReturn : public wxDialog {
 public:
     explicit frmReturn(wxWindow* parent);
 
-    int PicSize = 64; // pixels of the screen that a picture's square has
+    int PicSize = 64; // edge of the pictures, in pixels of the screen
 
-    // The returning side's pictures.
+    // The pictures of the side that the piece returns to.
     void SetPictures(const PixelBuffer& officer, const PixelBuffer& pawn);
-    // Lays the dialog out for PicSize.
+    // Lays out the dialog for PicSize.
     void SetSize();
     using wxDialog::SetSize;
 
-    // After the dialog has closed: Officer or Pawn.
+    // Gives the choice, Officer or Pawn, after the dialog has closed.
     PieceKind Choice() const { return choice_; }
 
 private:
@@ -40,7 +40,7 @@ private:
     wxStaticText* lblReturnPawn_ = nullptr;
 };
 
-// Shows the dialog with the side's pictures, and gives what is chosen: Officer or Pawn.
+// Shows the dialog with the side's pictures and gives the user's choice: Officer or Pawn.
 PieceKind AskReturn(wxWindow* parent, const PiecePictures& pictures, std::int16_t side);
 
 } // namespace tarveth

@@ -26,7 +26,7 @@ namespace tarveth {
 
 namespace {
 
-// A sample of a giant font would push everything else off the screen.
+// Point sizes of the font samples; a sample in a giant font would push all other controls off the screen.
 constexpr int kSmallestSample = 6;
 constexpr int kLargestSample = 20;
 
@@ -34,7 +34,7 @@ wxFont FontOf(const std::string& name, int points) {
     return wxFont(wxFontInfo(points).FaceName(ToWx(name)));
 }
 
-// A folder's name without its trailing separator.
+// Cuts the trailing separator off a folder's name.
 std::string WithoutSeparator(std::string folder) {
     if (folder.size() > 1)
         folder.pop_back();
@@ -43,7 +43,7 @@ std::string WithoutSeparator(std::string folder) {
 
 void ShowPath(wxTextCtrl* box, const std::string& path) {
     box->ChangeValue(PathToWx(path));
-    box->SetInsertionPointEnd(); // of a long path the file's name is seen
+    box->SetInsertionPointEnd(); // so that the end of a long path, the file's name, is in view
     box->SetToolTip(PathToWx(path));
 }
 
@@ -110,8 +110,8 @@ void frmClientOptions::ShowPictures() {
     ShowPath(txtPictureScheme, Options.PictureScheme);
     Settings named;
     CopyToSettings(Options, named);
-    pictures_.LoadPiecePictures(named, folders_); // what is wrong with them is told when they are put to use
-    for (std::size_t kind = Master; kind <= Pawn; ++kind) { // on squares of both colours
+    pictures_.LoadPiecePictures(named, folders_); // its errors are reported after Okay
+    for (std::size_t kind = Master; kind <= Pawn; ++kind) {
         const Pixel square = kind == Officer ? Rgb(0, 0, 0) : Rgb(255, 255, 255);
         ShowPicture(bluePictures_[kind], Options.BluePics[kind], pictures_.picBlue[kind], square);
         ShowPicture(redPictures_[kind], Options.RedPics[kind], pictures_.picRed[kind], ~square & 0xFFFFFF);
@@ -192,7 +192,8 @@ void frmClientOptions::SavePictureSchemeAs() {
     FileQuestion question;
     question.purpose = FileQuestion::Purpose::Save;
     question.title = "Save Picture Scheme As";
-    question.filter = "Tarveth PicScheme (*.TPS)|*.TPS|All Files,*.*|*.*"; // as people know it
+    question.filter =
+        "Tarveth PicScheme (*.TPS)|*.TPS|All Files,*.*|*.*"; // the comma in the second label is meant
     question.name = ProposedSchemeName(Options);
     question.folder = WithoutSeparator(folders_.front());
     const std::string file = SchemeFileName(dialogs.AskFile(question).value_or(std::string()));

@@ -1,5 +1,5 @@
-// The options dialog: four pages over a copy of the settings. It changes neither settings nor pictures in
-// use; only "Save As..." writes, a scheme file.
+// The options dialog: four pages that show and change a copy of the settings. The settings and the pictures
+// in use stay as they are while it is open. Only "Save As..." writes to the disk, a scheme file.
 #pragma once
 
 #include "display/piecepictures.h"
@@ -29,18 +29,18 @@ namespace tarveth {
 
 class frmClientOptions : public wxDialog {
 public:
-    // The folders (with trailing separators) in which relative picture names are looked up: settings and
-    // schemes are kept in the first, what ships is in the last.
+    // Relative picture names are looked up in `folders` (with trailing separators). The first is the one that
+    // settings and schemes are kept in, the last the one with the files that come with the program.
     frmClientOptions(wxWindow* parent, const ClientOptions& options, std::vector<std::string> folders);
 
-    ClientOptions Options; // what the caller reads when the dialog has closed
-    std::size_t Page = 0;  // the one that is shown first
+    ClientOptions Options; // to be read by the caller when the dialog has closed
+    std::size_t Page = 0;  // the OptionsPage that Load shows first
 
-    // Shows the options in their boxes, and the page. Before ShowModal.
+    // Shows the options in their boxes, and the page. To be called before ShowModal.
     void Load();
 
 private:
-    // A piece picture's row; its name is one of the options'.
+    // The controls of one piece picture.
     struct PictureRow {
         wxTextCtrl* box = nullptr;
         wxStaticBitmap* preview = nullptr;
@@ -80,14 +80,14 @@ private:
     void ChangePicture(std::string& name);
     void ChangePictureScheme();
     void SavePictureSchemeAs();
-    // A file of that kind; empty when none is chosen.
+    // Asks for a file of the kind in the filter; empty when the user cancels.
     std::string AskFile(const char* title, const char* filter, const std::string& name,
                         FileQuestion::Purpose purpose = FileQuestion::Purpose::Open);
     void Attempt(const std::function<void()>& work);
     void Finish(bool canceled);
 
     std::vector<std::string> folders_;
-    PiecePictures pictures_; // those that the options name
+    PiecePictures pictures_; // the pictures that the options name, for the previews
 
     wxChoice* cmbOptions = nullptr;
     std::array<wxPanel*, 4> fraOptions{}; // by OptionsPage

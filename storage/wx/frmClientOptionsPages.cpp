@@ -33,7 +33,7 @@ constexpr std::array kSounds = {"Sound to play when new user logs on", "Sound to
 constexpr std::array kPieceNames = {"", "Masters", "Officers", "Pawns"};
 
 constexpr int kGap = 8;
-constexpr int kBoxLetters = 28; // that a box has room for at least
+constexpr int kBoxLetters = 28; // the least width of a text box
 
 std::string Indexed(const std::string& name, std::size_t i) {
     return name + '(' + std::to_string(i) + ')';
@@ -57,7 +57,7 @@ void frmClientOptions::CreatePages() {
     NameControl(cmbOptions, "cmbOptions", "Page");
     rows->Add(cmbOptions, wxSizerFlags().Expand().Border(wxALL, gap * 3 / 2));
 
-    auto* frames = new wxBoxSizer(wxVERTICAL); // all in the same place, one of them shown
+    auto* frames = new wxBoxSizer(wxVERTICAL); // only one page is shown at a time
     wxSize largest;
     CreatePlayPage();
     CreateChatPage();
@@ -101,7 +101,8 @@ wxTextCtrl* frmClientOptions::NewBox(wxWindow* page, const std::string& given, c
     return box;
 }
 
-// The toolkit thinks of a box that is not on the screen yet as lower than it will be.
+// Sets the box's least size. Its height is worked out here, since wxTextCtrl reports too small a best height
+// before it is on the screen.
 void frmClientOptions::SizeBox(wxTextCtrl* box, int letters) {
     box->SetMinSize({GetCharWidth() * letters, box->GetCharHeight() + FromDIP(16)});
 }
@@ -124,7 +125,7 @@ void frmClientOptions::CreatePlayPage() {
     page->SetSizer(rows);
 }
 
-// A check box that keeps its value in `value`, one of the options.
+// Adds a check box to the page that writes its state to `value`, one of the options.
 wxCheckBox* frmClientOptions::AddCheckBox(wxWindow* page, wxSizer& rows, const std::string& given,
                                           const SettingRow& setting, std::int16_t& value) {
     auto* box = new wxCheckBox(page, wxID_ANY, setting.box.caption);
@@ -154,7 +155,7 @@ void frmClientOptions::CreateChatPage() {
 void frmClientOptions::AddSampleRow(wxWindow* page, wxSizer& rows, std::size_t i) {
     txtSample[i] = NewBox(page, Indexed("txtSample", i), "Sample");
     txtSample[i]->ChangeValue(kSamples[i]);
-    txtSample[i]->SetBackgroundColour(*wxWHITE); // as the transcript's
+    txtSample[i]->SetBackgroundColour(*wxWHITE); // the transcript's background
     rows.Add(txtSample[i], wxSizerFlags(1).Expand());
     rows.Add(NewButton(page, "Change", Indexed("btnChange", i),
                        wxString("Change the color of: ") + kSamples[i], [this, i] { ChangeColor(i); }),
@@ -175,7 +176,7 @@ void frmClientOptions::CreateSoundPage() {
     const int gap = FromDIP(kGap);
     auto* rows = new wxBoxSizer(wxVERTICAL);
     static constexpr auto kBoxes = CheckBoxesOf<kSoundPage>();
-    for (std::size_t i = 0; i < kBoxes.size(); ++i) // the first is known as chkSounds, without a number
+    for (std::size_t i = 0; i < kBoxes.size(); ++i) // the first has no number in its name
         chkSounds[i] = AddCheckBox(page, *rows, i == 0 ? "chkSounds" : Indexed("chkSounds", i), *kBoxes[i],
                                    Options.PlaySounds[i]);
     auto* sounds = new wxFlexGridSizer(3, gap / 2, gap);
@@ -186,7 +187,7 @@ void frmClientOptions::CreateSoundPage() {
     constexpr const char* kDelay = "Delay before sound can play again";
     auto* delay = new wxBoxSizer(wxHORIZONTAL);
     delay->Add(NewLabel(page, kDelay), wxSizerFlags().CenterVertical());
-    auto* txtInput = new wxTextCtrl(page, wxID_ANY); // neither shows the setting nor changes it
+    auto* txtInput = new wxTextCtrl(page, wxID_ANY); // on purpose it neither shows nor changes a setting
     SizeBox(txtInput, 8);
     txtInput->SetToolTip(
         "The delay in use is NewUserSoundDelay in tarveth.ini; this box does not change it.");
@@ -268,7 +269,7 @@ frmClientOptions::PictureRow frmClientOptions::NewPictureRow(wxWindow* page, wxF
     labelled->Add(label, wxSizerFlags().Border(wxBOTTOM, FromDIP(kGap / 4)));
     labelled->Add(row.box, wxSizerFlags().Expand());
 
-    const int edge = labelled->CalcMin().y; // the preview is as high as what stands beside it
+    const int edge = labelled->CalcMin().y; // the preview is as high as the label and the box together
     row.preview = new wxStaticBitmap(page, wxID_ANY, wxBitmap(edge, edge));
     row.preview->SetMinSize({edge, edge});
     NameControl(row.preview, given("pic", "Preview"), caption);

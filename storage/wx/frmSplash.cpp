@@ -26,9 +26,9 @@ constexpr char kCredits[] = "A board game of zones and control.\n\n"
 
 frmSplash::frmSplash(wxWindow* parent, const PiecePictures& pictures)
     : wxDialog(parent, wxID_ANY, "About Tarveth") {
-    // Where there is no such font, the system takes its nearest.
+    // Where this font is missing, the system takes the most similar one.
     const wxFont font(wxFontInfo(GetFont().GetPointSize()).FaceName("MS Sans Serif"));
-    SetFont(font); // and so every control's
+    SetFont(font); // the controls inherit it
 
     const double scale = GetContentScaleFactor();
     const int edge = static_cast<int>(std::lround(FromDIP(kSquare) * scale));
