@@ -1,4 +1,4 @@
-// All the objects of the running program, made in the order they need each other and joined to the windows.
+// All objects of the running program, in the order in which they depend on each other, joined to the windows.
 #pragma once
 
 #include "app/Speaker.h"
@@ -28,8 +28,8 @@ class Program {
 public:
     Program();
 
-    // Reads the settings and the pictures, shows the main window and begins a game, or goes on with the one
-    // in a saved game's file: an absolute path, or empty.
+    // Reads the settings and the pictures, shows the main window and begins a new game or, if gameFile is not
+    // empty, loads the saved game with that absolute path.
     void Start(const std::string& gameFile);
 
 private:
@@ -52,8 +52,8 @@ private:
     std::string writableFolder_; // of settings and logs: the same one where it can be written
     std::string problems_;       // found while starting; told once the window is there
 
-    frmMain* window_;             // the toolkit destroys it when it has closed
-    wxWeakRef<frmClient> client_; // this one too, which is there only while it is wanted
+    frmMain* window_;             // owned by the toolkit, which destroys it when it has closed
+    wxWeakRef<frmClient> client_; // null while the client window is closed; owned by the toolkit
     Game game_;
     NetGame net_;
     Settings settings_;

@@ -1,4 +1,4 @@
-// The game's sounds on this system.
+// Plays the game's sounds with the toolkit's bell and the platform's WAV player.
 #pragma once
 
 #include "platform/wav_player.h"

@@ -1,4 +1,4 @@
-// Starts the game.
+// The entry point of the game.
 #include "app/Program.h"
 #include "platform/command_line.h"
 #include "platform/fonts.h"
@@ -26,13 +26,13 @@ constexpr char kUsage[] =
     "are kept beside the program, or in your own data folder where the program's folder\n"
     "cannot be written.\n";
 
-// Answers the command line where it asks for something else than the game; nothing where the game is to
-// start.
+// Handles a command line that asks for something else than the game. Gives the exit status, or nothing if the
+// game is to start.
 std::optional<int> Answer(const std::vector<std::string>& arguments) {
     if (arguments.size() < 2)
         return std::nullopt;
     const std::string& argument = arguments[1];
-    // A desktop passes the file that was double-clicked.
+    // The desktop passes the name of a file that the user double-clicks.
     if (arguments.size() == 2 && !argument.starts_with('-') && !argument.empty())
         return std::nullopt;
     platform::WriteToConsole();
@@ -49,7 +49,7 @@ std::optional<int> Answer(const std::vector<std::string>& arguments) {
     return 2;
 }
 
-// Absolute, since the program leaves the folder it was started in.
+// Makes a path absolute, since the program changes its working folder.
 std::string Absolute(const std::string& name) {
     std::error_code error;
     const std::filesystem::path file = std::filesystem::absolute(platform::PathFromText(name), error);
@@ -60,7 +60,7 @@ std::string Absolute(const std::string& name) {
 
 class TarvethApp : public wxApp {
 public:
-    // gameFile: to go on with; empty for a new game.
+    // gameFile: the saved game to load; empty for a new game.
     explicit TarvethApp(std::string gameFile) : gameFile_(std::move(gameFile)) {}
 
     bool OnInit() override {
@@ -80,10 +80,10 @@ private:
 
 int main(int argc, char** argv) {
     const std::vector<std::string> arguments = tarveth::platform::CommandLine(argc, argv);
-    // Answered before the toolkit looks for a screen.
+    // --version and --help must work without a display, so they are handled before the toolkit starts.
     if (const std::optional<int> status = tarveth::Answer(arguments))
         return *status;
-    // The toolkit deletes it in the end.
+    // The toolkit deletes the object when it ends.
     wxApp::SetInstance(
         new tarveth::TarvethApp(arguments.size() < 2 ? std::string() : tarveth::Absolute(arguments[1])));
     return wxEntry(argc, argv);

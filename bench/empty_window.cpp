@@ -1,6 +1,6 @@
-// The smallest window program there is: a frame and a menu bar. What the game's start-up time and memory are
-// held against.
-//   --exit-after-paint   end by itself once the first picture has gone to the display server
+// The smallest program with a window: a frame and a menu bar. The game's start-up time and memory are
+// compared with those of this program.
+//   --exit-after-paint   ends the program when the display server has been sent the first picture
 
 #include <wx/app.h>
 #include <wx/cmdline.h>
@@ -26,8 +26,8 @@ public:
     }
 
 private:
-    // The toolkit hands its picture over when the paint handlers have returned, so the close waits for the
-    // next turn.
+    // The toolkit sends the picture after the paint handlers have returned, so the window is closed at the
+    // next turn of the event loop.
     void OnPaint(wxPaintEvent& event) {
         event.Skip();
         CallAfter([this] { Close(); });

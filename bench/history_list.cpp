@@ -29,14 +29,14 @@ constexpr std::size_t kEmptyList = 0;
 constexpr int kRounds = 30;
 constexpr int kLines = 20; // added in a round
 
-// Microseconds of processor time.
+// Gives the processor time used so far, in microseconds.
 double Used() {
     std::timespec time{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
 }
 
-// Counts the frames that are painted of a window.
+// Counts how often a window is painted.
 class Frames {
 public:
     // Waits until the window is on the screen.
@@ -52,7 +52,7 @@ public:
             gtk_main_iteration();
     }
 
-    // Until nothing has been painted for a while.
+    // Waits until nothing has been painted for a while.
     void WaitForRest() const {
         constexpr auto kCalm = std::chrono::milliseconds(50);
         using Clock = std::chrono::steady_clock;

@@ -1,4 +1,4 @@
-// What drawing costs: the whole board against a plain copy of the same pixels, and a click from the mouse
+// Measures drawing: the whole board, compared with a plain copy of as many pixels, and a click from the mouse
 // button to the presented board.
 #include "tests/display/DisplayGame.h"
 
@@ -16,7 +16,7 @@ using tarveth::test::DisplayGame;
 
 constexpr int kPictures = 64;
 
-// Processor time of one run of `work`, in seconds, as a mean over many.
+// Gives the processor time of one run of `work` in seconds, the mean of many runs.
 template <class Work>
 double TimeOf(Work work) {
     constexpr int kRuns = 200;
@@ -40,14 +40,14 @@ private:
     PixelBuffer to_;
 };
 
-// 26 pieces of 64 pixels, presented at their own size. At most 6 times a copy is wanted.
+// Redraws 26 pieces of 64 pixels, presented at their own size. The aim is at most 6 times the time of a copy.
 void RedrawBoard(benchmark::State& state) {
     DisplayGame g(kPictures);
     Copy board(g.board.picBoard.Pixels);
     Copy jail(g.board.picJail.Pixels);
     while (state.KeepRunning())
         g.board.RedrawBoard();
-    // Both once more, in turn, so that they share whatever else the machine is doing.
+    // Both are measured once more, in turns, so that other work of the computer affects both alike.
     double redrawing = 0;
     double copying = 0;
     for (int round = 0; round < 5; ++round) {
@@ -60,7 +60,7 @@ void RedrawBoard(benchmark::State& state) {
     state.counters["times_a_copy"] = redrawing / copying;
 }
 
-// RedrawBoard without the presenting: on a visible board of no size.
+// Measures RedrawBoard without presenting, since the visible board has no size.
 void PaintBoard(benchmark::State& state) {
     DisplayGame g(kPictures);
     g.board.SetDisplaySize(0, 0);
@@ -105,7 +105,7 @@ void PickAndPlace(benchmark::State& state) {
         state.SkipWithError("a click was refused");
 }
 
-// An animated move: one redraw, then three ticks, each of which presents the board.
+// Measures an animated move: one redraw, then three ticks, each of which presents the board.
 void MoveAcrossOneSquare(benchmark::State& state) {
     DisplayGame g(kPictures);
     g.board.SetDisplaySize(768, 288);
@@ -121,7 +121,7 @@ void MoveAcrossOneSquare(benchmark::State& state) {
 BENCHMARK(RedrawBoard)->Unit(benchmark::kMicrosecond);
 BENCHMARK(PaintBoard)->Unit(benchmark::kMicrosecond);
 BENCHMARK(CopyBoard)->Unit(benchmark::kMicrosecond);
-// from pictures of 64 and 128 pixels to smaller and larger boards
+// Stretches boards of 64 and 128 pixels a square to smaller and larger visible boards.
 BENCHMARK(PresentBoard)
     ->Args({512, 64})
     ->Args({768, 64})

@@ -1,6 +1,6 @@
-// What keeping a game in a file costs: writing and reading 2,000 history lines against the same bytes in one
-// piece, and one more line in a long history against one in an empty history. At most 3 times, 3 times and 1
-// time are wanted.
+// Measures saved games: writing and reading 2,000 history lines, compared with as many bytes in one piece,
+// and adding a line to a long history, compared with adding it to an empty one. The aims are ratios of at
+// most 3, 3 and 1.
 #include "platform/atomic_file.h"
 #include "storage/modFileIO.h"
 #include "storage/notation.h"
@@ -57,7 +57,7 @@ double Median(std::vector<double> times) {
     return times[times.size() / 2];
 }
 
-// The middle times of both, run in turn, so that they share whatever else the machine is doing.
+// Gives the median times of both, measured in turns, so that other work of the computer affects both alike.
 template <class Work, class Yardstick>
 double Ratio(int rounds, Work work, Yardstick yardstick) {
     std::vector<double> ours;
@@ -90,7 +90,7 @@ void ReadLongGame(benchmark::State& state) {
         1001, read, [&] { benchmark::DoNotOptimize(tarveth::platform::ReadWholeFile(file.Path(), kLimit)); });
 }
 
-// Adds so many lines to a history of that length; the vector's growth is part of it.
+// Adds lines to a history of this length. The growth of the vector is part of the time.
 double AddingTo(std::size_t length) {
     constexpr int kLines = 1000;
     Game game = LongGame(length);

@@ -1,5 +1,5 @@
-// How long programs take until their window is to be seen, and how much memory they have used by then. Two
-// programs take turns on one display server of their own, so that whatever else the machine does falls on
+// Measures how long a program takes until its window is painted, and how much memory it uses by then. Two
+// programs are measured in turns on a display server of their own, so that other work of the computer affects
 // both alike.
 //
 //   startup_bench --runs 15 -- PROGRAM_A [ARG…] [-- PROGRAM_B [ARG…]]
@@ -74,8 +74,7 @@ public:
         return false;
     }
 
-    // Waits until the killed program's windows are gone: what it had still sent is not the next one's
-    // picture.
+    // Waits until the killed program's windows are gone, so that they are not taken for the next program's.
     void Settle() {
         if (!tarveth::harness::WaitUntil([this] { return WindowCount() == 0; })) {
             throw std::runtime_error("windows of a killed program stay");
@@ -99,7 +98,7 @@ private:
 
     bool IsFullPaint(const XEvent& event) {
         if (event.type == CreateNotify) {
-            // Before the window is shown, so that nothing of its first picture is missed.
+            // Damage is watched before the window is shown, so that none of its first picture is missed.
             XDamageCreate(screen_.Connection(), event.xcreatewindow.window, XDamageReportRawRectangles);
             XFlush(screen_.Connection());
             return false;
@@ -144,7 +143,7 @@ double Median(const std::vector<Sample>& samples, double Sample::*value) {
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
-// Nothing when the arguments do not say what to run.
+// Reads the arguments; gives nothing if they name no program.
 std::optional<Request> ParseArguments(const std::vector<std::string>& arguments) {
     Request request;
     std::size_t next = 0;
@@ -174,7 +173,7 @@ void Run(const Request& request) {
     const Desktop desktop({.windowManager = false, .accessibility = false});
     PaintWatch watch;
     std::array<std::vector<Sample>, 2> samples;
-    // The first turn only fills the machine's file cache.
+    // The first round is not counted: it only fills the file cache.
     for (int run = -1; run < request.runs; ++run) {
         for (std::size_t side = 0; side < samples.size(); ++side) {
             const Sample sample = Measure(watch, request.commands[side], desktop.Home() / "programs.log");

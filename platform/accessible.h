@@ -1,13 +1,13 @@
-// What a screen reader is told about a control.
+// Names controls for screen readers and other accessibility tools.
 #pragma once
 
 #include <string>
 
 namespace tarveth::platform {
 
-// Gives a control its name for programs (`name`, such as "lblMessage") and what is read out for it
-// (`description`, such as "Message"). A label still reads out its text first; `description` comes after it.
-// `nativeWidget` is what the toolkit's GetHandle() gives; UTF-8 texts. May be called again at any time to
+// Sets the name by which programs find a control (`name`, such as "lblMessage") and what a screen reader says
+// of it (`description`, such as "Message"). Of a label its text is read first, then the description.
+// `nativeWidget` is the result of the toolkit's GetHandle(); the texts are UTF-8. May be called again to
 // change the texts.
 void SetAccessible(void* nativeWidget, const std::string& name, const std::string& description);
 

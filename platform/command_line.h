@@ -1,4 +1,4 @@
-// How the program was started.
+// The command line that the program was started with.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace tarveth::platform {
 
-// The program's name and its arguments, as UTF-8 on Windows. Takes what main() was given.
+// Gives the program's name and its arguments; on Windows they are UTF-8. Takes the parameters of main().
 std::vector<std::string> CommandLine(int argc, char** argv);
 
-// Lets whoever started the program from a console see what it writes from now on. To be called before the
-// first text is written, where there is no window to show it.
+// Connects standard output and standard error to the console that the program was started from, if there is
+// one. To be called before the first text is written to them.
 void WriteToConsole();
 
 } // namespace tarveth::platform

@@ -1,5 +1,5 @@
-// The one error of the file services: which file, where in it, and why. Thrown by whoever reads or writes a
-// file, shown once by the command that began it.
+// The exception of everything that reads or writes files: which file, where in it, and why. It is shown once,
+// by the command that wanted the file.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ inline constexpr char kFolderTakesNoFile[] =
 
 class FileError : public std::runtime_error {
 public:
-    // cause: the rest of the sentence "FILE: …" without a full stop, as in "cannot be opened (No such file)".
+    // cause: completes "FILE: …", without a full stop, as in "cannot be opened (No such file)".
     FileError(std::string path, std::string cause)
         : FileError(std::move(path), std::nullopt, std::move(cause)) {}
 

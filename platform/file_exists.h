@@ -1,12 +1,12 @@
-// Is there a file of that name?
+// Tells whether a file exists.
 #pragma once
 
 #include <string>
 
 namespace tarveth::platform {
 
-// True for a plain file (or a link to one); false for a folder, an empty name and whatever cannot be looked
-// up.
+// True for a regular file or a link to one; false for a folder, for an empty name, and when the name cannot
+// be looked up.
 bool FileExists(const std::string& name);
 
 } // namespace tarveth::platform

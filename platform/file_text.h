@@ -1,6 +1,6 @@
-// The bytes of text in the files that are kept beside the program: settings, games, logs, picture schemes,
-// the list of servers. On Windows they are in the system's own code page, as earlier releases wrote them and
-// still read them; elsewhere they are the text's own bytes. In the program every text is UTF-8.
+// Converts text between the program, where it is UTF-8, and its files: settings, games, logs, picture schemes
+// and the list of servers. On Windows the files are in the system's code page, since earlier releases share
+// them; on other systems the bytes stay as they are.
 #pragma once
 
 #include <string>
@@ -8,11 +8,11 @@
 
 namespace tarveth::platform {
 
-// The text that bytes out of a file stand for; valid UTF-8 on Windows, whatever they are.
+// Converts bytes from a file to text. On Windows the result is valid UTF-8, whatever the bytes are.
 std::string TextFromFile(std::string bytes);
 
-// The bytes for a file. A text that the code page has no letters for stays UTF-8, with the mark of a UTF-8
-// file in front, by which TextFromFile knows it.
+// Converts text to bytes for a file. A text with letters that the code page lacks stays UTF-8, with a byte
+// order mark in front, by which TextFromFile recognises it.
 std::string TextForFile(std::string_view text);
 
 } // namespace tarveth::platform

@@ -1,11 +1,11 @@
-// The system's fonts.
+// Starts reading the system's list of fonts early.
 #pragma once
 
 namespace tarveth::platform {
 
-// Begins to read which fonts the system has, beside the caller. The toolkit would begin with the first text
-// it measures, and wait for the end; called before the first window is made, the two go on side by side. To
-// be called on the user-interface thread, once the toolkit has started.
+// Starts reading the list of fonts on another thread. Otherwise the toolkit reads it when it first measures a
+// text, and waits. To be called on the user-interface thread after the toolkit has started and before the
+// first window is made.
 void BeginReadingFonts();
 
 } // namespace tarveth::platform

@@ -37,7 +37,7 @@ ProfileInteger ReadProfileInteger(std::string_view text) {
     ProfileInteger number;
     const std::string_view atBase = text;
     const int base = TakeBase(text);
-    number.hasDigits = text != atBase; // the 0 of the prefix is one
+    number.hasDigits = text != atBase; // the 0 of a base prefix counts as a digit
     for (const char letter : text) {
         const int digit = DigitOf(letter);
         if (digit >= base)

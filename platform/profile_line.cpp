@@ -6,7 +6,7 @@ namespace tarveth::platform {
 
 namespace {
 
-// Control-Z ended a text file once, and some editors still leave one.
+// Control-Z once marked the end of a text file, and some editors still write it.
 constexpr std::string_view kBlanks = " \t\v\f\x1a";
 
 char Lower(char letter) {

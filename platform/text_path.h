@@ -1,5 +1,5 @@
-// The program's texts as the standard library's paths. A std::string that is turned into one by itself would
-// be taken for something else than UTF-8 on Windows; the way back, string(), is right everywhere.
+// Converts the program's UTF-8 texts to std::filesystem::path. The path's own constructor would not take a
+// std::string for UTF-8 on Windows. The other way, path::string(), is right on every system.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 
 namespace tarveth::platform {
 
-// Throws std::filesystem::filesystem_error for a text that is no UTF-8, on Windows only.
+// On Windows, throws std::filesystem::filesystem_error for a text that is not valid UTF-8.
 inline std::filesystem::path PathFromText(std::string_view text) {
     return std::u8string(text.begin(), text.end());
 }

@@ -1,4 +1,4 @@
-// Plays WAV files beside the running program: the system's asynchronous player.
+// Plays WAV files asynchronously.
 #pragma once
 
 #include <memory>
@@ -8,15 +8,15 @@ namespace tarveth::platform {
 
 class WavPlayer {
 public:
-    // Touches no audio device; the first sound does.
+    // Opens no audio device; that is done for the first sound.
     WavPlayer();
-    // Ends a sound that is playing.
+    // Stops a sound that is playing.
     ~WavPlayer();
     WavPlayer(const WavPlayer&) = delete;
     WavPlayer& operator=(const WavPlayer&) = delete;
 
-    // Begins to play the file and returns at once. False when a sound is playing: this one is then dropped.
-    // A file that is no WAV, and a system without sound, play nothing.
+    // Starts playing the file and returns at once. False when another sound is playing: this one is then
+    // dropped. Nothing is heard of a file that is no WAV, and on a system without sound.
     bool Play(const std::string& path);
 
 private:

@@ -1,4 +1,4 @@
-// Chance that falls alike on every system: the standard's engine is the same everywhere, its distributions
+// Random numbers that are the same on every system for a seed. The standard's engines are, its distributions
 // are not.
 #pragma once
 
@@ -14,7 +14,7 @@ class Dice {
 public:
     explicit Dice(std::uint64_t seed) : engine_(seed) {}
 
-    // 0 to count - 1.
+    // Gives a number from 0 to count - 1.
     int Below(int count) { return static_cast<int>(engine_() % static_cast<std::uint64_t>(count)); }
     int Between(int least, int most) { return least + Below(most - least + 1); }
     bool Percent(int chance) { return Below(100) < chance; }

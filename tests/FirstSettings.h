@@ -1,5 +1,5 @@
-// What a first start leaves in tarveth.ini, up to where its window stood. Line ends are written as \n here
-// and are CR LF in the file.
+// The content of tarveth.ini after the program has run for the first time, except the window's position at
+// its end. Line ends are \n here and CR LF in the file.
 #pragma once
 
 namespace tarveth::test {

@@ -1,4 +1,4 @@
-// Comparing what was drawn with the pictures under tests/golden, byte by byte.
+// Compares pictures with the golden pictures in tests/golden, byte by byte.
 #pragma once
 
 #include "display/pixels.h"
@@ -7,13 +7,13 @@
 
 namespace tarveth::test {
 
-// The picture as an uncompressed 24-bit BMP file. The same pixels give the same bytes on every system.
+// Gives the picture as an uncompressed 24-bit BMP file. The same pixels give the same bytes on every system.
 std::string WriteBitmap(const PixelBuffer& picture);
 
-// Empty when `picture` is tests/golden/NAME.bmp to the byte. Otherwise NAME.bmp as it was drawn and
-// NAME-difference.bmp (red where they differ, over the faint golden picture) are written into the build
-// folder's golden-failures, and the result says so. tools/accept-golden takes what was drawn as the new
-// golden picture.
+// Compares `picture` with tests/golden/NAME.bmp; gives an empty text if they are equal. Otherwise writes the
+// picture as NAME.bmp and NAME-difference.bmp (red where they differ, over the faint golden picture) to
+// golden-failures in the build folder, and gives a sentence about it. tools/accept-golden makes the picture
+// the new golden one.
 std::string CompareWithGolden(const std::string& name, const PixelBuffer& picture);
 
 } // namespace tarveth::test

@@ -1,4 +1,4 @@
-// A turn for a player who plays by chance but wants to see an end.
+// Picks turns for random games that come to an end.
 #pragma once
 
 #include "engine/rules/turns.h"
@@ -10,8 +10,8 @@ struct Game;
 
 namespace tarveth::test {
 
-// One of the turns that there are, with a capture of the opponent's where there is one four times in five.
-// Throws std::logic_error when there is none.
+// Picks one of the legal turns at random; four times in five it is a capture of an opposing piece, if there
+// is one. Throws std::logic_error when there is no legal turn.
 CompleteTurn PickTurn(const Game& game, Dice& dice);
 
 } // namespace tarveth::test

@@ -10,7 +10,8 @@ namespace tarveth::test {
 
 namespace {
 
-// What a diagonal of so many squares counts: one, two, three and four as they are, longer ones oddly.
+// Gives the distance that a diagonal of this many squares counts: 1 to 4 for 1 to 4, and odd values for
+// longer ones.
 constexpr std::array<int, kBoardSize> kDiagonalCounts{0, 1, 2, 3, 4, 6, 6, 8};
 
 int WhoIsOn(const Game& game, int column, int row) {
@@ -20,7 +21,7 @@ int WhoIsOn(const Game& game, int column, int row) {
     return 0;
 }
 
-// One square from a towards b.
+// Gives the number that is one step from a towards b.
 int OneStep(int a, int b) {
     return a < b ? a + 1 : a > b ? a - 1 : a;
 }

@@ -1,5 +1,5 @@
-// A second, slow reading of the rules, written without a look at the engine's: the two must agree on every
-// square.
+// A second, slow implementation of the rules, written independently of the engine's: the two must agree on
+// every square.
 #pragma once
 
 #include "engine/rules/moves.h"
@@ -7,7 +7,7 @@
 
 namespace tarveth::test {
 
-// What JudgeMove and JudgePick should say.
+// Give the results that JudgeMove and JudgePick must give.
 Verdict PlainlyJudgeMove(const Game& game, int piece, Square to);
 PickVerdict PlainlyJudgePick(const Game& game, Square square);
 

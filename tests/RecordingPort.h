@@ -1,4 +1,4 @@
-// Stands in for every window: writes down what the game asked for.
+// Implements all ports for tests and records the calls.
 #pragma once
 
 #include "engine/ports.h"
@@ -79,7 +79,7 @@ public:
             onChooseReturn();
         return returnChoice;
     }
-    // The lines of the record go where a file would find them; without a game they are lost.
+    // Adds the line to the history of the game, if there is one.
     Game* game = nullptr;
     void RecordMove(int index) override {
         if (game != nullptr)

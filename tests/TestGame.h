@@ -1,4 +1,4 @@
-// A game with recorded windows, positions written as text, and clicks named by squares.
+// A game for tests, with recorded port calls, positions given as text, and clicks given by squares.
 #pragma once
 
 #include "engine/modMAIN.h"
@@ -17,21 +17,21 @@ struct TestGame {
     RecordingPort port;
     modMAIN main{game, net, settings, Ports{port, port, port, port, port}};
 
-    // A new game of the settings' layout.
+    // Starts a new game with the layout of the settings.
     TestGame();
     explicit TestGame(std::string_view position);
     TestGame(const TestGame&) = delete;
     TestGame& operator=(const TestGame&) = delete;
 
-    // A left click on a square, and every pass that follows from it.
+    // Clicks on a square and runs all passes that follow.
     void Click(std::string_view square);
-    // The same, one pass only.
+    // Clicks on a square and runs one pass.
     void ClickOnePass(std::string_view square);
-    // Every pass there is something to do in.
+    // Runs passes until none has anything to do.
     void Settle();
-    // Selects and places.
+    // Clicks on a piece and then on the square that it is to move to.
     void Move(std::string_view from, std::string_view to);
-    // The piece on a square, 0 for none.
+    // Gives the piece on a square, 0 for none.
     int On(std::string_view square) const { return PieceOn(game, SquareOf(square)); }
 };
 

@@ -42,7 +42,7 @@ std::optional<int> DepthOf(std::string_view text) {
     return depth;
 }
 
-// Nothing when they make no sense.
+// Reads the arguments; gives nothing if they are not understood.
 std::optional<Arguments> ReadArguments(int count, char** values) {
     Arguments arguments;
     if (count % 2 == 0)

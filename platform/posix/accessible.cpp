@@ -6,7 +6,8 @@ namespace tarveth::platform {
 
 namespace {
 
-// A control that can scroll is wrapped in a frame; what the keyboard is in, and so is read out, is inside.
+// Gives the inner control of one that can scroll: the toolkit wraps it in a frame, but it is the inner one
+// that gets the focus and is read out.
 GtkWidget* Spoken(GtkWidget* widget) {
     return GTK_IS_SCROLLED_WINDOW(widget) ? gtk_bin_get_child(GTK_BIN(widget)) : widget;
 }
@@ -16,7 +17,7 @@ GtkWidget* Spoken(GtkWidget* widget) {
 void SetAccessible(void* nativeWidget, const std::string& name, const std::string& description) {
     AtkObject* control = gtk_widget_get_accessible(Spoken(static_cast<GtkWidget*>(nativeWidget)));
     atk_object_set_accessible_id(control, name.c_str());
-    // A label's name is its text for as long as it is given no other.
+    // As long as a label is given no name, its text is its accessible name.
     if (atk_object_get_role(control) == ATK_ROLE_LABEL) {
         atk_object_set_description(control, description.c_str());
     } else {

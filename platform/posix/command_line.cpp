@@ -6,7 +6,7 @@ std::vector<std::string> CommandLine(int argc, char** argv) {
     return {argv, argv + argc};
 }
 
-// Every program has its starter's.
+// Nothing to do: a program inherits its parent's terminal.
 void WriteToConsole() {}
 
 } // namespace tarveth::platform

@@ -4,7 +4,7 @@
 
 namespace tarveth::platform {
 
-// The toolkit's own font map, which reads the list on a thread from the moment it is made.
+// Making the toolkit's default font map starts a thread that reads the list.
 void BeginReadingFonts() {
     pango_cairo_font_map_get_default();
 }

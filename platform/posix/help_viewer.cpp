@@ -2,7 +2,7 @@
 
 namespace tarveth::platform {
 
-// No such system has a viewer for these files.
+// Only Windows has a viewer for these files.
 bool WinHelpA(void*, const std::string&, unsigned, std::uintptr_t) {
     return false;
 }

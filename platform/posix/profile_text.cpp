@@ -17,17 +17,17 @@ struct ProfileText::Line {
     enum class Kind { Blank, Section, Key, Other };
 
     Kind kind = Kind::Blank;
-    std::string_view name;  // of the section or key, trimmed
-    std::string_view value; // of the key, not yet bare
+    std::string_view name;  // the name of the section or key, trimmed
+    std::string_view value; // the key's value, still with blanks and quotes
     std::size_t begin = 0;
-    std::size_t end = 0;  // behind the content
-    std::size_t next = 0; // behind the line end
+    std::size_t end = 0;  // the position behind the content
+    std::size_t next = 0; // the position behind the line end
 };
 
-// Where a key stands, or where it would go. Positions are offsets into the text.
+// The place of a key, or the place where it would be inserted. Positions are offsets into the text.
 struct ProfileText::Place {
     bool hasSection = false;
-    std::size_t sectionEnd = 0; // behind the section's last line that is not blank
+    std::size_t sectionEnd = 0; // the position behind the section's last line that is not blank
     std::optional<Line> key;
 };
 

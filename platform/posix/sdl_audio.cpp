@@ -8,7 +8,8 @@ namespace {
 
 constexpr const char* kLibrary = "libSDL2-2.0.so.0";
 
-// The sound library beneath tells a terminal about every device that it does not find.
+// An error handler for ALSA, which otherwise writes to standard error about every device that it does not
+// find.
 void SayNothing(const char*, int, const char*, int, const char*, ...) {} // NOLINT(cert-dcl50-cpp): its type
 
 void Silence(void* library) {
@@ -27,7 +28,7 @@ bool Take(void* library, const char* name, Function& function) {
 } // namespace
 
 bool SdlAudio::Load() {
-    // Never closed again: it leaves threads and handlers of other libraries behind.
+    // The library is never unloaded, since it leaves threads and handlers of other libraries behind.
     void* const library = dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr)
         return false;

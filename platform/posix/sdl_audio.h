@@ -1,5 +1,5 @@
-// SDL's audio functions, taken from its library when the first sound is due: loaded with the program, the
-// library and the fifty that it needs would cost a good part of the start-up time.
+// SDL's audio functions, loaded with dlopen for the first sound. Linked to the program, SDL and the fifty
+// libraries that it needs would take a good part of the start-up time.
 #pragma once
 
 #include <SDL2/SDL.h>
@@ -20,7 +20,7 @@ struct SdlAudio {
     decltype(&SDL_QueueAudio) QueueAudio = nullptr;
     decltype(&SDL_GetQueuedAudioSize) GetQueuedAudioSize = nullptr;
 
-    // False when the library or one of its functions is not there. May take a while.
+    // Loads the library, which may take a while. False when the library or one of its functions is missing.
     bool Load();
 };
 

@@ -1,5 +1,5 @@
-// One thread loads and plays; the game only leaves a file's name with it. Opening an audio device may take
-// seconds where a sound server does not answer, so nobody waits for it.
+// A thread loads and plays the files; the caller only passes it a file's name. Opening an audio device may
+// take seconds if a sound server does not answer, and the caller must not wait for that.
 #include "platform/wav_player.h"
 
 #include "platform/posix/sdl_audio.h"
@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::uintmax_t kLargestFile = 32 << 20;
-constexpr auto kPatience = 2s; // for a device that does not answer
+constexpr auto kPatience = 2s; // the wait for a device that does not answer
 
 // The samples of a WAV file.
 class Samples {
@@ -39,7 +39,7 @@ public:
     Samples(const Samples&) = delete;
     Samples& operator=(const Samples&) = delete;
 
-    // Whether there is anything that a device can be asked to play.
+    // Whether the file has samples in a format that an audio device can be opened with.
     bool Playable() const {
         return bytes != nullptr && count > 0 && format.freq >= 1000 && format.freq <= 384'000 &&
                format.channels >= 1 && format.channels <= 8;
@@ -51,21 +51,21 @@ public:
 
     SDL_AudioSpec format{};
     Uint8* bytes = nullptr;
-    Uint32 count = 0; // of bytes
+    Uint32 count = 0; // the number of bytes
 
 private:
     const SdlAudio& sdl_;
 };
 
-// What a device is asked for: the file's own form, handed over in pieces of a twentieth of a second. A device
-// is closed only when it has played what it was handed.
+// Gives the format to open the device with: the file's own, with a buffer of a twentieth of a second. The
+// buffer is small, since closing a device waits until its buffer has been played.
 SDL_AudioSpec WantedFrom(const SDL_AudioSpec& file) {
     SDL_AudioSpec wanted = file;
     wanted.samples = static_cast<Uint16>(std::bit_floor(static_cast<unsigned>(file.freq) / 20));
     return wanted;
 }
 
-// Plays one file and returns when it is over, or when `stopsWithin` says so.
+// Plays one file. Returns at its end, or as soon as `stopsWithin`, which waits for a time, gives true.
 template <typename StopsWithin>
 void PlayFile(const SdlAudio& sdl, const std::string& path, StopsWithin stopsWithin) {
     const Samples samples(sdl, path);
@@ -85,7 +85,7 @@ void PlayFile(const SdlAudio& sdl, const std::string& path, StopsWithin stopsWit
     sdl.CloseAudioDevice(device);
 }
 
-// False without sound on this system.
+// Starts SDL's audio. False if this system has none.
 bool Begin(SdlAudio& sdl) {
     if (!sdl.Load())
         return false;
@@ -96,20 +96,21 @@ bool Begin(SdlAudio& sdl) {
 
 } // namespace
 
-// What the game's thread and the player's share. The player's keeps it alive as long as it runs.
+// The state that the caller's thread and the player's thread share. The player's thread keeps it alive while
+// it runs.
 struct WavPlayer::Work {
     std::mutex mutex;
     std::condition_variable changed;
-    std::string path; // of the sound to play
+    std::string path; // the file to play
     bool busy = false;
     bool stop = false;
     bool ended = false;
-    std::thread thread; // none before the first sound
+    std::thread thread; // started for the first sound
 
     void Run();
     void PlayNext(SdlAudio& sdl, bool& begun);
     void End();
-    // True when told to stop within that time.
+    // Waits for this time, or until the thread is told to stop; true in the second case.
     bool StopsWithin(std::chrono::duration<double> time);
 };
 
@@ -130,7 +131,7 @@ void WavPlayer::Work::Run() {
     if (begun)
         sdl.QuitSubSystem(SDL_INIT_AUDIO);
     if (sdl.TLSCleanup != nullptr)
-        sdl.TLSCleanup(); // what it keeps for this thread
+        sdl.TLSCleanup(); // frees SDL's thread-local storage
     lock.lock();
     ended = true;
     changed.notify_all();
@@ -154,7 +155,7 @@ void WavPlayer::Work::End() {
     if (answered)
         thread.join();
     else
-        thread.detach(); // stuck in a device
+        thread.detach(); // it waits for a device that does not answer
 }
 
 bool WavPlayer::Work::StopsWithin(std::chrono::duration<double> time) {

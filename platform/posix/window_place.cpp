@@ -4,8 +4,9 @@
 
 namespace tarveth::platform {
 
-// The toolkit asks the window manager for the frame's size before it shows the window; on the resizing that
-// follows, a place that was set before is forgotten. Then only the window on the screen itself keeps it.
+// Before it shows the window, the toolkit asks the window manager for the size of the frame, and the resizing
+// that follows overwrites a position set earlier. So the position is set on the window of the display server
+// itself.
 void PlaceAtFirstShow(void* nativeWidget, int x, int y) {
     auto* window = static_cast<GtkWidget*>(nativeWidget);
     gtk_window_move(GTK_WINDOW(window), x, y);

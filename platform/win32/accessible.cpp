@@ -19,14 +19,14 @@ bool IsLabel(HWND control) {
 
 } // namespace
 
-// Programs find a control here by its window's own number and text; `name` is for other systems.
+// On Windows, programs find a control by its window's number and text, so `name` is not used.
 void SetAccessible(void* nativeWidget, const std::string&, const std::string& description) {
     auto* const control = static_cast<HWND>(nativeWidget);
     IAccPropServices* services = nullptr;
     if (FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
                                 reinterpret_cast<void**>(&services))))
         return;
-    // A label's name is its text for as long as it is given no other.
+    // As long as a label is given no name, its text is its accessible name.
     services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
                              IsLabel(control) ? PROPID_ACC_DESCRIPTION : PROPID_ACC_NAME,
                              WideFromText(description).c_str());

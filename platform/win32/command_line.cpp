@@ -10,7 +10,8 @@
 
 namespace tarveth::platform {
 
-// main() gets its arguments in the code page, and with them question marks for all other letters.
+// The arguments of main() are in the code page, with question marks for all letters that it lacks, so the
+// wide command line is read.
 std::vector<std::string> CommandLine(int, char**) {
     int count = 0;
     wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
@@ -21,7 +22,8 @@ std::vector<std::string> CommandLine(int, char**) {
     return texts;
 }
 
-// A program with windows has no console of its own. One whose output goes into a file or a pipe needs none.
+// A GUI program has no console, so it attaches to its parent's, unless its output is redirected to a file or
+// a pipe.
 void WriteToConsole() {
     if (GetFileType(GetStdHandle(STD_OUTPUT_HANDLE)) != FILE_TYPE_UNKNOWN ||
         AttachConsole(ATTACH_PARENT_PROCESS) == FALSE)

@@ -2,7 +2,7 @@
 
 namespace tarveth::platform {
 
-// Here the system has read them already.
+// Nothing to do: Windows has its list of fonts loaded already.
 void BeginReadingFonts() {}
 
 } // namespace tarveth::platform

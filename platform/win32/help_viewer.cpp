@@ -12,11 +12,11 @@ namespace tarveth::platform {
 
 namespace {
 
-// Since Vista the system comes with a stand-in that only tells that there is no viewer; it is a fraction of
-// the viewer's size.
+// The least size of the real winhlp32.exe. Since Vista, Windows has a small stub in its place that only says
+// that there is no viewer.
 constexpr std::uintmax_t kLeastViewer = 100 * 1024;
 
-// Wherever the system would look for it.
+// Looks for the viewer in the folders that Windows searches for programs.
 bool HasViewer() {
     wchar_t path[MAX_PATH];
     const DWORD length = SearchPathW(nullptr, L"winhlp32.exe", nullptr, MAX_PATH, path, nullptr);

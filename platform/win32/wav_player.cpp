@@ -1,4 +1,4 @@
-// The system plays by itself; nothing has to be kept.
+// Windows plays sounds asynchronously itself, so the player has no state.
 #include "platform/wav_player.h"
 
 #include "platform/win32/wide_text.h"
@@ -11,7 +11,7 @@ namespace tarveth::platform {
 
 namespace {
 
-// Asynchronous, for this application, dropped while the driver is busy.
+// SND_ASYNC, SND_NOWAIT and SND_APPLICATION: returns at once, and drops the sound while the driver is busy.
 constexpr UINT kFlags = SND_ASYNC | SND_APPLICATION | SND_NOWAIT;
 static_assert(kFlags == 8321);
 

@@ -14,7 +14,7 @@ std::wstring Widen(UINT codePage, std::string_view bytes) {
     return wide;
 }
 
-// `lossy` may be null, and has to be for UTF-8.
+// `lossy` may be null; for UTF-8 it must be null.
 std::string Narrow(UINT codePage, std::wstring_view wide, BOOL* lossy) {
     const DWORD flags = codePage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
     const int length = static_cast<int>(wide.size());

@@ -2,7 +2,7 @@
 
 namespace tarveth::platform {
 
-// Here a window keeps the place that the toolkit gives it before it is shown.
+// Nothing to do: on Windows a window keeps the position that it was given before it is shown.
 void PlaceAtFirstShow(void*, int, int) {}
 
 } // namespace tarveth::platform

@@ -1,4 +1,4 @@
-// Small pictures written as text, one letter a pixel.
+// Small pictures in the form of text, one letter for each pixel.
 #pragma once
 
 #include "display/pixels.h"
@@ -15,12 +15,13 @@ struct Letter {
     Pixel colour;
 };
 
-// '.' is the key green; '~' is one step off it.
+// '.' is the key green; '~' differs from it by one.
 inline constexpr Letter kLetters[] = {
     {'.', kKeyGreen},        {'~', Rgb(0, 254, 0)}, {'r', Rgb(255, 0, 0)},    {'b', Rgb(0, 0, 255)},
     {'y', Rgb(255, 255, 0)}, {'k', Rgb(0, 0, 0)},   {'w', Rgb(255, 255, 255)}};
 
-// Rows of one length; throws std::invalid_argument for a letter without a colour.
+// Makes a picture from rows of equal length. Throws std::invalid_argument for a letter that stands for no
+// colour.
 inline PixelBuffer Picture(const std::vector<std::string_view>& rows) {
     PixelBuffer picture(rows.empty() ? 0 : static_cast<int>(rows[0].size()), static_cast<int>(rows.size()));
     for (int y = 0; y < picture.Height(); ++y)
@@ -36,7 +37,7 @@ inline PixelBuffer Picture(const std::vector<std::string_view>& rows) {
     return picture;
 }
 
-// The text of a picture; '?' for a colour without a letter.
+// Gives the text of a picture, with '?' for a colour that no letter stands for.
 inline std::vector<std::string> TextOf(const PixelBuffer& picture) {
     std::vector<std::string> rows;
     for (int y = 0; y < picture.Height(); ++y) {

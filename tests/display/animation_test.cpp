@@ -1,4 +1,4 @@
-// The gliding piece, tick by tick.
+// The animation of a move, tick by tick.
 #include "engine/rules/turns.h"
 #include "tests/Dice.h"
 #include "tests/TestGame.h"
@@ -10,7 +10,7 @@ namespace tarveth::test {
 
 namespace {
 
-// The timer's ticks until the piece is there.
+// Counts the ticks of the timer until the piece has arrived.
 int CountTicks(DisplayGame& g, int piece, Square to) {
     int ticks = 0;
     g.display.onYield = [&] {
@@ -30,7 +30,7 @@ struct LonePawn : DisplayGame {
     PieceRecord& Piece() { return game.Piece(8); }
 };
 
-// What picBoard must show: the board without the moving piece, and the piece once, on top.
+// Gives what picBoard must show: the board without the moving piece, and that piece drawn once, on top.
 PixelBuffer PlainPicture(const DisplayGame& g) {
     Game game = g.game;
     PiecePictures pictures = g.pictures;

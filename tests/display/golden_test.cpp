@@ -1,4 +1,4 @@
-// Whole pictures, compared with those under tests/golden.
+// Compares whole pictures with the golden ones in tests/golden.
 #include "display/bitmap.h"
 #include "tests/GoldenPicture.h"
 #include "tests/TestGame.h"
@@ -22,7 +22,7 @@ void WoodenBoard(Settings& settings) {
     settings.BoardWhite = {238, 207, 161};
 }
 
-// A port whose message box is looked through at what stands behind it.
+// A port that calls onBox while the message box is open.
 struct BoxPort : RecordingPort {
     std::function<void()> onBox;
     void ShowMessageBox(std::string_view) override { onBox(); }

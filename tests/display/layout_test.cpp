@@ -1,4 +1,4 @@
-// The places of everything in windows of many sizes, with fonts of many sizes.
+// The layout of the main window in many sizes, with fonts of many sizes.
 #include "display/layout.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ struct Place {
     LayoutBox box;
 };
 
-// How a screen measures, in percent of an ordinary one: everything on it, and its letters alone.
+// The scale of a screen, in percent of an ordinary one: that of everything, and that of letters in addition.
 struct Scale {
     int screen = 100;
     int letters = 100;

@@ -1,4 +1,4 @@
-// Pictures in small.
+// Previews of piece pictures.
 #include "display/preview.h"
 
 #include "engine/rules/modPieces.h"
@@ -40,7 +40,7 @@ TEST(Preview, KeepsTheProportions) {
     EXPECT_EQ(line.At(5, 0), kGround);
 }
 
-TEST(Preview, OfNothingIsTheGround) {
+TEST(Preview, OfAnEmptyPictureIsTheBackground) {
     EXPECT_EQ(Preview({}, 3, kGround), PixelBuffer(3, 3, kGround));
 }
 

@@ -10,7 +10,7 @@ namespace tarveth::test {
 
 namespace {
 
-// By the state before a pass, the states that may follow it.
+// Indexed by the state before a pass: the states that may follow.
 bool IsTransition(int from, int to) {
     switch (from) {
     case kPickPiece:
@@ -126,12 +126,12 @@ void CheckedPlay::CheckPass() const {
     Require(game.ClickX == 0 && game.ClickY == 0, "a square was left waiting");
 }
 
-// A beep that leaves the state as it was tells of a refusal.
+// A pass that beeps and leaves the state as it was has refused something.
 void CheckedPlay::CheckRefusal() const {
     const Game& game = table_.game;
     if (game.GameState != before_.state || table_.port.beeps == before_.beeps)
         return;
-    // The history only grows, so its length tells.
+    // The history only grows, so an equal length means that it is unchanged.
     Require(game.PieceTable == before_.pieces && game.JailTable == before_.jail &&
                 game.lstHistory.size() == before_.historyLength,
             "a refusal changed the position");

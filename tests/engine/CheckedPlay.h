@@ -1,4 +1,4 @@
-// Plays whole games through the turn machine by chance, and watches every pass.
+// Plays whole random games through the turn machine and checks every pass.
 #pragma once
 
 #include "tests/Dice.h"
@@ -6,16 +6,17 @@
 
 namespace tarveth::test {
 
-// Every pass is checked: CheckGame, no piece lost, only the transitions that are defined, the turn passing to
-// the other side and at no other time, and nothing changed by a refusal. Throws std::logic_error otherwise.
+// After every pass, CheckGame must find no fault, no piece may be lost, the state may have changed only by a
+// defined transition, the turn may have passed only at the end of a turn and only to the other side, and a
+// refusal must have changed nothing. Throws std::logic_error otherwise.
 class CheckedPlay {
 public:
     CheckedPlay(std::int16_t boardVariant, std::uint64_t seed);
 
-    // Plays a new game by turns from the list, preferring captures, with senseless clicks in between. True
-    // when it reached its end within `longest` turns.
+    // Plays a new game by random legal turns, preferring captures, with clicks on random squares in between.
+    // True if the game ended within `longest` turns.
     bool PlayGame(int longest);
-    // Plays a new game by clicks on any square at all. True when it reached its end within `most` clicks.
+    // Plays a new game by clicks on random squares. True if it ended within `most` clicks.
     bool ClickThroughGame(int most);
 
     const Game& Board() const { return table_.game; }
@@ -29,7 +30,7 @@ private:
     void CheckPass() const;
     void CheckRefusal() const;
 
-    // What a pass found; its vectors are used again and again.
+    // The game before a pass. It is a member so that its vectors keep their memory.
     struct Position {
         std::vector<PieceRecord> pieces, jail;
         std::int16_t turn = NoSide, state = kReset;

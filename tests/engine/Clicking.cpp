@@ -4,7 +4,7 @@ namespace tarveth::test {
 
 namespace {
 
-// what ChooseReturn answers
+// The answers of ChooseReturn to try.
 constexpr int kPawnComesBack = 1;
 constexpr int kOfficerComesBack = 2;
 
@@ -78,7 +78,8 @@ void Clicking::FinishTurn(CompleteTurn turn, const Visit& visit) {
     }
 }
 
-// Answers the question which piece comes back, if it is asked, with `choice`. True when it was.
+// Plays on after a move or capture, with `choice` as the answer to the question which piece returns, and
+// visits all returns of it. True if the question was asked.
 bool Clicking::PlaceReturns(CompleteTurn turn, int choice, const Game& captured, const Visit& visit) {
     table_.port.returnQuestions = 0;
     table_.port.returnChoice = choice == kOfficerComesBack ? Officer : Pawn;

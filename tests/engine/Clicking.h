@@ -1,5 +1,5 @@
-// Finds every complete turn the slow way: by clicking on all pairs of squares and playing on from what the
-// handlers make of it. Knows no rule of its own.
+// Finds all complete turns by clicking on every pair of squares and looking at what the handlers do. It
+// contains no rules of its own.
 #pragma once
 
 #include "engine/rules/perft.h"
@@ -13,10 +13,10 @@ namespace tarveth::test {
 
 class Clicking {
 public:
-    // Called with each turn and the game after it, the other side to move or the game over.
+    // Is called with each turn and the game after it, in which the other side is to move or the game is over.
     using Visit = std::function<void(const CompleteTurn& turn, const Game& after)>;
 
-    // `start` must be in state 1.
+    // `start` must be in state kPickPiece.
     void ForEachTurn(const Game& start, const Visit& visit);
     std::vector<CompleteTurn> ListTurns(const Game& start);
     TurnCounts CountTurns(const Game& start, int depth);

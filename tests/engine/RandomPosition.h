@@ -1,4 +1,4 @@
-// Positions that no game need ever have led to, for tests of what must hold in all of them.
+// Random positions, which need not be reachable by play, for tests of invariants.
 #pragma once
 
 #include "engine/rules/Game.h"
@@ -6,11 +6,11 @@
 
 namespace tarveth::test {
 
-// A sound game in state 1, not yet won: any number of pieces in the jail, in any order; now and then previous
-// squares of several pieces at once, and pieces of unusual limits.
+// Gives a sound game in state kPickPiece that is not won. Any number of pieces are in the jail, in any order;
+// sometimes several pieces have previous squares, and some have unusual limits.
 Game RandomPosition(Dice& dice);
 
-// The same with the standard limits and at most the piece moved last barred from its previous square.
+// Gives such a game in which all pieces have the standard limits and at most one piece has a previous square.
 Game RandomOrdinaryPosition(Dice& dice);
 
 } // namespace tarveth::test

@@ -12,7 +12,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// The jail as "BP BO RM", from slot 1.
+// Gives the jail from slot 1 on as text, as in "BP BO RM".
 std::string JailText(const Game& game) {
     std::string text;
     for (int slot = 1; slot <= game.JailCount(); ++slot)
@@ -35,7 +35,7 @@ TEST(Captures, TheTakenPieceGoesToTheJailWithItsSquareNegated) {
     EXPECT_EQ(g.On("4E"), 1);
 }
 
-// In the middle of a glide the window may draw the board and the jail again, from these tables.
+// The window may redraw the board and the jail from these tables while the capturing piece moves.
 TEST(Captures, TheTakenPieceStaysOnItsSquareAndOutOfTheJailWhileTheCapturingOneGlides) {
     TestGame g("turn B | BM 4D | RO 4F | jail RP");
     g.settings.AnimateMoves = -1;
@@ -225,7 +225,7 @@ TEST(Returns, TheFirstJailedPieceOfTheKindStandsOnTheSquareChosen) {
     EXPECT_EQ(g.game.GameState, kPickPiece);
 }
 
-TEST(Returns, EndInStateFiveAndRedIsNamedToo) {
+TEST(Returns, EndTheTurnAndNameRedToo) {
     TestGame g("turn R | RM 4D | BM 4E | jail RO");
     g.Move("4D", "4E");
     g.ClickOnePass("1A");

@@ -10,7 +10,8 @@
 namespace tarveth::test {
 namespace {
 
-// What a move animation does to a game while it waits: the flags, and a piece between two squares.
+// Does to a game what AnimateMove does: sets the flags, and leaves a piece between two squares while it
+// waits.
 class Gliding {
 public:
     Gliding(TestGame& g, int index) : g_(g), index_(index) {

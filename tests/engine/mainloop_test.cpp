@@ -48,8 +48,8 @@ TEST(GameStates, ResetAndUnknownValuesAreOnlyStored) {
     EXPECT_TRUE(g.port.marker);
 }
 
-// One row a state: where an idle pass leads, and where a pass with a square pending leads. The square is 1A,
-// where an own piece stands; the selected piece stands two squares from it.
+// One row for each state: the states after an idle pass and after a pass with a pending square. The square is
+// 1A, with a piece of the side to move on it; the selected piece is two squares away.
 struct Transition {
     std::int16_t state;
     std::int16_t afterIdle;
@@ -247,8 +247,8 @@ TEST(Turns, AStatusIsShownWithABeep) {
     EXPECT_EQ(g.port.beeps, 1);
 }
 
-// A file or an opponent may bring a position without pieces. Of what a state has due there is then nothing to
-// do but to end the turn or to take up play; all the rest of the game must stay as it was.
+// In a game without pieces a pass may only end the turn or begin play, as its state requires; the rest of the
+// game must stay as it was.
 TEST(Robustness, PassesOverAnEmptyGameEndTheTurnThatIsDueAndChangeNothingElse) {
     for (std::int16_t state = kReset; state <= kGameOver + 1; ++state) {
         if (state == kPlacePiece) // no piece is ever selected without pieces

@@ -1,4 +1,4 @@
-// Where a selected piece may go: each rule with its legal and its illegal twin.
+// The rules of moving, each with a legal move and an illegal one beside it.
 #include "engine/rules/moves.h"
 #include "tests/TestGame.h"
 
@@ -15,7 +15,7 @@ const std::string kTooMany = "Illegal move (too many squares).";
 const std::string kReflection = "Illegal move (Rule of Reflection).";
 const std::string kCantCapture = "You can't capture that piece.";
 
-// Selects, tries, and expects the refusal: the piece stays selected and no piece has changed.
+// Selects a piece, tries to move it, and expects a refusal that leaves it selected and all pieces unchanged.
 void ExpectRefused(TestGame& g, std::string_view from, std::string_view to, const std::string& text) {
     if (g.game.GameState == kPickPiece)
         g.Click(from);
@@ -38,7 +38,7 @@ void ExpectRefused(std::string_view position, std::string_view from, std::string
     ExpectRefused(g, from, to, text);
 }
 
-// Selects, moves, and expects the piece there and the turn passed on.
+// Selects a piece, moves it, and expects it on the square and the other side to move.
 void ExpectMoved(TestGame& g, std::string_view from, std::string_view to) {
     const int index = g.On(from);
     const auto turn = g.game.Turn;

@@ -8,7 +8,7 @@ namespace tarveth::test {
 
 namespace {
 
-constexpr int kGames = 2500;  // of each seed and layout
+constexpr int kGames = 2500;  // for each seed and layout
 constexpr int kLongest = 400; // turns
 
 void PlayToTheEnd(std::int16_t boardVariant, std::uint64_t seed) {

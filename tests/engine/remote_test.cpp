@@ -277,7 +277,7 @@ TEST_F(RemoteReturn, OnATakenSquareIsRefused) {
 TEST_F(RemoteReturn, OfAPieceThatCannotComeBackIsRefused) {
     ExpectRefused("2", "7", "0", "3");   // no piece
     ExpectRefused("2", "7", "27", "3");  // outside the table
-    ExpectRefused("2", "7", "-1", "3");  // likewise
+    ExpectRefused("2", "7", "-1", "3");  // outside the table
     ExpectRefused("2", "7", "4", "4");   // on the board
     ExpectRefused("2", "7", "21", "1");  // the other side's
     ExpectRefused("2", "7", "2", "2");   // a Master
@@ -312,7 +312,7 @@ TEST_F(RemoteReturn, ASquareInsteadOfItOnlySaysThatItIsAwaited) {
     EXPECT_EQ(g.game.GameState, kReturnPiece);
 }
 
-TEST(RemoteReturns, AreTakenInStateFourAtTheHeadOfTheQueue) {
+TEST(RemoteReturns, AtTheHeadOfTheQueueAreTakenBeforeTheReturnCheck) {
     RemoteGame g("turn B | BM 4D | RM 4E | RM 8H | jail BP");
     g.QueueSquare("4D");
     g.QueueSquare("4E");

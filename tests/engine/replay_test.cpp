@@ -1,5 +1,5 @@
-// Seeded clicks through whole games fold into one number, the same on every system. A change of the number is
-// a change of the rules, of the notation or of the saved games: a commit that changes it says so, and why.
+// Whole games by seeded clicks, hashed into one number that is the same on every system. It changes only when
+// the rules, the notation or the format of saved games change; a commit that changes it says why.
 #include "storage/modFileIO.h"
 #include "tests/engine/CheckedPlay.h"
 

@@ -1,4 +1,4 @@
-// A game knows nothing of another: no state is shared between them.
+// Games share no state.
 #include "engine/modMAIN.h"
 #include "tests/engine/CheckedPlay.h"
 

@@ -1,4 +1,4 @@
-// A board that travels: what is ended before it, and what it takes the place of.
+// Boards sent and received: what is ended before a transfer, and what the received board replaces.
 #include "tests/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view kCapture = "turn B | BM 4D | RM 4E | RM 8H | jail BP BO";
 
-TEST(SettleForTransfer, PutsASelectedPieceDown) {
+TEST(SettleForTransfer, DeselectsASelectedPiece) {
     TestGame g("turn B | BM 4D");
     g.Click("4D");
     g.main.SettleForTransfer();

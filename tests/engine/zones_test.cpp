@@ -1,4 +1,4 @@
-// Zones of control, the Lost Power rule, and what a click in state 1 selects.
+// Zones of control, the Lost Power rule, and which pieces may be picked.
 #include "engine/rules/zones.h"
 #include "tests/TestGame.h"
 
@@ -28,7 +28,7 @@ void ExpectRefused(TestGame& g, std::string_view square, const std::string& text
     EXPECT_EQ(g.port.beeps, beeps + (text.empty() ? 0 : 1));
 }
 
-// The map as eight rows of eight digits, row 1 first.
+// Gives the map as eight rows of eight digits, row 1 first.
 std::string MapText(const ZoneMap& map) {
     std::string text;
     for (std::size_t row = 1; row <= 8; ++row) {

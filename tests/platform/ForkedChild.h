@@ -1,4 +1,5 @@
-// Runs a piece of a test in a child process, so that it may give up rights, run out of disk or be killed.
+// Runs a part of a test in a child process, so that it can give up rights, run out of disk space or be
+// killed.
 #pragma once
 
 #include <csignal>
@@ -9,7 +10,7 @@
 
 namespace tarveth {
 
-// The child's answer; false too when it died.
+// Gives the child's result; false if it was killed.
 template <typename Work>
 bool TrueInChild(Work work) {
     const pid_t child = fork();
@@ -19,12 +20,12 @@ bool TrueInChild(Work work) {
     return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// From now on this process may do what any user may; root is refused nothing.
+// Gives up root's rights, since root may write to write-protected files.
 inline bool BecomeNobody() {
     return getuid() != 0 || (setgid(65534) == 0 && setuid(65534) == 0);
 }
 
-// From now on no file of this process can grow past that size: a disk that fills up.
+// Limits the size of files that this process writes (RLIMIT_FSIZE), as a full disk does.
 inline bool LimitFileSize(rlim_t bytes) {
     const struct rlimit limit = {bytes, bytes};
     return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && setrlimit(RLIMIT_FSIZE, &limit) == 0;

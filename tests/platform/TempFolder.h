@@ -1,4 +1,4 @@
-// A folder of its own for one test, gone with the test; and files as plain bytes.
+// A temporary folder for one test, removed at its end; and functions to read and write files as bytes.
 #pragma once
 
 #include "platform/text_path.h"

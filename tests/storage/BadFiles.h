@@ -1,4 +1,4 @@
-// A game under way, onto which files that are no game are loaded.
+// Fixture for tests that load bad files while a game is going on.
 #pragma once
 
 #include "storage/modFileIO.h"
@@ -13,7 +13,7 @@ namespace tarveth::test {
 
 inline constexpr char kBad[] = "bad.tsg";
 
-// A game under way, with a title, onto which bad files are loaded.
+// A game with a title that has begun, and the command that loads a bad file.
 class BadFiles : public testing::Test {
 protected:
     BadFiles() {

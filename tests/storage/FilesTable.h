@@ -1,5 +1,4 @@
-// A game on a table with a folder beside it: the saved-game commands, asking somebody whose answers are
-// known.
+// A game with a folder of its own and the saved-game commands, whose questions are answered by the test.
 #pragma once
 
 #include "storage/gamefiles.h"
@@ -41,7 +40,7 @@ struct FilesTable : TestGame {
     GameRecord record{game, settings, port, folder.Name()};
     GameFiles files{game, net, record, main, Ports{port, port, port, port, port}, asked, folder.Name()};
 
-    // "Save As" under a name that nobody has.
+    // Runs "Save As" with a name that no file has.
     void SaveAs(const std::string& name) {
         asked.chosen = folder.File(name);
         files.SaveGameAs();

@@ -1,4 +1,5 @@
-// Loading what is no game: one message that names the file and the line, the game on the board untouched.
+// Loading files that are no game: one message names the file and the line, and the game on the board stays as
+// it was.
 #include "engine/rules/checkgame.h"
 #include "tests/Dice.h"
 #include "tests/storage/BadFiles.h"

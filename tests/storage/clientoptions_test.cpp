@@ -1,4 +1,4 @@
-// The options dialog's copy of the settings, and its buttons' doings.
+// The options dialog's copy of the settings, and what its buttons do.
 #include "storage/clientoptions.h"
 
 #include "platform/file_error.h"

@@ -1,4 +1,4 @@
-// Saving where no file can be: the game on the board stays, and the person is told.
+// Saving where no file can be written: the game on the board stays, and the user is told.
 #include "storage/modFileIO.h"
 #include "tests/storage/FilesTable.h"
 

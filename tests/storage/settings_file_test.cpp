@@ -1,4 +1,4 @@
-// tarveth.ini as a whole: what a close of the main window leaves on the disk.
+// The content of tarveth.ini after the main window has closed.
 #include "storage/settingsfile.h"
 #include "storage/window_positions.h"
 

@@ -1,4 +1,4 @@
-// What a screen reader is told about a program: its controls as a tree, each with a role, a name and so on.
+// Reads a program's controls as a screen reader does (AT-SPI): a tree of nodes with a role, a name and so on.
 #pragma once
 
 #include "tests/window/Screen.h"

@@ -1,6 +1,5 @@
-// A desktop of our own for window tests and start-up benches: display server, window manager, message bus and
-// accessibility, with a home folder of its own. Nothing of it is seen by, or taken from, the desktop it is
-// started on.
+// A separate desktop for window tests and start-up benches: display server, window manager, message bus,
+// accessibility and a home folder. It shares nothing with the desktop that it is started on.
 #pragma once
 
 #include "tests/window/Process.h"

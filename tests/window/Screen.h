@@ -1,5 +1,5 @@
-// The screen a test works on: one connection to the display server, with a hand on its mouse and keyboard.
-// All points are pixels of the whole screen.
+// The screen of a test: a connection to the display server that looks at windows and sends mouse and key
+// events. All points are pixels of the whole screen.
 #pragma once
 
 #include "tests/window/Picture.h"

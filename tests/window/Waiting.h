@@ -1,4 +1,4 @@
-// Waiting for something another process does: looked at again and again until it holds or the time is over.
+// Waits until a condition that depends on another process holds, by polling.
 #pragma once
 
 #include <chrono>
@@ -8,10 +8,10 @@ namespace tarveth::harness {
 
 using Milliseconds = std::chrono::milliseconds;
 
-// Long enough for a program to start on a busy machine under sanitizers.
+// A time that is enough for a program with sanitizers to start on a busy computer.
 inline constexpr Milliseconds kPatience{20'000};
 
-// Asks `holds` every few milliseconds; false when it never held within `patience`.
+// Calls `holds` every few milliseconds until it gives true. False if that does not happen within `patience`.
 template <typename Condition>
 bool WaitUntil(Condition holds, Milliseconds patience = kPatience) {
     const auto deadline = std::chrono::steady_clock::now() + patience;

@@ -1,5 +1,5 @@
-// The Windows program on a test's screen, run by Wine. Nothing reads out its controls there: hands go by the
-// keyboard and by the colours of the board, eyes by files and pixels.
+// The Windows program on a test's screen, run by Wine. Its controls cannot be read there, so tests use the
+// keyboard, find the board by its colours, and look at files and pixels.
 #pragma once
 
 #include "tests/window/Program.h"

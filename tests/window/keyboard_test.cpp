@@ -80,7 +80,7 @@ TEST_F(Keyboard, PicksAndPlacesWithEnterAndSpace) {
     EXPECT_EQ(desk.History(), (std::vector<std::string>{"B:BP 4E-4D", "R:RP 3D-3E"}));
 }
 
-TEST_F(Keyboard, GivesAPieceBackWithTheSameKey) {
+TEST_F(Keyboard, DeselectsAPieceWithTheSameKey) {
     Keys({"Up", "Return"});
     ASSERT_TRUE(desk.PromptBecomes("Place piece"));
     Keys({"Return"});

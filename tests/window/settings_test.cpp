@@ -76,7 +76,7 @@ GameDeskOptions InReadOnlyFolder(const GameFolder& folder, const std::string& da
     std::filesystem::permissions(folder.Path(),
                                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
     GameDeskOptions options{.environment = {{"XDG_DATA_HOME", data}}};
-    if (geteuid() == 0) { // for whom permissions do not hold, unless he gives up that right
+    if (geteuid() == 0) { // root may write everywhere, unless they give up that right
         options.through = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
     }
     return options;

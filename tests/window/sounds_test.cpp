@@ -55,7 +55,7 @@ TEST_F(Sounds, OfTheVictoryAreHeardAndNothingOfThemIsLoadedBefore) {
     EXPECT_EQ(desk.Close(), 0);
 }
 
-TEST_F(Sounds, AreMissedByNobodyWhereThereIsNoSound) {
+TEST_F(Sounds, DoNotDisturbTheGameOnASystemWithoutSound) {
     GameDesk desk(folder, With("of no system"));
     desk.Move("4D", "4E");
     ASSERT_TRUE(desk.PromptBecomes("Game Over"));

@@ -18,7 +18,7 @@ std::vector<Square> Squares(std::istream& words) {
     return squares;
 }
 
-// Exactly two, as an arrow and a corner pair have.
+// Reads exactly two squares: the ends of an arrow, or two corners.
 std::pair<Square, Square> TwoSquares(std::istream& words) {
     const std::vector<Square> squares = Squares(words);
     return {squares.at(0), squares.at(1)};

@@ -1,8 +1,8 @@
-// A diagram of the manual: a position and what is marked on it, read from a .position file.
+// A diagram of the manual: a position and marks on it, read from a .position file.
 //
 //   # a comment
 //   title A Master's zone               what the picture shows, in words
-//   position turn B | BM 4D | RP 4E     as engine/positiontext.h has it
+//   position turn B | BM 4D | RP 4E     as engine/rules/positiontext.h reads it
 //   layout imperial                     or: draume. Instead of a position, the pieces of a new game
 //   zone 4D 5F                          squares that these pieces rule
 //   piece 4D                            the piece whose moves are marked
@@ -30,18 +30,18 @@ struct Diagram {
     std::vector<Square> can;
     std::vector<Square> cannot;
     std::vector<std::pair<Square, Square>> arrows;
-    Square first{1, 1}; // the corners of what is shown
+    Square first{1, 1}; // the corners of the part that is shown
     Square last{kBoardSize, kBoardSize};
 
     bool WholeBoard() const { return first == Square{1, 1} && last == Square{kBoardSize, kBoardSize}; }
-    // The strongest kind of piece that rules a square, 0 for none.
+    // Gives the strongest kind of piece whose zone a square is in, 0 for none.
     int ZoneAt(Square square) const;
 };
 
 // Throws std::invalid_argument or std::out_of_range for a line that is not understood.
 Diagram ReadDiagram(std::istream& file);
 
-// The diagram in fixed-width letters, one line each; the last lines explain the signs in it.
+// Gives the lines of the diagram in fixed-width letters; the last lines explain its signs.
 std::vector<std::string> TextOf(const Diagram& diagram);
 
 } // namespace tarveth::diagram

@@ -37,12 +37,12 @@ Pixel Mix(Pixel under, Pixel over, double share) {
                part(BlueOf(under), BlueOf(over)));
 }
 
-// The share of a pixel that a shape covers, from the distance of its edge.
+// Gives the share of a pixel that a shape covers, from the distance to the shape's edge (anti-aliasing).
 double Cover(double distance) {
     return std::clamp(0.5 - distance, 0.0, 1.0);
 }
 
-// All strokes as one shape: a white rim, then a black one, then the colour.
+// Draws the strokes as one shape, in three passes: a white rim, a black rim, and the colour.
 void Draw(PixelBuffer& pixels, std::span<const Stroke> strokes, Pixel colour) {
     constexpr double kRim = 1.5;
     for (int y = 0; y < pixels.Height(); ++y) {
@@ -60,7 +60,7 @@ void Draw(PixelBuffer& pixels, std::span<const Stroke> strokes, Pixel colour) {
     }
 }
 
-// Five by seven dots a letter, one row a number, the leftmost dot its highest bit.
+// Letters of five by seven dots. Each number is a row; its highest bit is the leftmost dot.
 struct Glyph {
     char letter;
     std::array<unsigned, 7> rows;
@@ -100,7 +100,7 @@ void DrawCross(PixelBuffer& pixels, Spot middle) {
          kOrange);
 }
 
-// From the rim of the one piece to the rim of the other, so that neither is covered.
+// The arrow goes from the edge of one piece to the edge of the other, so that it covers neither.
 void DrawArrow(PixelBuffer& pixels, Spot from, Spot to) {
     constexpr double kPiece = 25;
     const double length = std::hypot(to.x - from.x, to.y - from.y);

@@ -1,4 +1,5 @@
-// Dots, crosses, arrows and letters drawn on a diagram, each with a rim that shows on every ground.
+// Draws dots, crosses, arrows and letters on a diagram, each with a rim that makes it visible on any
+// background.
 #pragma once
 
 #include "display/pixels.h"
@@ -11,13 +12,13 @@ struct Spot {
     double y = 0;
 };
 
-// "May go here" and "may not go here", in the middle of a square of 64 pixels.
+// Draw the marks for "may go here" and "may not go here" in the middle of a square of 64 pixels.
 void DrawDot(PixelBuffer& pixels, Spot middle);
 void DrawCross(PixelBuffer& pixels, Spot middle);
 
 void DrawArrow(PixelBuffer& pixels, Spot from, Spot to);
 
-// One of A to H and 1 to 8, about 20 pixels high.
+// Draws one of the letters A to H or the digits 1 to 8, about 20 pixels high.
 void DrawLetter(PixelBuffer& pixels, Spot middle, char letter);
 
 } // namespace tarveth::diagram

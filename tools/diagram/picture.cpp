@@ -14,7 +14,7 @@ constexpr Pixel kPaper = Rgb(232, 232, 232);
 constexpr int kMargin = 32; // for letters and numbers
 constexpr int kGap = 16;    // between board and jail
 
-// The board is drawn once and nobody looks on.
+// BoardDisplay needs a window to draw for; this one shows nothing, since the board is drawn only once.
 struct NoWindow : DisplayPort, PersonPort {
     void RefreshDisplay() override {}
     void SetTimerInterval(int) override {}
@@ -46,7 +46,7 @@ struct Drawing {
     BoardDisplay board{game, settings, pictures, window, window};
 };
 
-// Under the pieces, and with a rim, so that neighbouring squares can be told apart.
+// Paints the zone under the pieces. Each square has a rim, so that neighbouring ones can be told apart.
 void PaintZones(Drawing& drawing) {
     const int s = drawing.SquareSize();
     for (int column = 1; column <= kBoardSize; ++column) {
@@ -97,7 +97,7 @@ PixelBuffer WithMargins(const Drawing& drawing) {
     return page;
 }
 
-// Squares of 40 pixels, so that a board and its text fit on a page.
+// Draws a whole board with squares of 40 pixels, so that it fits on a page with its text.
 PixelBuffer Smaller(const PixelBuffer& page) {
     PixelBuffer smaller(page.Width() * 5 / 8, page.Height() * 5 / 8);
     StretchPixels(page, smaller);

@@ -1,4 +1,4 @@
-// A diagram as pixels: the game's own board and pieces, with marks on it.
+// Draws a diagram with the game's own board and pieces, and marks on it.
 #pragma once
 
 #include "display/pixels.h"
@@ -6,7 +6,8 @@
 
 namespace tarveth::diagram {
 
-// A whole board has squares of 40 pixels, a part of one those of 64, the built-in pictures' size.
+// Gives the picture. A whole board has squares of 40 pixels; a part of a board has squares of 64 pixels, the
+// size of the built-in pictures.
 PixelBuffer PictureOf(const Diagram& diagram);
 
 } // namespace tarveth::diagram

@@ -23,8 +23,8 @@ bool Holds(const std::vector<Square>& squares, Square square) {
     return std::find(squares.begin(), squares.end(), square) != squares.end();
 }
 
-// Four letters: the piece in the middle, the zone's sign at both ends, and the sign for a move at the end or,
-// on an empty square, in the middle.
+// Gives the four letters of a square: the piece in the middle, the zone's sign at both ends, and the sign for
+// a move at the end or, on an empty square, in the middle.
 std::string Cell(const Diagram& diagram, Square square) {
     const int zone = diagram.ZoneAt(square);
     const char end = zone == Master ? kMasterZone : zone == Officer ? kOfficerZone : ' ';

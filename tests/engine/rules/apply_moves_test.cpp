@@ -1,5 +1,5 @@
-// Moves, captures and returns made on a Game alone: judged, applied, and told as values, with no turn machine
-// and no window.
+// Moves, captures and returns that are judged and applied on a Game alone, without the turn machine and its
+// ports.
 #include "engine/rules/Game.h"
 #include "engine/rules/captures.h"
 #include "engine/rules/moves.h"

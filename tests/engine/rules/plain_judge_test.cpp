@@ -1,4 +1,4 @@
-// The engine's judges against the plain ones, on every square.
+// Compares JudgeMove and JudgePick with the plain implementation of the rules, on every square.
 #include "engine/rules/Game.h"
 #include "tests/Dice.h"
 #include "tests/PlainJudge.h"
@@ -10,7 +10,7 @@ namespace tarveth::test {
 
 namespace {
 
-// "piece 3 to (4, 5)", for a failure.
+// Describes a move for a failure message, as in "piece 3 to (4, 5)".
 std::string Where(int piece, Square to) {
     return "piece " + std::to_string(piece) + " to (" + std::to_string(to.column) + ", " +
            std::to_string(to.row) + ')';

@@ -166,7 +166,7 @@ TEST_F(Player, PlaysOnceThereIsSoundAgain) {
     EXPECT_TRUE(Heard().starts_with(Ramp(3000)));
 }
 
-TEST_F(Player, LeavesInTheMiddleOfALongSound) {
+TEST_F(Player, StopsALongSoundWhenItIsDestroyed) {
     setenv("SDL_DISKAUDIODELAY", "200", 1);
     PutBytes(file, Wav(std::string(3'000'000, '\0'), 4000)); // longer than a test may take
     WavPlayer leaving;
