@@ -13,8 +13,8 @@ namespace tarveth::harness {
 
 namespace {
 
-// The protocol is spoken here directly: the accessibility library keeps copies of what it was once told, and
-// locks itself up when news of a change come in the middle of a question.
+// Uses AT-SPI over D-Bus directly, since the accessibility library caches old answers and deadlocks when an
+// event arrives during a call.
 constexpr const char* kAccessible = "org.a11y.atspi.Accessible";
 constexpr const char* kRootPath = "/org/a11y/atspi/accessible/root";
 
@@ -23,13 +23,14 @@ struct Unref {
 };
 using Value = std::unique_ptr<GVariant, Unref>;
 
-// Where a control is: the program's address on the bus and the control's path in it.
+// The address of a control: the program's name on the bus and the path of the object in it.
 struct Reference {
     std::string program;
     std::string path;
 };
 
-// The answer, or nothing when there is none: a control may go while it is being read.
+// Calls a method and gives its answer; null if there is none, since a control may disappear while it is being
+// read.
 Value Call(GDBusConnection* bus, const Reference& control, const char* interface, const char* method,
            GVariant* arguments = nullptr) {
     return Value(g_dbus_connection_call_sync(bus, control.program.c_str(), control.path.c_str(), interface,
@@ -37,7 +38,7 @@ Value Call(GDBusConnection* bus, const Reference& control, const char* interface
                                              static_cast<int>(kPatience.count()), nullptr, nullptr));
 }
 
-// The text that an answer consists of, empty without an answer.
+// Gives the text in an answer; empty if there is no answer.
 std::string OnlyText(const Value& answer) {
     const gchar* text = "";
     if (answer && g_variant_is_of_type(answer.get(), G_VARIANT_TYPE("(s)"))) {
@@ -76,7 +77,7 @@ std::vector<Reference> Children(GDBusConnection* bus, const Reference& control) 
     return children;
 }
 
-// A program complains when a control is asked for something that it does not offer.
+// Asks which interfaces a control has, since programs write warnings when another one is called.
 bool Offers(GDBusConnection* bus, const Reference& control, const char* interface) {
     const Value answer = Call(bus, control, kAccessible, "GetInterfaces");
     if (!answer || !g_variant_is_of_type(answer.get(), G_VARIANT_TYPE("(as)"))) {
@@ -101,7 +102,7 @@ std::string Text(GDBusConnection* bus, const Reference& control) {
     return OnlyText(Call(bus, control, kText, "GetText", g_variant_new("(ii)", 0, -1)));
 }
 
-// The states are one bit each in two words.
+// Reads the states, each of which is a bit in two words.
 std::set<std::string> States(GDBusConnection* bus, const Reference& control) {
     std::set<std::string> names;
     const Value answer = Call(bus, control, kAccessible, "GetState");
@@ -135,11 +136,12 @@ Rect Extents(GDBusConnection* bus, const Reference& control) {
     if (answer && g_variant_is_of_type(answer.get(), G_VARIANT_TYPE("((iiii))"))) {
         g_variant_get(answer.get(), "((iiii))", &extents.x, &extents.y, &extents.width, &extents.height);
     }
-    // What is not shown, such as the items of a closed menu, says that it is as far off as can be.
+    // Controls that are not shown, such as the items of a closed menu, have the smallest integers as their
+    // place.
     return extents.x == std::numeric_limits<int>::min() ? Rect{} : extents;
 }
 
-// Told about each control; true ends the reading.
+// Is called with each control; true ends the search.
 using Visit = std::function<bool(const AccessibleNode&, const Reference&)>;
 
 bool ReadControl(GDBusConnection* bus, const Reference& control, int depth, const Visit& visit) {
@@ -176,7 +178,7 @@ std::optional<Reference> FindProgram(GDBusConnection* bus, pid_t program) {
     return std::nullopt;
 }
 
-// The accessibility bus is one of its own; the session's bus knows its address.
+// Connects to the accessibility bus, whose address the session bus gives.
 std::string AccessibilityAddress() {
     GDBusConnection* session = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr);
     if (session == nullptr) {

@@ -21,15 +21,15 @@ struct _GDBusConnection; // NOLINT(bugprone-reserved-identifier): the bus librar
 namespace tarveth::harness {
 
 struct AccessibleNode {
-    int depth = 0;                // 0 is the program itself
+    int depth = 0;                // 0 for the program itself
     std::string id;               // the given name of the control, such as "lblMessage"; empty if it has none
     std::string role;             // "label", "menu item", "push button" ...
     std::string name;             // what is read out first; a label's is its text
     std::string description;      // what is read out after it
     std::string text;             // the text in it, for labels and text boxes
     std::set<std::string> states; // "showing", "focused", "checked", "sensitive" ...
-    // On the screen, in the toolkit's own units (half the pixels with GDK_SCALE=2); all zero while it is not
-    // shown.
+    // The place on the screen in the toolkit's units (half the pixels with GDK_SCALE=2); all zero while the
+    // control is not shown.
     Rect extents;
 
     [[nodiscard]] bool Has(const std::string& state) const { return states.contains(state); }
@@ -37,7 +37,7 @@ struct AccessibleNode {
 
 using NodeCondition = std::function<bool(const AccessibleNode&)>;
 
-// Conditions for Find.
+// Give conditions for Find.
 NodeCondition WithId(std::string id);
 NodeCondition WithName(std::string name);
 NodeCondition WithRole(std::string role);
@@ -45,25 +45,27 @@ NodeCondition WithRoleAndName(std::string role, std::string name);
 
 class ScreenReader {
 public:
-    // Reads the program with this process id. Throws std::runtime_error when there is no accessibility.
+    // Connects to the program with this process id. Throws std::runtime_error when there is no accessibility
+    // bus.
     explicit ScreenReader(pid_t program);
 
-    // Everything there is now, parents before children; empty while the program is not known yet.
+    // Gives all current nodes, parents before children; empty while the program is not on the bus yet.
     [[nodiscard]] std::vector<AccessibleNode> Read() const;
-    // The first that fulfils `condition` now.
+    // Gives the first current node that fulfils `condition`.
     [[nodiscard]] std::optional<AccessibleNode> Find(const NodeCondition& condition) const;
-    // As Find, but waits for it.
+    // Waits for a node that fulfils `condition`.
     [[nodiscard]] std::optional<AccessibleNode> WaitFor(const NodeCondition& condition,
                                                         Milliseconds patience = kPatience) const;
-    // The text of the control with this given name. Throws std::runtime_error when there is none.
+    // Gives the text of the control with this given name. Throws std::runtime_error when there is none.
     [[nodiscard]] std::string LabelText(const std::string& id) const;
-    // The tree with one line a control, for a failed test to show.
+    // Gives the tree as text, one line for each control, for failure messages.
     [[nodiscard]] std::string Outline() const;
 
 private:
     std::shared_ptr<_GDBusConnection> bus_;
     pid_t program_;
-    // Where the labels that were asked for are on the bus: program and path. Searching takes long.
+    // A cache of the addresses (program and path on the bus) of the labels that were asked for, since
+    // searching for them is slow.
     mutable std::map<std::string, std::pair<std::string, std::string>> labels_;
 };
 

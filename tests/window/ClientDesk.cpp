@@ -48,7 +48,8 @@ std::vector<std::string> AtOwnAddress(std::vector<std::string> options) {
 
 } // namespace
 
-// The process in the middle two numbers, since tests run side by side, and a count in the last.
+// The middle two numbers of the address are made from the process id, since tests run in parallel, and the
+// last one is a counter.
 std::string OwnAddress() {
     static int count = 0;
     const int process = getpid();
@@ -113,7 +114,8 @@ void ClientDesk::ChooseServer(const std::string& address) {
     }
 }
 
-// Not if it is there already: while the window manager is at it, keys may be lost.
+// Brings the window to the front, unless it is there, since keys may be lost while the window manager does
+// it.
 void ClientDesk::BringToFront() {
     if (desk_->screen.Active() != window.Id()) {
         window.Activate();
@@ -125,7 +127,7 @@ void ClientDesk::Press(const std::string& id) {
     desk_->screen.Click(desk_->Place(id).Centre());
 }
 
-// Keys that follow a click too closely may be lost as well.
+// Waits until the line has the focus, since keys that closely follow a click may be lost.
 void ClientDesk::Enter(std::string_view line) {
     BringToFront();
     if (!Control("txtTX").Has("focused")) {
@@ -186,7 +188,7 @@ AccessibleNode ClientDesk::Control(const std::string& id) const {
 }
 
 Window ClientDesk::Box(std::string_view title, const std::string& text) const {
-    // First what it says: the window that asks for a moment's patience has the same title.
+    // The text is checked first, since the window that asks to wait has the same title.
     const auto saysIt = [&](const AccessibleNode& node) { return node.role == "label" && node.text == text; };
     if (!desk_->reader.WaitFor(saysIt)) {
         throw std::runtime_error("no box says: " + text + "\n" + desk_->reader.Outline());

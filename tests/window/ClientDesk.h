@@ -1,4 +1,4 @@
-// The client window of a running game, and lobbies for it to talk to.
+// The client window of a running game, and servers that it can connect to.
 #pragma once
 
 #include "tests/server/LobbyProgram.h"
@@ -10,7 +10,7 @@
 
 namespace tarveth::harness {
 
-// An address of this computer that no other test uses at the same time: the game's port is always the same.
+// Gives a loopback address that no other test uses at the same time, since the game's port is fixed.
 std::string OwnAddress();
 
 // A lobby at such an address, on the game's port.
@@ -19,7 +19,7 @@ public:
     explicit Lobby(std::vector<std::string> options = {});
 };
 
-// A server that says and hears nothing of its own accord, at such an address.
+// A server at such an address that sends only what the test gives it, and ignores what it receives.
 class PlainServer {
 public:
     PlainServer();
@@ -43,7 +43,7 @@ public:
     // Opens the window from the menu of the game, and waits until it asks for a server. `desk` must live as
     // long as this does.
     explicit ClientDesk(GameDesk& desk);
-    // The same, and connects to the server at this address.
+    // Opens the window and connects to the server at this address.
     ClientDesk(GameDesk& desk, const std::string& address);
 
     // Answers the question for a server; an empty address cancels it.
@@ -53,18 +53,18 @@ public:
     void Press(const std::string& id);
     // Types a line and sends it.
     void Enter(std::string_view line);
-    // Selects the user; waits until there is one of that name.
+    // Waits until there is a user of that name and selects them.
     void Select(const std::string& nick);
 
     [[nodiscard]] std::string Text(const std::string& id) const { return desk_->Text(id); }
-    // The general transcript, and the private one, with a line end after each line.
+    // Give the general and the private transcript, with a line end after each line.
     [[nodiscard]] std::string Transcript() const { return Text("txtRX(0)"); }
     [[nodiscard]] std::string PrivateTranscript() const { return Text("txtRX(1)"); }
-    // Waits; false when the line does not come.
+    // Waits for the line; false if it does not come.
     [[nodiscard]] bool Hears(const std::string& line) const;
     [[nodiscard]] bool TitleBecomes(const std::string& title) const;
     [[nodiscard]] std::vector<std::string> Users() const;
-    // Waits; false when the list does not come to be this one.
+    // Waits until the list is this one; false if that does not happen.
     [[nodiscard]] bool UsersBecome(const std::vector<std::string>& users) const;
     [[nodiscard]] AccessibleNode Control(const std::string& id) const;
     [[nodiscard]] bool Enabled(const std::string& id) const { return Control(id).Has("sensitive"); }

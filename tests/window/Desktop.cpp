@@ -19,8 +19,9 @@ namespace tarveth::harness {
 
 namespace {
 
-// No keys of its own, and no clicks inside of windows, so that all reach the program, and in their order: a
-// click that the window manager looks at first comes after the key that is pressed right behind it.
+// A window manager without key bindings and without handling of clicks inside windows, so that all events
+// reach the program in their order. A click that the window manager handles first arrives after a key that
+// follows it.
 constexpr std::string_view kWindowManagerSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">
   <focus><focusNew>yes</focusNew><followMouse>no</followMouse></focus>
@@ -47,7 +48,7 @@ std::filesystem::path NewHome() {
     return name;
 }
 
-// A pipe through which a part tells where it can be reached.
+// A pipe through which a process of the desktop reports its address.
 class AnswerPipe {
 public:
     AnswerPipe() {
@@ -64,7 +65,7 @@ public:
 
     [[nodiscard]] int WriteEnd() const { return ends_[1]; }
 
-    // The first line, without its end. Throws std::runtime_error when none comes.
+    // Reads the first line, without its end. Throws std::runtime_error when none comes.
     [[nodiscard]] std::string ReadLine(const std::string& who) const {
         std::string line;
         for (;;) {
@@ -89,7 +90,7 @@ void Set(const char* name, const std::string& value) {
     setenv(name, value.c_str(), 1);
 }
 
-// Says on the message bus that a screen reader is there; this also starts the accessibility service.
+// Announces a screen reader on the message bus, which also starts the accessibility service.
 void TurnAccessibilityOn() {
     GError* error = nullptr;
     GDBusConnection* bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &error);

@@ -11,13 +11,14 @@ namespace tarveth::harness {
 
 struct DesktopOptions {
     bool windowManager = true;
-    bool accessibility = true; // with a message bus; without, programs are told that there is none
+    bool accessibility = true; // false: there is no message bus, and programs are told so
 };
 
 class Desktop {
 public:
-    // Returns when everything runs. Sets DISPLAY, HOME and their like for this process, and so for the
-    // programs it starts. Throws std::runtime_error or std::system_error when a part cannot be started.
+    // Starts all parts and waits until they run. Sets DISPLAY, HOME and so on in the environment of this
+    // process and so of the programs that it starts. Throws std::runtime_error or std::system_error when a
+    // part cannot be started.
     explicit Desktop(const DesktopOptions& options = {});
     // Ends all parts and removes the home folder.
     ~Desktop();

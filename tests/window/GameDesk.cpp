@@ -179,8 +179,7 @@ void GameDesk::AnswerFileDialog(const std::string& title, const std::string& pat
     if (!reader.WaitFor(typed)) {
         throw std::runtime_error(path + " cannot be typed\n" + reader.Outline());
     }
-    // While it is still looking at the folder, the toolkit's dialog forgets the key, and may turn a wheel for
-    // ever.
+    // While it still reads the folder, the toolkit's dialog loses the key, and may show a spinner for ever.
     constexpr Milliseconds kLook{2'000};
     for (int keys = 0; dialog.Visible(); ++keys) {
         constexpr int kMostKeys = 20;

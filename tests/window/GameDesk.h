@@ -1,4 +1,5 @@
-// The running game on a test's screen: its squares by their names, its labels by their given names.
+// The running game on a test's screen. Squares are given by names such as "4E", controls by their given
+// names.
 #pragma once
 
 #include "tests/window/Accessible.h"
@@ -25,47 +26,47 @@ public:
     // Starts the program of `folder`, which must live as long as this does, and waits for the board.
     explicit GameDesk(const GameFolder& folder, const GameDeskOptions& options = {});
 
-    // The toolkit's units as pixels of the screen.
+    // Converts the toolkit's units to pixels of the screen.
     [[nodiscard]] Rect Pixels(const Rect& units) const;
-    // Where a control is on the screen, in pixels. Throws std::runtime_error when there is none of that name.
+    // Gives the place of a control on the screen in pixels. Throws std::runtime_error when there is none of
+    // that name.
     [[nodiscard]] Rect Place(const std::string& id) const;
     [[nodiscard]] Rect BoardArea() const;
-    // Where the square that a text such as "4E" names is on the screen.
+    // Gives the place of a square on the screen.
     [[nodiscard]] Rect SquareArea(std::string_view square) const;
     void ClickSquare(std::string_view square, Button button = Button::Left);
     // Clicks on the one square, waits for "Place piece", clicks on the other.
     void Move(std::string_view from, std::string_view to);
 
     [[nodiscard]] std::string Text(const std::string& id) const { return reader.LabelText(id); }
-    // Waits; false when the label does not come to hold the text.
+    // Waits until the label has the text; false if that does not happen.
     [[nodiscard]] bool TextBecomes(const std::string& id, const std::string& text) const;
     [[nodiscard]] bool PromptBecomes(const std::string& text) const {
         return TextBecomes("lblMoveStatus", text);
     }
-    // The lines of lstHistory.
+    // Gives the lines of lstHistory.
     [[nodiscard]] std::vector<std::string> History() const;
 
-    // Returns when all events have been dealt with and the program sleeps.
+    // Waits until the program has handled all events and sleeps.
     void WaitUntilAtRest();
-    // What is to be seen of the board, and of the whole window, once the program is at rest.
+    // Wait until the program is at rest, and give a picture of the board or of the whole window.
     [[nodiscard]] Picture Board();
     [[nodiscard]] Picture All();
-    // The board now, whatever the program is doing.
+    // Gives a picture of the board at once.
     [[nodiscard]] Picture BoardNow() const { return screen.Capture(BoardArea()); }
     // Keeps a picture of the window in the build folder's window-shots/.
     void KeepShot(const std::string& name);
 
-    // The one message box that is open, or comes soon. Throws std::runtime_error when none comes or there are
-    // more.
+    // Waits for a message box. Throws std::runtime_error when none comes or there are several.
     [[nodiscard]] Window MessageBox() const;
-    // What it says.
+    // Gives the text of the message box.
     [[nodiscard]] std::string MessageBoxText() const;
-    // Chooses by access keys, such as ("F", "n") for New Game.
+    // Chooses a menu item by its access keys, such as ("F", "n") for New Game.
     void Choose(std::string_view menuKey, std::string_view itemKey);
-    // Answers the file dialog of that title, which is open or comes soon, with a path. Throws
-    // std::runtime_error when it does not take it.
+    // Waits for the file dialog of that title and enters a path. Throws std::runtime_error when the dialog
+    // does not close.
     void AnswerFileDialog(const std::string& title, const std::string& path);
-    // Closes the window; the exit status, nothing when the program stays.
+    // Closes the window. Gives the program's exit status; nothing if it does not end.
     std::optional<int> Close();
 
     Screen screen;
@@ -81,7 +82,8 @@ private:
     mutable Rect boardWindow_{};
 };
 
-// The squares with this colour where no piece and no marker reaches, row by row: "4A 5A 4B".
+// Gives the squares that have this colour at a place that no piece or marker covers, row by row, as in "4A 5A
+// 4B".
 std::string SquaresOfColour(const Picture& board, std::uint32_t colour);
 
 } // namespace tarveth::harness

@@ -1,5 +1,4 @@
-// A folder of its own for the game to start in, as a player's would be: the program and what a test puts
-// beside it.
+// A temporary folder with the program, and with the files that a test puts beside it.
 #pragma once
 
 #include <filesystem>
@@ -10,11 +9,11 @@ namespace tarveth::harness {
 
 class GameFolder {
 public:
-    // Only the program is in it. Throws std::system_error when it cannot be made.
+    // Makes a folder with only the program in it. Throws std::system_error when it cannot be made.
     GameFolder();
-    // With a tarveth.ini of these bytes.
+    // Makes a folder with the program and a tarveth.ini of these bytes.
     explicit GameFolder(std::string_view ini);
-    // Removes it with all that has come into it.
+    // Removes the folder and all that is in it.
     ~GameFolder();
     GameFolder(const GameFolder&) = delete;
     GameFolder& operator=(const GameFolder&) = delete;
@@ -22,7 +21,7 @@ public:
     [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
     [[nodiscard]] std::filesystem::path Program() const { return path_ / "tarveth"; }
     [[nodiscard]] bool Has(const std::string& file) const { return std::filesystem::exists(path_ / file); }
-    // The bytes of a file, none when it is not there.
+    // Gives the bytes of a file; empty when there is none.
     [[nodiscard]] std::string Read(const std::string& file) const;
     void Write(const std::string& file, std::string_view bytes) const;
 

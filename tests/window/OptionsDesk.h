@@ -17,7 +17,7 @@ namespace tarveth::harness {
 
 class OptionsDesk : public testing::Test {
 protected:
-    // What the game starts with.
+    // The tarveth.ini that the game starts with.
     static constexpr const char* kIni =
         "[Options]\r\nAnimateMoves=0\r\n"
         "[Sounds]\r\nNewUserSoundDelay=7\r\nSoundLoser=/sounds/lost.wav\r\n"
@@ -45,7 +45,7 @@ protected:
         return dialog;
     }
 
-    // Reads all controls once: to ask for each of them takes long.
+    // Reads all controls at once, since reading each by itself is slow.
     void LookAround() {
         controls.clear();
         bool isInside = false;
@@ -83,7 +83,7 @@ protected:
         desk.screen.Click(controls[id].extents.Centre());
     }
 
-    // Clicks on a check box and waits for its mark to come or go.
+    // Clicks on a check box and waits until its mark has changed.
     void Toggle(const std::string& id) {
         ASSERT_NO_FATAL_FAILURE(Press(id));
         EXPECT_TRUE(WaitUntil([&] {
@@ -99,7 +99,7 @@ protected:
         desk.WaitUntilAtRest();
     }
 
-    // The dialog that opens over the options, once it has the keyboard.
+    // Waits for the dialog that opens over the options to have the focus.
     Window NextDialog() {
         EXPECT_TRUE(WaitUntil([&] { return desk.program.Windows().size() == 3; }));
         Window next = desk.program.Windows().back();
@@ -129,7 +129,7 @@ protected:
         ASSERT_TRUE(fonts.WaitUntilGone());
     }
 
-    // The lines of tarveth.ini after the program has closed, without their ends.
+    // Closes the program and gives the lines of tarveth.ini, without their ends.
     std::vector<std::string> IniAfterClose() {
         EXPECT_EQ(desk.Close(), 0);
         std::vector<std::string> lines;
@@ -150,7 +150,7 @@ protected:
 
     GameFolder folder;
     GameDesk desk{folder};
-    // When last looked at: the controls by their given names, and what surrounds those of the dialog.
+    // What LookAround has found: the controls by their given names, and the boxes around those of the dialog.
     std::map<std::string, AccessibleNode> controls;
     Rect inside;
 };

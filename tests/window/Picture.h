@@ -14,7 +14,7 @@ struct Picture {
 
     // Throws std::out_of_range outside the picture.
     [[nodiscard]] std::uint32_t Pixel(int x, int y) const;
-    // How many different colours are in it.
+    // Counts the different colours in the picture.
     [[nodiscard]] int ColourCount() const;
     // Throws std::runtime_error when the file cannot be written.
     void WritePng(const std::filesystem::path& file) const;

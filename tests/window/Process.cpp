@@ -62,12 +62,12 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
     _exit(127);
 }
 
-// As a shell gives it: 128 + signal number when a signal ended the process.
+// Gives the exit status as a shell does: 128 + signal number if a signal ended the process.
 int ExitStatus(int status) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-// The number after `key` in a file of "key: number" lines, 0 when it is not there.
+// Gives the number after `key` in a file of "key: number" lines; 0 if the key is missing.
 long long StatusNumber(const std::filesystem::path& file, const std::string& key) {
     std::ifstream lines(file);
     for (std::string line; std::getline(lines, line);) {
@@ -78,7 +78,7 @@ long long StatusNumber(const std::filesystem::path& file, const std::string& key
     return 0;
 }
 
-// By the process's own clock, which the scheduler keeps in nanoseconds; /proc/PID/stat counts ticks of 10 ms.
+// Reads the process's CPU-time clock, which counts nanoseconds, while /proc/PID/stat counts ticks of 10 ms.
 std::chrono::nanoseconds CpuTime(pid_t process) {
     clockid_t clock{};
     timespec used{};

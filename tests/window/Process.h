@@ -1,4 +1,4 @@
-// A child process that cannot outlive the one that started it, and what it has used of the machine.
+// A child process that ends with its parent, and the processor time and memory that it uses.
 #pragma once
 
 #include "tests/window/Waiting.h"
@@ -22,15 +22,15 @@ struct ProcessOptions {
     int inheritedDescriptor = -1;      // stays open in the child; all others of ours are closed
 };
 
-// What a process has used since it began.
+// The resources that a process has used since its start.
 struct ProcessUsage {
     std::chrono::nanoseconds cpuTime{}; // user and system time of all its threads, ended ones too
     std::map<pid_t, long long> voluntarySwitches = {}; // how often each living thread of it went to sleep
     long long peakMemoryKiB = 0;                       // largest resident size
 };
 
-// How often threads of the process went to sleep between two looks at it. Of a thread that has ended in
-// between only its end is known, and counts as one.
+// Gives how often threads of the process went to sleep between two measurements. A thread that has ended in
+// between counts as one.
 long long WakeUpsBetween(const ProcessUsage& before, const ProcessUsage& after);
 
 class Process {
@@ -45,14 +45,15 @@ public:
 
     [[nodiscard]] pid_t Pid() const { return pid_; }
     [[nodiscard]] bool Alive();
-    // The exit status, 128 + signal number when a signal ended it, nothing when it is alive after `patience`.
+    // Waits for the end of the process. Gives its exit status, 128 + signal number if a signal ended it, and
+    // nothing if it is alive after `patience`.
     std::optional<int> WaitForExit(Milliseconds patience = kPatience);
-    // Stops the process where it is, until Continue; returns once it stands still.
+    // Stops the process (SIGSTOP) until Continue is called; returns when it has stopped.
     void Stop();
     void Continue();
     // Ends the process and its children at once, without asking.
     void Kill();
-    // All zero once the process has ended.
+    // Gives the usage so far; all zero when the process has ended.
     [[nodiscard]] ProcessUsage Usage() const;
 
 private:

@@ -1,4 +1,4 @@
-// A program under test, run as a user would run it.
+// A program with windows that is run for a test, as a user would run it.
 #pragma once
 
 #include "tests/window/Process.h"
@@ -20,23 +20,23 @@ struct ProgramOptions {
 
 class Program {
 public:
-    // Starts it. `screen` must live as long as this does.
+    // Starts the program. `screen` outlives the object.
     Program(Screen& screen, const ProgramOptions& options);
-    // Kills it if it is still there.
+    // Kills the program if it still runs.
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // The first visible window of this program whose title holds `title`, once it has the keyboard, or a box
-    // of the program that has opened above it. Throws std::runtime_error, with what the program wrote, when
-    // none comes within `patience`.
+    // Waits until a visible window of the program whose title contains `title`, or a message box above it,
+    // has the focus, and gives the window. Throws std::runtime_error with the program's output when that does
+    // not happen within `patience`.
     Window WaitForWindow(std::string_view title, Milliseconds patience = kPatience);
-    // Its windows that are on the screen now, oldest first.
+    // Gives the program's windows that are on the screen, oldest first.
     [[nodiscard]] std::vector<Window> Windows() const;
-    // Their titles.
+    // Gives the titles of these windows.
     [[nodiscard]] std::vector<std::string> WindowTitles() const;
 
-    // True while one of its windows has the keyboard.
+    // Whether one of the program's windows has the focus.
     [[nodiscard]] bool HasKeyboard() const;
 
     [[nodiscard]] pid_t Pid() const { return process_.Pid(); }
@@ -49,7 +49,7 @@ public:
     void Stop() { process_.Stop(); }
     void Continue() { process_.Continue(); }
     [[nodiscard]] ProcessUsage Usage() const { return process_.Usage(); }
-    // What it has written to its standard output and errors so far.
+    // Gives what the program has written to standard output and standard error so far.
     [[nodiscard]] std::string Output() const;
 
 private:

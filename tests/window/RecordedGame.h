@@ -1,4 +1,4 @@
-// A recorded game of tests/data.
+// A game that is recorded in a file of tests/data.
 #pragma once
 
 #include <string>
@@ -6,21 +6,22 @@
 
 namespace tarveth::harness {
 
-// Its history, with "O" or "P" for the answer to which piece comes back, and the victory at the end.
+// The lines of the game's history, "O" or "P" as the answer to the question which piece returns, and the
+// victory.
 struct RecordedGame {
     std::vector<std::string> steps; // history lines and answers
     std::string victory;
 
-    // From a file of lines; the last begins with "= " and tells the victory.
+    // Reads the file. Its last line begins with "= " and gives the victory's sentence.
     explicit RecordedGame(const std::string& file);
 
     [[nodiscard]] std::vector<std::string> History() const;
 };
 
-// What lblMoveStatus asks for before a step; nothing while a dialog asks instead.
+// Gives the text of lblMoveStatus before a step; nothing where a dialog asks instead.
 std::string PromptBefore(const std::string& step);
 
-// The lines as a game's log holds them.
+// Gives the lines of the game's log.
 std::string AsLog(const std::vector<std::string>& lines);
 
 } // namespace tarveth::harness

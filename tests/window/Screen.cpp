@@ -13,7 +13,7 @@ namespace tarveth::harness {
 
 namespace {
 
-// A window may go while it is being asked about; the call that asked says so by its result.
+// Ignores X errors: a window may be destroyed while it is being queried, which the result of the query shows.
 int IgnoreError(Display*, XErrorEvent*) {
     return 0;
 }

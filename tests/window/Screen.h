@@ -43,30 +43,30 @@ public:
     [[nodiscard]] Rect Area() const;
     // The windows that the window manager knows, oldest first; menus and tips are not among them.
     [[nodiscard]] std::vector<WindowId> TopLevels() const;
-    // The window that has the keyboard, 0 if none.
+    // Gives the window that has the focus, 0 if none has.
     [[nodiscard]] WindowId Active() const;
 
     void MovePointer(Point to);
     void Press(Button button);
     void Release(Button button);
-    // Moves there, presses and releases.
+    // Moves the pointer there, presses the button and releases it.
     void Click(Point at, Button button = Button::Left);
 
-    // A chord of key names as "Return", "n", "Alt+F", "Ctrl+Shift+Left"; pressed in order, released in
-    // reverse. Throws std::invalid_argument for a name that the keyboard does not have.
+    // Presses the keys of a chord, such as "Return", "n", "Alt+F" or "Ctrl+Shift+Left", and releases them in
+    // reverse order. Throws std::invalid_argument for a key that the keyboard does not have.
     void Key(std::string_view chord);
     void PressKey(std::string_view name);
     void ReleaseKey(std::string_view name);
     // Types Latin-1 text, one key after the other.
     void Type(std::string_view text);
 
-    // What is to be seen in `area`, cut to the screen.
+    // Gives a picture of `area`, clipped to the screen.
     [[nodiscard]] Picture Capture(Rect area) const;
     [[nodiscard]] Picture Capture() const { return Capture(Area()); }
 
     [[nodiscard]] _XDisplay* Connection() const { return display_.get(); }
     [[nodiscard]] WindowId Root() const;
-    // The 32-bit values of a window's property, empty when it has none.
+    // Gives the 32-bit values of a window's property; empty if it is not set.
     [[nodiscard]] std::vector<unsigned long> Property(WindowId window, const char* name) const;
 
 private:

@@ -1,4 +1,4 @@
-// One top-level window of a program, by what can be seen and done from outside.
+// A top-level window of another program, as the display server and the window manager see it.
 #pragma once
 
 #include "tests/window/Screen.h"
@@ -10,28 +10,28 @@ namespace tarveth::harness {
 
 class Window {
 public:
-    // `screen` must live as long as this does.
+    // `screen` outlives the object.
     Window(Screen& screen, WindowId id) : screen_(&screen), id_(id) {}
 
     [[nodiscard]] WindowId Id() const { return id_; }
     // True while the window is on the screen.
     [[nodiscard]] bool Visible() const;
     [[nodiscard]] std::string Title() const;
-    // The inside of the window on the screen, menu bar included, title bar and border not.
+    // Gives the client area of the window on the screen; the menu bar is a part of it.
     [[nodiscard]] Rect ClientArea() const;
-    // The window with its title bar and border.
+    // Gives the place of the window with its title bar and border.
     [[nodiscard]] Rect Frame() const;
 
     // Asks the window manager; the window follows when it has answered.
     void MoveTo(Point frameCorner);
     void Resize(int clientWidth, int clientHeight);
-    // What the cross in the title bar does.
+    // Asks the window to close, as the cross in its title bar does.
     void Close();
-    // Asks the window manager to bring the window to the front with the keyboard.
+    // Asks the window manager to bring the window to the front and give it the focus.
     void AskForKeyboard();
-    // Brings the window to the front with the keyboard. False when that does not come about.
+    // Brings the window to the front and waits until it has the focus. False if that does not happen.
     bool Activate();
-    // False when the window is still there after `patience`.
+    // Waits until the window is gone; false if it is still there after `patience`.
     bool WaitUntilGone(Milliseconds patience = kPatience) const;
 
     // Points count from the upper left corner of the client area.

@@ -1,4 +1,4 @@
-// Windows programs on this system.
+// Runs Windows programs with Wine.
 #pragma once
 
 #include "tests/window/Waiting.h"
@@ -8,17 +8,17 @@
 
 namespace tarveth::harness {
 
-// A Windows of this build's own, which runs as long as this does.
+// A Wine server with a prefix in the build folder; it runs as long as the object exists.
 class Wine {
 public:
-    // Throws std::runtime_error when it does not come up.
+    // Starts the server. Throws std::runtime_error when it does not start.
     Wine();
     ~Wine();
     Wine(const Wine&) = delete;
     Wine& operator=(const Wine&) = delete;
 };
 
-// What a program needs in its environment to run there.
+// Gives the environment variables of programs that run there.
 std::map<std::string, std::string> WineEnvironment();
 
 inline constexpr Milliseconds kWinePatience{180'000}; // it may have to be made first

@@ -12,7 +12,7 @@
 
 namespace tarveth::harness {
 
-// What tarveth.ini says of the board's colours, which are found nowhere else.
+// The sections of tarveth.ini that give the board colours which occur nowhere else on the screen.
 inline constexpr char kBoardColours[] = "[BoardBlack]\r\nR=10\r\nG=20\r\nB=100\r\n"
                                         "[BoardWhite]\r\nR=230\r\nG=240\r\nB=160\r\n";
 
@@ -41,15 +41,15 @@ public:
     // Starts the program of `folder`, which must live as long as this does, and waits for the board.
     explicit WineDesk(const WineFolder& folder, const std::vector<std::string>& arguments = {});
 
-    // What is to be seen of the board now.
+    // Gives a picture of the board.
     [[nodiscard]] Picture Board() const { return screen.Capture(board_); }
-    // Waits until the board looks different after the click. False when it does not.
+    // Clicks and waits until the board looks different. False if it does not change.
     [[nodiscard]] bool Click(std::string_view square);
     // Chooses by access keys, such as ("f", "n") for New Game.
     void Choose(std::string_view menuKey, std::string_view itemKey);
     // Keeps a picture of the screen in the build folder's window-shots/.
     void KeepShot(const std::string& name) const;
-    // Closes the window; false when the program stays.
+    // Closes the window; false if the program does not end.
     [[nodiscard]] bool Close();
 
     Screen screen;

@@ -1,4 +1,4 @@
-// Whether the harness sees and presses what it says, tried on a window that is known.
+// Tests of the window tests' own harness, on a sample window.
 
 #include "tests/window/Accessible.h"
 #include "tests/window/Program.h"

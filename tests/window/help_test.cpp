@@ -57,7 +57,7 @@ TEST(Help, IsOneWindowHoweverOftenItIsOpenedAndEscapeClosesIt) {
     const GameFolder folder;
     Bring(folder, kModule);
     Bring(folder, kBook);
-    // What is used after it was given back is noticed.
+    // Memory that is used after it was freed is noticed.
     GameDesk desk(folder, {.environment = {{"MALLOC_PERTURB_", "165"}}});
     OpenManual(desk);
     ASSERT_TRUE(desk.window.Activate());

@@ -1,5 +1,5 @@
-// The real program on a server that means it ill: its windows stay alive, its memory within bounds, and the
-// game on the board can be played on.
+// The real program on a hostile server: its windows stay responsive, its memory bounded, and the game on the
+// board can be played on.
 
 #include "tests/window/ClientDesk.h"
 
@@ -34,7 +34,7 @@ protected:
         before = Mebibytes();
     }
 
-    // Of memory that the program holds.
+    // Gives the program's resident memory.
     double Mebibytes() const {
         std::ifstream file("/proc/" + std::to_string(desk.program.Pid()) + "/statm");
         double total = 0;

@@ -1,4 +1,4 @@
-// The window tests' own main: one desktop for all tests of the run.
+// The main function of the window tests: all tests of a run share one desktop.
 
 #include "tests/window/Desktop.h"
 

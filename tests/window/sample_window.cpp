@@ -1,4 +1,4 @@
-// A window with one of each thing the harness must be able to see and press.
+// A window with one control of each kind that the harness must be able to read and use.
 
 #include "platform/accessible.h"
 

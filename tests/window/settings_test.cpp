@@ -1,5 +1,4 @@
-// tarveth.ini through the whole program: what it writes, what it makes of what stands there, and where the
-// file is.
+// tarveth.ini and the whole program: what it writes, how it reads the file, and where the file is.
 
 #include "tests/FirstSettings.h"
 #include "tests/window/GameDesk.h"
@@ -26,7 +25,7 @@ std::string FirstFile(const Rect& frame) {
     return file;
 }
 
-// Moves the window and changes its size; where its frame is then.
+// Moves the window and changes its size. Gives the place of its frame.
 Rect PutAt(GameDesk& desk, Point corner, int width, int height) {
     desk.window.MoveTo(corner);
     desk.window.Resize(width, height);
@@ -54,7 +53,7 @@ std::string TheOneMessage(GameDesk& desk) {
     return text;
 }
 
-// A picture of nothing but its size: one bit a pixel, all of the first colour.
+// Gives a BMP file of this size with one bit a pixel and all pixels in one colour.
 std::string Bitmap(std::int32_t width, std::int32_t height) {
     const auto number = [](std::int64_t value, int bytes) {
         std::string text;

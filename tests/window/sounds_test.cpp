@@ -1,4 +1,4 @@
-// What the running game lets be heard, through a sound driver that writes it into a file.
+// The sounds of the running game, recorded by SDL's driver that writes them to a file.
 
 #include "storage/modFileIO.h"
 #include "tests/TestGame.h"
