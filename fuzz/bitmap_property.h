@@ -1,5 +1,6 @@
-// What must hold for a picture file of any bytes: it is refused, or it is a picture within the limits that is
-// written and read back pixel by pixel. Shared by the fuzz target and the test that replays its corpus.
+// The property of picture files with any bytes: the file is refused, or it gives a picture within the limits
+// that can be written and read back pixel by pixel. Used by the fuzz target and by the test that replays its
+// corpus.
 #pragma once
 
 #include "display/bitmap.h"
@@ -16,7 +17,7 @@ inline void PutNumber(std::vector<std::uint8_t>& bytes, std::uint32_t number, in
         bytes.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
 }
 
-// The picture as a BMP file of 32 bits a pixel, the lowest line first.
+// Gives the picture as a BMP file of 32 bits a pixel, with the lowest line first.
 inline std::vector<std::uint8_t> BitmapBytes(const PixelBuffer& picture) {
     constexpr std::uint32_t kHeaders = 54;
     std::vector<std::uint8_t> bytes{'B', 'M'};
@@ -35,7 +36,7 @@ inline std::vector<std::uint8_t> BitmapBytes(const PixelBuffer& picture) {
     return bytes;
 }
 
-// What is broken for a picture file of these bytes; nothing if all is well.
+// Gives a sentence about what is wrong with a picture file of these bytes; empty if the property holds.
 inline std::string BitmapFault(std::span<const std::uint8_t> bytes) {
     PixelBuffer picture;
     try {

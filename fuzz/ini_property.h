@@ -1,5 +1,5 @@
-// What must hold for an INI file of any bytes: every setting can be asked for, and one that is written reads
-// back as it was written and changes no other. Shared by the fuzz target and the test that replays its
+// The property of INI files with any bytes: every setting can be read, and a setting that is written reads
+// back as it was written and changes no other. Used by the fuzz target and by the test that replays its
 // corpus.
 #pragma once
 
@@ -27,7 +27,7 @@ inline IniValues ReadIniValues(const platform::ProfileText& text) {
     return values;
 }
 
-// Is the number that the system gives the true one, modulo 2^32?
+// Whether the number is read right, modulo 2^32.
 inline bool NumberHolds(const std::string& text) {
     const platform::ProfileInteger number = platform::ReadProfileInteger(text);
     const bool exact = number.value > -(std::int64_t{1} << 58) && number.value < (std::int64_t{1} << 58);
@@ -35,8 +35,8 @@ inline bool NumberHolds(const std::string& text) {
            (!exact || static_cast<std::uint32_t>(number.value) == number.wrapped);
 }
 
-// What is broken for a file of these bytes, whose first line is also the value written; nothing if all is
-// well.
+// Gives a sentence about what is wrong with a file of these bytes, whose first line is also the value that is
+// written; empty if the property holds.
 inline std::string IniFault(std::string_view bytes) {
     const std::size_t index = bytes.size() % kSettings.size();
     const SettingRow& chosen = kSettings[index];

@@ -1,4 +1,4 @@
-// The manual's diagrams against the rules, and their form in letters.
+// Compares the manual's diagrams with the rules, and tests their form in letters.
 
 #include "engine/rules/moves.h"
 #include "engine/rules/positiontext.h"
@@ -63,7 +63,7 @@ INSTANTIATE_TEST_SUITE_P(Manual, EveryDiagram, testing::ValuesIn(AllNames()), []
     return name;
 });
 
-// Every square the piece may go to is marked, or the reader is told half the rule.
+// Every square that the piece may move to must be marked.
 TEST(DiagramsOfMoves, AreComplete) {
     for (const char* name :
          {"move-master", "move-officer", "move-pawn", "control-pawn", "reflection-after"}) {

@@ -1,4 +1,4 @@
-// The manual's source against the program: what a person may meet is explained there.
+// Compares the manual's source with the program: all that a user may meet is explained.
 
 #include "engine/rules/captures.h"
 #include "engine/rules/moves.h"
@@ -20,7 +20,7 @@ std::string ReadFile(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// All chapters, with one blank for every run of white space.
+// Gives the text of all chapters, with one blank for each run of white space.
 std::string Manual() {
     std::string text;
     for (const auto& file : std::filesystem::directory_iterator(TARVETH_SOURCE_DIR "/help"))
@@ -39,7 +39,7 @@ void ExpectExplained(const std::string& manual, const std::string& text) {
     EXPECT_NE(manual.find("\\dt \\q{" + text + "}"), std::string::npos) << text;
 }
 
-// The section of the manual whose heading holds `words`; empty when there is none.
+// Gives the section of the manual whose heading contains `words`; empty when there is none.
 std::string SectionAbout(const std::string& manual, const std::string& words) {
     for (std::size_t at = manual.find("\\S{"); at != std::string::npos;) {
         const std::size_t next = manual.find("\\S{", at + 1);
@@ -100,7 +100,7 @@ TEST(Manual, QuotesTheSentenceOfAVictory) {
     EXPECT_NE(Manual().find("\\q{" + std::string(FindVictory(game).sentence) + '}'), std::string::npos);
 }
 
-// A chapter names it, or it is drawn for nothing.
+// Each diagram file must be shown in a chapter, and each diagram in a chapter must have a file.
 TEST(Manual, ShowsEveryDiagramAndHasEveryDiagramItShows) {
     const std::string manual = Manual();
     std::size_t uses = 0;

@@ -1,4 +1,4 @@
-// The installer for Windows, run by Wine: what it brings, and that it takes away no more than that.
+// The installer for Windows, run by Wine: it installs all files, and the uninstaller removes only those.
 #include "tests/window/Process.h"
 #include "tests/window/Wine.h"
 
@@ -42,7 +42,7 @@ std::set<std::string> FilesIn(const fs::path& folder) {
     return files;
 }
 
-// Is there a menu entry of the program for some user?
+// Whether some user has a menu entry of the program.
 bool IsInTheMenu() {
     for (const auto& entry : fs::recursive_directory_iterator(kDrive / "users"))
         if (entry.path().filename() == "Tarveth.lnk")
@@ -50,7 +50,7 @@ bool IsInTheMenu() {
     return false;
 }
 
-// The command with which the desktop opens files of this ending; empty when it knows none.
+// Gives the command with which the desktop opens files of this ending; empty when there is none.
 std::string OpeningCommand(const std::string& ending) {
     const Outcome type = RunWindowsProgram({"reg", "query", "HKCU\\Software\\Classes\\" + ending, "/ve"});
     if (type.output.find("Tarveth.Game") == std::string::npos)
@@ -70,7 +70,7 @@ struct Installer : testing::Test {
         EXPECT_EQ(installed.exitCode, 0) << installed.output;
     }
 
-    // It goes on for a moment after its program has ended.
+    // The uninstaller runs on for a moment after its process has ended.
     bool Uninstall() const {
         RunWindowsProgram({(folder / "uninstall.exe").string(), "/S"});
         return WaitUntil([this] { return !fs::exists(folder / "uninstall.exe") && !IsInTheMenu(); });

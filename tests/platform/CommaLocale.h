@@ -1,4 +1,4 @@
-// The locale of a user who writes a comma before the decimals, for the time of a test.
+// Sets a locale with a decimal comma during a test.
 #pragma once
 
 #include <clocale>
@@ -19,7 +19,7 @@ inline constexpr const char* kCommaLocales[] = {"German", "French"};
 inline constexpr const char* kCommaLocales[] = {"de_DE.UTF-8", "fr_FR.UTF-8"}; // made for the tests
 #endif
 
-// Numbers are written and read as in that locale while this lives.
+// Sets the locale for numbers as long as the object exists.
 class CommaLocale {
 public:
     explicit CommaLocale(const char* name) : before_(std::setlocale(LC_NUMERIC, nullptr)) {

@@ -31,10 +31,10 @@ public:
 
     const std::filesystem::path& Path() const { return path_; }
 
-    // With its trailing separator, as the program's own folder.
+    // Gives the folder's name with a trailing separator, as the program's folder has one.
     std::string Name() const { return (path_ / "").string(); }
 
-    // The full path of a file in here.
+    // Gives the full path of a file in the folder.
     std::string File(const std::string& name) const {
         return (path_ / platform::PathFromText(name)).string();
     }
@@ -45,7 +45,8 @@ public:
     }
 
 private:
-    // In small letters where they name the same: the program never finds a folder with capitals in a path.
+    // The name is in small letters where the system ignores case, since the program never finds a folder with
+    // capitals in a path.
     static std::filesystem::path Root() {
         auto root = std::filesystem::temp_directory_path().native();
         if constexpr (std::filesystem::path::preferred_separator == '\\')

@@ -1,4 +1,4 @@
-// Asks for a write that may well be refused.
+// Tries a write that is expected to be refused.
 #pragma once
 
 #include "platform/atomic_file.h"

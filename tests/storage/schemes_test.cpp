@@ -25,7 +25,7 @@ constexpr const char* kBytes = "[Blue]\r\n"
 class Scheme : public testing::Test {
 protected:
     void Read() { PictureSchemeRead(file, blue, red); }
-    // What a failed command says.
+    // Gives the error text of a command that fails.
     template <typename Command>
     static std::string Failure(Command command) {
         try {

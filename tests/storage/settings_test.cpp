@@ -1,4 +1,4 @@
-// The values of the settings: defaults, what is taken from the file as it stands, and what is refused.
+// The values of the settings: defaults, values from the file, and values that are refused.
 #include "storage/settingsfile.h"
 
 #include "tests/platform/TempFolder.h"
@@ -10,7 +10,7 @@ namespace {
 
 class SettingsValues : public testing::Test {
 protected:
-    // The settings after a start with that file; the problems of both readers.
+    // Gives the settings after a start with this file, and stores the problems of both readers.
     Settings Start(std::string_view bytes) {
         PutBytes(folder.File("tarveth.ini"), bytes);
         Settings settings;

@@ -1,4 +1,4 @@
-// Which sound is due, and when.
+// Which sound is played, and when.
 #include "storage/sounds.h"
 
 #include "tests/platform/TempFolder.h"

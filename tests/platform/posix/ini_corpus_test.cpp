@@ -1,4 +1,4 @@
-// Replays what fuzzing found interesting.
+// Runs the fuzz target's check on the files of its corpus.
 #include "fuzz/ini_property.h"
 
 #include "tests/platform/TempFolder.h"

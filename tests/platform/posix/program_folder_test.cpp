@@ -1,4 +1,4 @@
-// Where an installed program writes, in a child process whose environment says so.
+// The folder that an installed program writes to, asked in a child process with an environment of its own.
 #include "platform/program_folder.h"
 
 #include "tests/platform/ForkedChild.h"

@@ -21,7 +21,7 @@ std::string Today(const char* format) {
     return text;
 }
 
-// Looked at again where midnight has come between.
+// Repeated if midnight has come in between.
 void ExpectToday(const char* format) {
 #ifdef __SANITIZE_ADDRESS__
     const __lsan::ScopedDisabler glibcs; // it does not give its list of LOCPATH's folders back

@@ -1,4 +1,4 @@
-// The WAV player, with sound drivers that need no sound card: one that writes what it plays into a file.
+// The WAV player, with SDL's drivers that need no sound card; one of them writes the sound to a file.
 #include "platform/wav_player.h"
 
 #include "tests/platform/TempFolder.h"
@@ -46,13 +46,13 @@ protected:
         PutBytes(file, Wav(Ramp(3000), 22050));
     }
 
-    // Returns when nothing is playing any more.
+    // Waits until no sound is playing.
     void WaitUntilFree() {
         while (!player.Play(folder.File("missing.wav")))
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
 
-    // What was played, without the silence before it: a device may begin before its sound does.
+    // Gives the samples that were played, without the silence that a device may play before them.
     std::string Heard() const { return WithoutSilence(GetBytes(played)); }
 
     static std::string WithoutSilence(const std::string& samples) {

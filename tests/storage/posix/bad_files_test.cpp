@@ -1,4 +1,4 @@
-// Loading what is no game: pipes and protected files, and no more memory than a game may take.
+// Loading pipes, protected files and huge files: each is refused, and memory stays bounded.
 #include "tests/platform/ForkedChild.h"
 #include "tests/storage/BadFiles.h"
 
@@ -19,7 +19,7 @@ TEST_F(BadFiles, ThatArePipesOrProtectedAreRefused) {
     EXPECT_TRUE(TrueInChild([&] { return BecomeNobody() && IsRefused(": cannot be read ("); }));
 }
 
-// By how many KiB the work raises what this process has used at most.
+// Gives by how many KiB the work raises the process's peak memory.
 template <typename Work>
 long PeakGrowth(Work work) {
     struct rusage usage {};

@@ -1,5 +1,5 @@
-// Saving while the machine does its worst, in child processes that bear it: the old game or the new one is
-// there, whole, and the person is told.
+// Saving on a full disk and in processes that are killed, tried in child processes: the file holds the old or
+// the new game, complete, and the user is told of a failure.
 #include "platform/file_error.h"
 #include "storage/modFileIO.h"
 #include "tests/Dice.h"
@@ -31,7 +31,7 @@ void SetVersion(Game& game, int version) {
     game.lstHistory.front() = "version " + std::to_string(version);
 }
 
-// Which version is in the file, which must be whole.
+// Gives the version of the game in the file, which must be complete.
 int VersionIn(const std::string& file, Game& game) {
     const std::string line = ReadGame(file).lstHistory.at(0);
     game.lstHistory.front() = line;
@@ -61,7 +61,7 @@ public:
     SavingChild(const SavingChild&) = delete;
     SavingChild& operator=(const SavingChild&) = delete;
 
-    // How many saves had come back.
+    // Gives the number of saves that had returned.
     int Kill() const {
         kill(child_, SIGKILL);
         waitpid(child_, nullptr, 0);
@@ -93,7 +93,7 @@ TEST(NothingLost, WhenTheProgramIsKilledAtRandomMomentsOf500Saves) {
         ASSERT_TRUE(found == version + done || found == version + done + 1)
             << "version " << version << ", then " << done << " saves, then " << found;
         version = found;
-        saves += done + 1; // and the one that was killed
+        saves += done + 1; // the one that was killed counts as well
     }
     EXPECT_GT(kills, 20);
 }
@@ -116,7 +116,7 @@ TEST(NothingLost, WhenTheDiskFillsUp) {
     EXPECT_EQ(t.folder.FileCount(), 1U) << "and nothing half written beside it";
 }
 
-// A small file system of the child's own on the folder; gone with the child.
+// Mounts a small file system on the folder, for the child process only.
 bool MountSmallDisk(const fs::path& folder) {
     return unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
            mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=64k") == 0;

@@ -12,7 +12,7 @@ namespace {
 
 class UnwritableScheme : public testing::Test {
 protected:
-    // What the write says.
+    // Gives the error text of the write.
     std::string WriteFailure() const {
         try {
             PictureSchemeWrite(file, blue, red);

@@ -1,4 +1,4 @@
-// What our own writing of tarveth.ini leaves alone in it, byte for byte, and on a disk that fills up.
+// Writing tarveth.ini: what stays byte for byte as it was, and what happens on a full disk.
 #include "storage/settingsfile.h"
 #include "storage/window_positions.h"
 
