@@ -14,6 +14,7 @@ namespace tarveth {
 struct ClientAddress {
     std::array<std::uint8_t, 16> bytes{};
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the linter takes the comparison's own 0 for a pointer
     auto operator<=>(const ClientAddress&) const = default;
 
     bool IsIPv4() const;

@@ -41,7 +41,7 @@ TEST(ApplyMove, JudgingFirstChangesNothing) {
     Game judged = game;
     EXPECT_EQ(JudgeMove(judged, On(judged, "4D"), SquareOf("4E")),
               (Verdict{Refusal::None, 0, On(game, "4E")}));
-    EXPECT_EQ(JudgeMove(judged, On(judged, "4D"), SquareOf("6C")).refusal, Refusal::BadDiagonal);
+    EXPECT_EQ(JudgeMove(judged, On(judged, "4D"), SquareOf("6C")).refusal, Refusal::NoDiagonal);
     EXPECT_EQ(judged, game);
 }
 
@@ -84,7 +84,10 @@ TEST(ApplyMove, OntoAnOpposingPieceSendsItToTheJailAndSaysWhoTookIt) {
     EXPECT_TRUE(result.mayEarnReturn);
     EXPECT_EQ(result.message, "Red captured the piece.");
     EXPECT_EQ(game.JailCount(), 2);
-    EXPECT_EQ(game.Jailed(2), game.Piece(officer)) << "the latest stands last";
+    EXPECT_EQ(game.Jailed(2).Kind, Officer) << "the latest stands last";
+    EXPECT_EQ(game.Jailed(2).Side, Blue);
+    EXPECT_EQ(game.Jailed(2).X, -4);
+    EXPECT_EQ(game.Jailed(2).Y, -5);
     EXPECT_EQ(game.Piece(officer).X, -4) << "the square where it was taken, negated";
     EXPECT_EQ(game.Piece(officer).Y, -5);
     EXPECT_EQ(game.Return, (ReturnState{static_cast<std::int16_t>(officer), 0, 0}));
