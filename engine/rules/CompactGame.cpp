@@ -73,13 +73,31 @@ CaptureOutcome CompactGame::OutcomeOfCapture(Side side, PieceKind kind) const {
     return outcome;
 }
 
-CompactGame::Controlled CompactGame::ControlledPieces() const {
-    if (jailed_(turn_, Pawn) >= kPawnsPerSide || jailed_(turn_, Officer) >= kOfficersPerSide)
+Controlled CompactGame::ControlledPieces(Side side) const {
+    if (!HasControlPower(side))
         return {};
-    const SquareSet masterZone = ZoneOf(standing_(turn_, Master), kMasterZones);
-    const SquareSet officerZone = ZoneOf(standing_(turn_, Officer), kOfficerZones);
-    const Side other = Opponent(turn_);
+    const SquareSet masterZone = ZoneOf(standing_(side, Master), kMasterZones);
+    const SquareSet officerZone = ZoneOf(standing_(side, Officer), kOfficerZones);
+    const Side other = Opponent(side);
     return {standing_(other, Officer) & masterZone, standing_(other, Pawn) & (masterZone | officerZone)};
+}
+
+bool CompactGame::InZone(Side side, PieceKind kind, int square) const {
+    // Both patterns are symmetric: a piece projects onto the squares that would project onto its own.
+    const auto from = static_cast<std::size_t>(square);
+    return (kind != Master && (kMasterZones[from] & standing_(side, Master)) != 0) ||
+           (kind == Pawn && (kOfficerZones[from] & standing_(side, Officer)) != 0);
+}
+
+bool CompactGame::CouldGo(int from, int to) const {
+    const Side other = Opponent(turn_);
+    const bool own = (Standing(turn_) & SetOf(from)) != 0;
+    if (!own && !(HasControlPower(turn_) && InZone(turn_, KindOn(other, from), from)))
+        return false;
+    const bool takesAnything = (standing_(turn_, Master) & SetOf(from)) != 0;
+    const SquareSet barring = takesAnything ? 0 : Standing(turn_);
+    return (SquaresInReach(from, facts_->ReachOf(PieceAt(from), own), Occupied()) & ~barring & SetOf(to)) !=
+           0;
 }
 
 PieceKind CompactGame::KindOn(Side side, int square) const {
@@ -104,10 +122,17 @@ void CompactGame::Play(const CompactTurn& turn) {
     occupant_[static_cast<std::size_t>(turn.to)] = static_cast<std::int8_t>(turn.piece);
     lastMoved_ = static_cast<std::int8_t>(turn.piece);
     lastFrom_ = static_cast<std::int8_t>(turn.from);
+    lastTo_ = static_cast<std::int8_t>(turn.to);
     if (turn.returnTo != kNoSquare)
         PlayReturn(turn.returnKind, turn.returnTo);
     turn_ = Opponent(turn_);
     assert(Check().empty());
+}
+
+void CompactGame::Pass() {
+    lastMoved_ = kPieces + 1;
+    lastFrom_ = lastTo_ = kNoSquare;
+    turn_ = Opponent(turn_);
 }
 
 void CompactGame::PlayReturn(PieceKind kind, int to) {

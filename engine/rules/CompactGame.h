@@ -53,6 +53,15 @@ private:
     std::array<Value, std::size_t{2} * Pawn> values_{};
 };
 
+// Pieces that may be moved by the other side than their own.
+struct Controlled {
+    SquareSet officers, pawns;
+};
+
+inline constexpr int kMastersPerSide = 3;
+inline constexpr int kOfficersPerSide = 4;
+inline constexpr int kPawnsPerSide = 6;
+
 class CompactGame {
 public:
     // Of a game at rest in state 1. `facts` are those of the same game; they must outlive the position and
@@ -67,6 +76,10 @@ public:
     }
     SquareSet Occupied() const { return Standing(Blue) | Standing(Red); }
     int PieceAt(int square) const { return occupant_[static_cast<std::size_t>(square)]; }
+    // Of the piece of `side` that stands on the square.
+    PieceKind KindOn(Side side, int square) const;
+    int Jailed(Side side, PieceKind kind) const { return jailed_(side, kind); }
+    bool HasLost(Side side) const { return HasLost(side, jailed_); }
 
     // What the capture of a piece of that side and kind leads to.
     CaptureOutcome OutcomeOfCapture(Side side, PieceKind kind) const;
@@ -83,19 +96,31 @@ public:
     // Plays a turn that ForEachTurn has listed.
     void Play(const CompactTurn& turn);
 
+    // Gives the turn to the other side, as no player may; no piece is barred from any square then.
+    void Pass();
+
+    // Calls visit(int from, int to) for every piece that the Rule of Reflection bars from a square.
+    template <class Visit>
+    void ForEachBar(Visit visit) const;
+    // Whether the side to move could put the piece of one square on another, if no piece were barred.
+    bool CouldGo(int from, int to) const;
+
+    // The pieces of the opponent that `side` could move if it had the turn.
+    Controlled ControlledPieces(Side side) const;
+    // Whether one of `side`'s pieces projects control onto a piece of that kind on the square.
+    bool InZone(Side side, PieceKind kind, int square) const;
+    bool HasControlPower(Side side) const {
+        return jailed_(side, Pawn) < kPawnsPerSide && jailed_(side, Officer) < kOfficersPerSide;
+    }
+
     // The first of its tables that contradicts another; empty when all agree. Asserted after every turn.
     std::string Check() const;
 
 private:
     using JailCounts = SideKindTable<std::int8_t>;
-    struct Controlled {
-        SquareSet officers, pawns;
-    };
 
     static bool HasLost(Side side, const JailCounts& jailed);
     bool MayReturn(PieceKind kind) const { return jailed_(turn_, kind) > 0 && offBoard_(turn_, kind) != 0; }
-    Controlled ControlledPieces() const;
-    PieceKind KindOn(Side side, int square) const;
     int BarredSquare(int piece) const {
         if (lastMoved_ == 0)
             return facts_->BarredAtFirst(piece);
@@ -117,6 +142,7 @@ private:
     std::array<std::int8_t, kSquares> occupant_{}; // by square; 0 where it is free
     std::int8_t lastMoved_ = 0;                    // the piece of the turn played last; 0 before the first
     std::int8_t lastFrom_ = kNoSquare;             // where the Rule of Reflection bars that piece from
+    std::int8_t lastTo_ = kNoSquare;               // where it stands
     const PieceFacts* facts_;
 };
 
@@ -141,9 +167,20 @@ void CompactGame::ForEachMover(Visit visit) const {
     VisitMovers(standing_(turn_, Master), true, mine | theirs, visit);
     VisitMovers(standing_(turn_, Officer), true, theirs, visit);
     VisitMovers(standing_(turn_, Pawn), true, theirs, visit);
-    const Controlled controlled = ControlledPieces();
+    const Controlled controlled = ControlledPieces(turn_);
     VisitMovers(controlled.officers, false, theirs, visit);
     VisitMovers(controlled.pawns, false, theirs, visit);
+}
+
+template <class Visit>
+void CompactGame::ForEachBar(Visit visit) const {
+    SquareSet standing = lastMoved_ == 0 ? Occupied() : SetOf(lastTo_);
+    while (standing != 0) {
+        const int from = TakeFirst(standing);
+        const int to = BarredSquare(PieceAt(from));
+        if (to != kNoSquare && to != from)
+            visit(from, to);
+    }
 }
 
 template <class Visit>
