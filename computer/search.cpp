@@ -321,7 +321,7 @@ int Searcher::SearchTurns(const SearchPosition& position, const Node& node, Sear
         if (!turn.IsCapture() || turn.HasReturn())
             before.Add(turn);
     }
-    if (index == 0)
+    if (best == -kInfinite)
         return 0; // no turn at all: the game stays unfinished
     const Bound bound = best >= node.beta ? Bound::Lower : best > node.alpha ? Bound::Exact : Bound::Upper;
     table_.Store(position.Key(), {bestTurn, ToTable(best, node.ply), node.depth, bound});
