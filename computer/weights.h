@@ -11,9 +11,9 @@ namespace tarveth::computer {
 
 // What a side has lost when so many of its pieces of a kind are in the jail. The last Master is the game.
 inline constexpr std::array<std::array<int, 7>, 3> kJailed{{
-    {0, 450, 1000, 3000, 3000, 3000, 3000},
-    {0, 300, 620, 980, 1500, 1500, 1500},
-    {0, 100, 200, 305, 420, 560, 850},
+    {0, 340, 685, 3000, 3000, 3000, 3000},
+    {0, 125, 225, 345, 610, 610, 610},
+    {0, 15, 45, 105, 160, 250, 610},
 }};
 
 // The value of a square for a kind, by the square's distance from the edge of the board (0 to 3) along one
@@ -21,8 +21,8 @@ inline constexpr std::array<std::array<int, 7>, 3> kJailed{{
 inline constexpr std::array<std::array<int, 10>, 3> kSquareWorth{{
     // 00  01  02  03  11  12  13  22  23  33
     {0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
-    {0, 4, 6, 6, 10, 14, 16, 18, 20, 22},
-    {0, 2, 3, 4, 6, 9, 10, 12, 14, 15},
+    {0, 1, 2, 2, 3, 4, 4, 5, 5, 6},
+    {0, 1, 2, 2, 3, 4, 4, 5, 5, 6},
 }};
 
 constexpr std::size_t RingOf(int square) {
