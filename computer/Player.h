@@ -1,15 +1,11 @@
 // A player that thinks: positions in, a turn out. Make as many as you like; each has a memory of its own.
 #pragma once
 
-#include "computer/search.h"
+#include "computer/levels.h"
 
 #include <memory>
 
 namespace tarveth::computer {
-
-inline constexpr int kWeakestLevel = 1;
-inline constexpr int kDefaultLevel = 2;
-inline constexpr int kStrongestLevel = 7;
 
 // What a player may use for one turn.
 struct Allowance {
@@ -21,7 +17,7 @@ class Player {
 public:
     explicit Player(int level = kDefaultLevel, std::uint64_t seed = 0);
 
-    void SetLevel(int level) { level_ = level; }
+    void SetLevel(int level);
     int Level() const { return level_; }
     // Another game: forgets the last one. The same seed and node counts give the same turns on every system.
     void BeginGame(std::uint64_t seed);
@@ -34,10 +30,20 @@ public:
                         const std::function<void(const SearchResult&)>& tell = {});
 
 private:
+    SearchResult SearchAlone(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
+                             SearchLimits limits, const std::stop_token& stop,
+                             const std::function<void(const SearchResult&)>& tell);
+    SearchResult SearchTogether(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
+                                const SearchLimits& limits, const std::stop_token& stop,
+                                const std::function<void(const SearchResult&)>& tell);
+    void MakeTable();
+
     int level_;
     std::uint64_t seed_;
-    TranspositionTable table_;
-    Searcher searcher_;
+    bool hasThought_ = false; // in this game
+    std::unique_ptr<TranspositionTable> table_;
+    std::unique_ptr<Searcher> searcher_;
+    std::vector<std::unique_ptr<Searcher>> helpers_; // of the strongest level
 };
 
 } // namespace tarveth::computer

@@ -32,7 +32,7 @@ public:
     SearchTurn Next();
     // Whether the turn given last was promising for what it takes.
     bool LastWasGoodCapture() const { return stage_ == Stage::Captures; }
-    // What an estimate says that the turn given last gains by taking and bringing back, in hundredths.
+    // What an estimate says that the turn given last gains by taking and bringing back.
     int LastGain() const { return lastScore_ / kGainScale; }
 
 private:

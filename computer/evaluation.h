@@ -5,7 +5,7 @@
 
 namespace tarveth::computer {
 
-// Values are hundredths of a Pawn. A won game is worth kWin less the turns until then.
+// Values are units of the evaluation. A won game is worth kWin less the turns until then.
 inline constexpr int kWin = 30'000;
 inline constexpr int kInfinite = 32'000;
 inline constexpr int kSurelyWon = kWin - 1'000; // beyond: the end of the game has been seen

@@ -50,6 +50,21 @@ int FromTable(int value, int ply) {
     return value > kSurelyWon ? value - ply : value < -kSurelyWon ? value + ply : value;
 }
 
+// Whether a stored value of this sort is all that a search in the window could find out.
+bool Decides(Bound bound, int known, int alpha, int beta) {
+    switch (bound) {
+    case Bound::None:
+        return false;
+    case Bound::Lower:
+        return known >= beta;
+    case Bound::Upper:
+        return known <= alpha;
+    case Bound::Exact:
+        break;
+    }
+    return true;
+}
+
 PieceKind KindMoved(const CompactGame& position, SearchTurn turn) {
     return position.KindOn(turn.Own() ? position.Turn() : Opponent(position.Turn()), turn.From());
 }
@@ -62,7 +77,6 @@ Searcher::Searcher(TranspositionTable& table) : table_(table), lines_(kDeepestPl
 
 void Searcher::Forget() {
     history_.Clear();
-    table_.Clear();
 }
 
 SearchResult Searcher::Think(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
@@ -72,6 +86,7 @@ SearchResult Searcher::Think(const SearchPosition& position, const std::vector<s
     stop_ = stop;
     stopped_ = false;
     nodes_ = 0;
+    depthDone_ = 0;
     nextCheck_ = 0;
     history_.Age();
     path_ = earlier;
@@ -82,11 +97,12 @@ SearchResult Searcher::Think(const SearchPosition& position, const std::vector<s
     result.turn = first.Next();
     if (result.turn.IsNone())
         return result;
-    for (int depth = 1; depth <= std::min(limits.depth, kDeepestPly - 1); ++depth) {
+    for (int depth = limits.firstDepth; depth <= std::min(limits.depth, kDeepestPly - 1); ++depth) {
         int width = depth < 4 ? kInfinite : 25;
         int alpha = std::max(result.value - width, -kInfinite);
         int beta = std::min(result.value + width, kInfinite);
         while (true) {
+            rootDepth_ = depth;
             const int value = Search(position, depth, alpha, beta, 0);
             if (stopped_ && (depth == 1 || lines_[0].empty() || value <= alpha))
                 break;
@@ -108,7 +124,7 @@ SearchResult Searcher::Think(const SearchPosition& position, const std::vector<s
         result.nodes = nodes_;
         if (stopped_)
             break;
-        result.depth = depth;
+        result.depth = depthDone_ = depth;
         if (tell)
             tell(result);
         if (std::abs(result.value) > kSurelyWon && kWin - std::abs(result.value) <= depth)
@@ -124,9 +140,11 @@ int Searcher::ValueOf(const SearchPosition& position, int depth, const SearchLim
     stop_ = stop;
     stopped_ = false;
     nodes_ = 0;
+    depthDone_ = 0;
     nextCheck_ = 0;
     path_.assign(1, position.Key());
     pathStarts_.assign(1, 0);
+    rootDepth_ = std::max(depth, 1);
     return Search(position, depth, -kInfinite, kInfinite, 0);
 }
 
@@ -134,10 +152,11 @@ void Searcher::CheckLimits() {
     if (++nodes_ < nextCheck_)
         return;
     nextCheck_ = nodes_ + kNodesBetweenChecks;
-    if (limits_.nodes != 0)
+    if (limits_.nodes > nodes_)
         nextCheck_ = std::min(nextCheck_, limits_.nodes);
-    stopped_ = stopped_ || (limits_.nodes != 0 && nodes_ >= limits_.nodes) || stop_.stop_requested() ||
-               (limits_.until && Clock::now() >= *limits_.until);
+    const bool enough = limits_.nodes != 0 && nodes_ >= limits_.nodes && depthDone_ >= limits_.leastDepth;
+    stopped_ =
+        stopped_ || enough || stop_.stop_requested() || (limits_.until && Clock::now() >= *limits_.until);
 }
 
 void Searcher::Enter(const SearchPosition& next, SearchTurn turn) {
@@ -187,11 +206,12 @@ int Searcher::Search(const SearchPosition& position, int depth, int alpha, int b
         return ValueAtEnd(position, ply);
     if (ply > 0 && RepeatsEarlier())
         return 0;
-    const bool danger = LastMasterInDanger(position.Rules(), position.Turn());
-    if (danger && ply > 0)
+    // A line in which the last Master is threatened is forced, and is followed further.
+    const bool danger = !plain_ && LastMasterInDanger(position.Rules(), position.Turn());
+    if (danger && ply > 0 && ply < 2 * rootDepth_)
         ++depth;
     if (depth <= 0 || ply >= kDeepestPly)
-        return Quiesce(position, alpha, beta, ply);
+        return plain_ ? Evaluate(position) : Quiesce(position, alpha, beta, ply);
     CheckLimits();
     if (stopped_)
         return alpha;
@@ -203,8 +223,8 @@ int Searcher::Search(const SearchPosition& position, int depth, int alpha, int b
     Node node{depth, alpha, beta, ply, beta - alpha > 1, danger, 0};
     const TableEntry entry = table_.Find(position.Key());
     const int known = FromTable(entry.value, ply);
-    if (!node.pv && entry.bound != Bound::None && entry.depth >= depth &&
-        (entry.bound == Bound::Exact || (entry.bound == Bound::Lower ? known >= beta : known <= alpha)))
+    const bool deepEnough = plain_ ? entry.depth == depth : entry.depth >= depth;
+    if (!node.pv && deepEnough && Decides(entry.bound, known, alpha, beta))
         return known;
     node.standing = EvaluateHere(position);
     if (entry.bound == Bound::Exact || (entry.bound == Bound::Lower && known > node.standing) ||
@@ -212,18 +232,18 @@ int Searcher::Search(const SearchPosition& position, int depth, int alpha, int b
         node.standing = known;
     if (const auto value = PruneWhole(position, node, afterPass))
         return *value;
-    if (entry.turn.IsNone() && depth >= 4)
+    if (entry.turn.IsNone() && depth >= 4 && !plain_)
         --node.depth;
     return SearchTurns(position, node, entry.turn);
 }
 
 // Positions so good that not even a pass, or a margin for every turn left, brings them back into the window.
 std::optional<int> Searcher::PruneWhole(const SearchPosition& position, const Node& node, bool afterPass) {
-    if (node.pv || node.danger || std::abs(node.beta) > kSurelyWon)
+    if (plain_ || node.pv || node.danger || std::abs(node.beta) > kSurelyWon)
         return std::nullopt;
-    if (node.depth <= 6 && node.standing - 90 * node.depth >= node.beta)
+    if (node.depth <= 6 && node.standing - 60 * node.depth >= node.beta)
         return node.standing;
-    if (node.depth <= 2 && node.standing + 350 * node.depth <= node.alpha) {
+    if (node.depth <= 2 && node.standing + 200 * node.depth <= node.alpha) {
         const int value = Quiesce(position, node.alpha, node.beta, node.ply);
         if (value <= node.alpha)
             return value;
@@ -243,7 +263,7 @@ std::optional<int> Searcher::PruneWhole(const SearchPosition& position, const No
 
 int Searcher::ReductionOf(const Node& node, const SearchPosition& position, SearchTurn turn, int index,
                           bool goodCapture) const {
-    if (node.depth < 2 || index < 2 || goodCapture)
+    if (plain_ || node.depth < 2 || index < 2 || goodCapture)
         return 0;
     int reduction = kReductions[static_cast<std::size_t>(std::min(node.depth, kMostTurns - 1))]
                                [static_cast<std::size_t>(std::min(index, kMostTurns - 1))];
@@ -261,13 +281,15 @@ int Searcher::ReductionOf(const Node& node, const SearchPosition& position, Sear
     return std::clamp(reduction, 0, node.depth - 1);
 }
 
-// Quiet turns near the end of the search cannot lift a position that is far below the window.
-bool Searcher::CanSkip(const Node& node, const SearchPosition&, SearchTurn turn, int index,
-                       int reduction) const {
-    if (node.pv || node.danger || turn.IsCapture() || index == 0)
+// Quiet turns near the end of the search seldom lift a position that is below the window, and late ones
+// hardly ever change anything.
+bool Searcher::CanSkip(const Node& node, SearchTurn turn, int index, int reduction) const {
+    if (plain_ || node.pv || node.danger || turn.IsCapture() || index == 0)
         return false;
+    if (node.depth <= 3 && index > 6 + 3 * node.depth * node.depth)
+        return true;
     const int left = node.depth - reduction;
-    return left <= 4 && node.standing + 60 + 90 * left <= node.alpha;
+    return left <= 4 && node.standing + 20 + 40 * left <= node.alpha;
 }
 
 int Searcher::Try(const SearchPosition& position, const Node& node, SearchTurn turn, int index, int reduction,
@@ -300,7 +322,7 @@ int Searcher::SearchTurns(const SearchPosition& position, const Node& node, Sear
     int index = 0;
     for (SearchTurn turn = picker.Next(); !turn.IsNone(); turn = picker.Next(), ++index) {
         const int reduction = ReductionOf(node, position, turn, index, picker.LastWasGoodCapture());
-        if (best > -kSurelyWon && CanSkip(node, position, turn, index, reduction))
+        if (best > -kSurelyWon && CanSkip(node, turn, index, reduction))
             continue;
         const int value = Try(position, node, turn, index, reduction, alpha);
         if (stopped_)
@@ -351,8 +373,7 @@ int Searcher::Quiesce(const SearchPosition& position, int alpha, int beta, int p
         return ValueAtEnd(position, ply);
     const TableEntry entry = table_.Find(position.Key());
     const int known = FromTable(entry.value, ply);
-    if (entry.bound != Bound::None &&
-        (entry.bound == Bound::Exact || (entry.bound == Bound::Lower ? known >= beta : known <= alpha)))
+    if (Decides(entry.bound, known, alpha, beta))
         return known;
     const int standing = EvaluateHere(position);
     int best = standing;

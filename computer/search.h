@@ -23,6 +23,8 @@ struct SearchLimits {
     std::optional<Clock::time_point> until;
     std::uint64_t nodes = 0; // 0 for no limit
     int depth = kDeepestPly;
+    int leastDepth = 0; // before this depth is searched, `nodes` ends nothing
+    int firstDepth = 1;
 };
 
 struct SearchResult {
@@ -51,7 +53,10 @@ public:
     std::uint64_t Nodes() const { return nodes_; }
     // Gives the evaluation a small disturbance, so that games differ; 0 for none.
     void SetSeed(std::uint64_t seed) { seed_ = seed; }
-    // Forgets everything that earlier searches taught.
+    // Looks at every turn to the same depth and takes the evaluation there: what alpha-beta alone finds, for
+    // checking it against minimax.
+    void SearchPlainly() { plain_ = true; }
+    // Forgets what earlier searches taught it; the table is its owner's to clear.
     void Forget();
 
     // So many nodes are searched between two looks at the clock and the stop token.
@@ -81,8 +86,7 @@ private:
     std::optional<int> PruneWhole(const SearchPosition& position, const Node& node, bool afterPass);
     int ReductionOf(const Node& node, const SearchPosition& position, SearchTurn turn, int index,
                     bool goodCapture) const;
-    bool CanSkip(const Node& node, const SearchPosition& position, SearchTurn turn, int index,
-                 int reduction) const;
+    bool CanSkip(const Node& node, SearchTurn turn, int index, int reduction) const;
     void LearnFromCut(const SearchPosition& position, const Node& node, SearchTurn turn,
                       const TriedTurns& before);
     int Quiesce(const SearchPosition& position, int alpha, int beta, int ply);
@@ -104,8 +108,11 @@ private:
     std::stop_token stop_;
     std::uint64_t nodes_ = 0;
     std::uint64_t nextCheck_ = 0;
+    int depthDone_ = 0;
+    int rootDepth_ = 0;
     std::uint64_t seed_ = 0;
     bool stopped_ = false;
+    bool plain_ = false;
 };
 
 } // namespace tarveth::computer

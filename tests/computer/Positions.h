@@ -1,0 +1,24 @@
+// Positions for the tests of the computer player.
+#pragma once
+
+#include "computer/GameRecord.h"
+#include "computer/positionline.h"
+#include "tests/Dice.h"
+#include "tests/TestGame.h"
+#include "tests/engine/RandomPosition.h"
+
+#include <string_view>
+
+namespace tarveth::test {
+
+// From the items of engine/positiontext: "turn B | BM 4D | jail RP".
+inline computer::GameRecord RecordOf(std::string_view items) {
+    return computer::GameRecord(TestGame(items).game);
+}
+
+inline computer::SearchTurn OneOfItsTurns(const computer::GameRecord& record, Dice& dice) {
+    const auto turns = computer::ListTurns(record.Rules());
+    return turns.empty() ? computer::SearchTurn() : dice.OneOf(turns);
+}
+
+} // namespace tarveth::test
