@@ -58,10 +58,6 @@ struct Controlled {
     SquareSet officers, pawns;
 };
 
-inline constexpr int kMastersPerSide = 3;
-inline constexpr int kOfficersPerSide = 4;
-inline constexpr int kPawnsPerSide = 6;
-
 class CompactGame {
 public:
     // Of a game at rest in state 1. `facts` are those of the same game; they must outlive the position and
