@@ -81,11 +81,8 @@ SearchResult Player::Choose(const SearchPosition& position, const std::vector<st
 SearchResult Player::SearchAlone(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
                                  SearchLimits limits, const std::stop_token& stop,
                                  const std::function<void(const SearchResult&)>& tell) {
-    const LevelTraits& traits = TraitsOf(level_);
-    if (traits.nodes != 0 && (limits.nodes == 0 || traits.nodes < limits.nodes)) {
-        limits.nodes = traits.nodes;
-        limits.leastDepth = traits.leastDepth;
-    }
+    limits.enough = TraitsOf(level_).nodes;
+    limits.leastDepth = TraitsOf(level_).leastDepth;
     return searcher_->Think(position, earlier, limits, stop, tell);
 }
 

@@ -152,11 +152,13 @@ void Searcher::CheckLimits() {
     if (++nodes_ < nextCheck_)
         return;
     nextCheck_ = nodes_ + kNodesBetweenChecks;
-    if (limits_.nodes > nodes_)
-        nextCheck_ = std::min(nextCheck_, limits_.nodes);
-    const bool enough = limits_.nodes != 0 && nodes_ >= limits_.nodes && depthDone_ >= limits_.leastDepth;
-    stopped_ =
-        stopped_ || enough || stop_.stop_requested() || (limits_.until && Clock::now() >= *limits_.until);
+    for (const std::uint64_t limit : {limits_.nodes, limits_.enough})
+        if (limit > nodes_)
+            nextCheck_ = std::min(nextCheck_, limit);
+    const bool allUsed = limits_.nodes != 0 && nodes_ >= limits_.nodes;
+    const bool enough = limits_.enough != 0 && nodes_ >= limits_.enough && depthDone_ >= limits_.leastDepth;
+    stopped_ = stopped_ || allUsed || enough || stop_.stop_requested() ||
+               (limits_.until && Clock::now() >= *limits_.until);
 }
 
 void Searcher::Enter(const SearchPosition& next, SearchTurn turn) {

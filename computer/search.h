@@ -23,7 +23,9 @@ struct SearchLimits {
     std::optional<Clock::time_point> until;
     std::uint64_t nodes = 0; // 0 for no limit
     int depth = kDeepestPly;
-    int leastDepth = 0; // before this depth is searched, `nodes` ends nothing
+    std::uint64_t enough =
+        0; // nodes after which the search ends once `leastDepth` has been searched; 0 for no such
+    int leastDepth = 0;
     int firstDepth = 1;
 };
 
