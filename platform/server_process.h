@@ -16,11 +16,16 @@ void IgnoreSigpipe();
 bool ListenerSetsReuseAddress();
 
 // Enables TCP keep-alive and limits how long unacknowledged bytes are retried (TCP_USER_TIMEOUT), so that a
-// peer that has vanished is noticed within a minute. The socket is the system's own handle.
-void EnableKeepAlive(int socket);
+// peer that has vanished is noticed. The socket is the system's own handle.
+//
+// seconds: the time after which it is noticed at the latest.
+void EnableKeepAlive(int socket, int seconds = 60);
 
 // The signal that asks the server to log its figures: SIGUSR1, or SIGBREAK on Windows.
 std::optional<int> FiguresSignal();
+
+// The signal that asks the server to read its configuration again: SIGHUP; nothing on Windows.
+std::optional<int> ReloadSignal();
 
 // Whether the system runs signal handlers on a thread of their own, so that even a program of one thread
 // needs locks.

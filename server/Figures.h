@@ -15,6 +15,7 @@ struct Figures {
     std::uint64_t pauses = 0;          // how often reading from a client was paused because of too many moves
     std::uint64_t silent = 0;          // clients that did not complete the handshake in time
     std::uint64_t slowReaders = 0;     // clients dropped for not reading
+    std::uint64_t memoryDrops = 0;     // clients dropped because the memory for all clients was full
     std::uint64_t flooders = 0;        // clients put out because of what they sent
     std::uint64_t games = 0;           // games being played now
 };

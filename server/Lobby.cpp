@@ -30,6 +30,9 @@ constexpr auto kDismissedPause = 20ms;
 // put out after about half a minute of pauses.
 constexpr double kOffencesOfAPause = 40;
 
+// What a connection takes beside the bytes that are counted one by one, rounded up.
+constexpr std::size_t kBytesOfAConnection = 1024;
+
 // When this many variants of a nickname are taken, the next numbers tried are ones that no newcomer had
 // before, so that a thousand users who ask for one nickname do not cost a million look-ups.
 constexpr int kVariantsInARow = 8;
@@ -38,6 +41,11 @@ constexpr int kVariantsInARow = 8;
 
 Lobby::Lobby(const Limits& limits, std::string messageOfTheDay)
     : limits_(limits), messageOfTheDay_(std::move(messageOfTheDay)) {}
+
+void Lobby::Configure(const Limits& limits, std::string messageOfTheDay) {
+    limits_ = limits;
+    messageOfTheDay_ = std::move(messageOfTheDay);
+}
 
 std::optional<Refusal> Lobby::Enter(Session& session, Time now) {
     now_ = now;
@@ -73,6 +81,19 @@ void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
     if (droppedOfBatch_ > 0 || acceptedOfBatch_ == 0)
         wait = std::max(wait, ChargeUselessBytes(session, size));
     Pause(session, wait);
+    CountInput(session, session.framer.KeptBytes() + session.line.capacity());
+}
+
+void Lobby::CountInput(Session& session, std::size_t bytes) {
+    inputHeld_ += bytes - std::exchange(session.inputHeld, bytes);
+}
+
+std::size_t Lobby::MemoryHeld() const {
+    return out_.BytesHeld() + inputHeld_ + connections_ * kBytesOfAConnection;
+}
+
+std::size_t Lobby::HeldBy(const Session& session) const {
+    return out_.HeldBy(session.box) + session.inputHeld;
 }
 
 // Charges bytes of a batch in which something was dropped, or nothing was complete. Gives how long the client
@@ -173,12 +194,14 @@ void Lobby::RunTimer(Session& session, TimerKind kind) {
 
 void Lobby::Leave(Session& session) {
     --connections_;
+    CountInput(session, 0);
     AddressBook::Leave(session.addressEntry, now_);
     RemoveUser(session);
     session.stage = Stage::Dismissed;
     timers_.ClearAll(session);
     if (session.due)
         std::erase(due_, &session);
+    Outgoing::Discard(session.box);
 }
 
 void Lobby::Dismiss(Session& session) {
@@ -330,8 +353,13 @@ void Lobby::SendUserList(Session& session) {
         return;
     out_.StartListening(session.box);
     timers_.Clear(session, TimerKind::Deadline);
-    if (!messageOfTheDay_.empty())
-        Tell(session, messageOfTheDay_);
+    std::string_view rest = messageOfTheDay_;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('\n'), rest.size());
+        if (const std::string line = PlainLine(rest.substr(0, end)); !line.empty())
+            Tell(session, line);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
 }
 
 void Lobby::AnnounceFrom(const Session& speaker, BlockWriter::Parts parts) {

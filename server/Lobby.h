@@ -23,8 +23,12 @@ namespace tarveth {
 
 class Lobby {
 public:
-    // Every user is told the message of the day after the list of users; an empty one is not told.
+    // Every user is told the message of the day after the list of users, line by line; an empty one is not
+    // told.
     Lobby(const Limits& limits, std::string messageOfTheDay);
+
+    // Replaces limits and message of the day for all that follows.
+    void Configure(const Limits& limits, std::string messageOfTheDay);
 
     // These calls are for the transport. It owns the sessions, and keeps each at its address from Enter to
     // Leave.
@@ -47,6 +51,9 @@ public:
     // All users, in no particular order.
     const std::vector<Session*>& Users() const { return users_; }
     const Limits& Bounds() const { return limits_; }
+    // The bytes that all clients together keep in memory, and those of one client.
+    std::size_t MemoryHeld() const;
+    std::size_t HeldBy(const Session& session) const;
     Figures& Counts() { return figures_; }
     Time Now() const { return now_; }
 
@@ -86,6 +93,7 @@ private:
     void Offend(Session& session, double offences);
     void Pause(Session& session, Clock::duration time);
     void WatchOpenLine(Session& session);
+    void CountInput(Session& session, std::size_t bytes);
     void RemoveUser(Session& session);
     void AddUser(Session& session);
     void RenameUser(Session& session, const std::string& nick);
@@ -96,10 +104,11 @@ private:
     ReservedNames reservedNames_;
     AddressBook addresses_;
     std::size_t connections_ = 0;
+    std::size_t inputHeld_ = 0; // bytes of all incomplete messages and lines
     std::string messageOfTheDay_;
     Figures figures_;
     Outgoing out_;
-    Roster roster_;
+    Roster roster_{out_.Count()};
     Timers timers_;
     std::vector<Session*> users_;
     std::vector<Session*> ignorers_; // the users who ignore somebody

@@ -13,6 +13,9 @@ constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 // memory.
 constexpr std::size_t kWorthABlock = kBlockSize / 4;
 
+// The size of the blocks into which a slow outbox copies its small slices.
+constexpr std::size_t kCopyBlockSize = kWorthABlock;
+
 // The capacity of the list of slices that an outbox keeps while it is empty.
 constexpr std::size_t kIdleSlices = 2;
 
@@ -41,6 +44,7 @@ void DropSent(Outbox& box, std::size_t bytes) {
             break;
         }
         bytes -= length;
+        box.held -= std::min(box.held, first.block->capacity);
         ++gone;
     }
     box.slices.erase(box.slices.begin(), box.slices.begin() + static_cast<std::ptrdiff_t>(gone));
@@ -48,16 +52,16 @@ void DropSent(Outbox& box, std::size_t bytes) {
         box.slices = {};
 }
 
-void CopyOut(Outbox& box) {
-    auto own = std::make_shared<Block>(box.unsent);
-    for (const Slice& slice : box.slices) {
-        const std::string_view view = slice.View();
-        std::memcpy(own->bytes.get() + own->size, view.data(), view.size());
-        own->size += view.size();
-    }
-    const auto size = static_cast<std::uint32_t>(own->size);
-    box.slices.clear();
-    box.slices.push_back({std::move(own), 0, size});
+bool Continues(const std::vector<Slice>& list, const Slice& slice) {
+    return !list.empty() && list.back().block == slice.block && list.back().end == slice.begin;
+}
+
+// Appends the slice's bytes to the block of another one that ends where its block does.
+void AppendBytes(Slice& to, const Slice& slice) {
+    const std::string_view bytes = slice.View();
+    std::memcpy(to.block->bytes.get() + to.block->size, bytes.data(), bytes.size());
+    to.block->size += bytes.size();
+    to.end += static_cast<std::uint32_t>(bytes.size());
 }
 
 } // namespace
@@ -70,7 +74,7 @@ Slice BlockWriter::Append(Parts parts) {
     if (block_ && block_.use_count() == 1)
         block_->size = 0;
     if (!block_ || block_->capacity - block_->size < length)
-        block_ = std::make_shared<Block>(std::max(kBlockSize, length));
+        block_ = std::make_shared<Block>(std::max(kBlockSize, length), total_);
     const auto begin = static_cast<std::uint32_t>(block_->size);
     for (const std::string_view part : parts) {
         if (!part.empty())
@@ -81,25 +85,86 @@ Slice BlockWriter::Append(Parts parts) {
 }
 
 void AddSlice(std::vector<Slice>& list, const Slice& slice) {
-    if (!list.empty() && list.back().block == slice.block && list.back().end == slice.begin)
+    if (Continues(list, slice))
         list.back().end = slice.end;
     else
         list.push_back(slice);
 }
 
+void Outgoing::Queue(Outbox& box, const Slice& slice) const {
+    box.unsent += slice.View().size();
+    if (Continues(box.slices, slice)) {
+        box.slices.back().end = slice.end;
+        return;
+    }
+    if (box.slow)
+        CopySmallLast(box);
+    box.slices.push_back(slice);
+    if (box.slow)
+        box.held += slice.block->capacity;
+}
+
+// The last slice of a slow outbox grows no more. If it is small, its bytes are copied, so that it no longer
+// keeps a block that others fill.
+void Outgoing::CopySmallLast(Outbox& box) const {
+    if (box.slices.empty() || box.slices.back().block->ofOneBox ||
+        box.slices.back().View().size() >= kWorthABlock)
+        return;
+    const Slice last = box.slices.back();
+    const std::size_t size = last.View().size();
+    box.slices.pop_back();
+    box.held -= last.block->capacity;
+    const bool fits = !box.slices.empty() && box.slices.back().block->ofOneBox &&
+                      box.slices.back().block->capacity - box.slices.back().block->size >= size;
+    if (!fits) {
+        auto block = std::make_shared<Block>(std::max(kCopyBlockSize, size), total_);
+        block->ofOneBox = true;
+        box.held += block->capacity;
+        box.slices.push_back({std::move(block), 0, 0});
+    }
+    AppendBytes(box.slices.back(), last);
+}
+
+void Outgoing::CopyOut(Outbox& box) const {
+    Slice own{std::make_shared<Block>(box.unsent, total_), 0, 0};
+    own.block->ofOneBox = true;
+    for (const Slice& slice : box.slices)
+        AppendBytes(own, slice);
+    box.slow = true;
+    box.held = own.block->capacity;
+    box.slices.clear();
+    box.slices.push_back(std::move(own));
+}
+
+void Outgoing::Hold(Outbox& box) {
+    QueueAnnouncements(box);
+    if (box.slow)
+        return;
+    const std::vector<Slice> slices = std::exchange(box.slices, {});
+    box.slow = true;
+    box.held = 0;
+    box.unsent = 0;
+    for (const Slice& slice : slices)
+        Queue(box, slice);
+}
+
+void Outgoing::Discard(Outbox& box) {
+    box = {};
+}
+
+std::size_t Outgoing::HeldBy(const Outbox& box) const {
+    return std::max(Unsent(box), box.held + box.slices.capacity() * sizeof(Slice));
+}
+
 void Outgoing::ToOne(Outbox& box, BlockWriter::Parts parts) {
     QueueAnnouncements(box);
-    const Slice slice = personal_.Append(parts);
-    box.unsent += slice.View().size();
-    AddSlice(box.slices, slice);
+    Queue(box, personal_.Append(parts));
 }
 
 void Outgoing::ToOne(Outbox& box, const std::vector<Slice>& slices) {
     QueueAnnouncements(box);
-    for (const Slice& slice : slices) {
-        box.unsent += slice.View().size();
-        AddSlice(box.slices, slice);
-    }
+    for (const Slice& slice : slices)
+        Queue(box, slice);
 }
 
 void Outgoing::ToAll(BlockWriter::Parts parts) {
@@ -121,9 +186,7 @@ void Outgoing::StartListening(Outbox& box) {
 void Outgoing::QueueAnnouncements(Outbox& box) {
     if (!box.listening || Taken(box) == announced_)
         return;
-    box.unsent += announced_ - Taken(box);
-    ForEachBehind(announcedThisTurn_, Taken(box),
-                  [&box](const Slice& slice) { AddSlice(box.slices, slice); });
+    ForEachBehind(announcedThisTurn_, Taken(box), [this, &box](const Slice& slice) { Queue(box, slice); });
     TakeAll(box);
 }
 
@@ -156,6 +219,8 @@ void Outgoing::Sent(Outbox& box, std::size_t bytes) {
         box.slices.clear();
         if (box.slices.capacity() > kIdleSlices)
             box.slices = {};
+        box.slow = false;
+        box.held = 0;
         TakeAll(box);
         return;
     }

@@ -9,6 +9,9 @@ namespace tarveth {
 
 class Roster {
 public:
+    // count: where the memory of the text is counted.
+    explicit Roster(const ByteCount& count) : writer_(count) {}
+
     void Add(const Session& user);
     void UserChanged() { stale_ = true; }
 

@@ -4,6 +4,7 @@
 
 #include <spdlog/spdlog.h>
 
+#include <algorithm>
 #include <span>
 #include <utility>
 
@@ -22,6 +23,13 @@ constexpr auto kNoSocketPause = 100ms;
 
 // How long the program waits at its end for clients that have not yet read that the lobby is closing.
 constexpr auto kShutdownTimeout = 1s;
+
+// What is set aside for the time until clients can be dropped: more than any single event allocates.
+constexpr std::size_t kMemoryReserve = std::size_t{8} << 20;
+
+// Freed memory is returned to the system this long after at least so much of it has become free.
+constexpr auto kTrimPause = 5s;
+constexpr std::size_t kWorthTrimming = std::size_t{4} << 20;
 
 // The most buffers of one write.
 constexpr std::size_t kParts = 64;
@@ -51,15 +59,25 @@ std::size_t SendSome(TcpSocket& socket, const std::vector<std::string_view>& par
 Transport::Transport(asio::io_context& io, const ListenOptions& listen, const Limits& limits,
                      std::string messageOfTheDay)
     : io_(io),
+      listen_(listen),
       acceptor_(io, {asio::ip::make_address(listen.bindAddress), listen.port},
                 platform::ListenerSetsReuseAddress()),
       reserve_(io),
       timer_(io),
       retry_(io),
+      trim_(io),
+      reserveMemory_(kMemoryReserve),
       lobby_(limits, std::move(messageOfTheDay)) {
     acceptor_.non_blocking(true);
     reserve_.open(asio::ip::tcp::v4());
     WaitForClients();
+}
+
+void Transport::Configure(const ListenOptions& listen, const Limits& limits, std::string messageOfTheDay) {
+    if (listen.bindAddress != listen_.bindAddress || listen.port != listen_.port)
+        spdlog::warn("Another address or port needs a restart of the lobby");
+    listen_.keepAliveSeconds = listen.keepAliveSeconds;
+    lobby_.Configure(limits, std::move(messageOfTheDay));
 }
 
 void Transport::WaitForClients() {
@@ -102,7 +120,7 @@ void Transport::Admit(TcpSocket socket, const asio::ip::address& address) {
     asio::error_code ignored;
     connection->socket.non_blocking(true, ignored);
     connection->socket.set_option(asio::ip::tcp::no_delay(true), ignored);
-    platform::EnableKeepAlive(static_cast<int>(connection->socket.native_handle()));
+    platform::EnableKeepAlive(static_cast<int>(connection->socket.native_handle()), listen_.keepAliveSeconds);
     connections_.push_back(std::move(connection));
 }
 
@@ -176,18 +194,20 @@ bool Transport::Flush(Connection& connection) {
         asio::error_code error;
         const auto& parts = lobby_.Out().Pending(box, kParts);
         const std::size_t sent = SendSome(connection.socket, parts, error);
-        if (error == asio::error::would_block)
+        if (error == asio::error::would_block) {
+            lobby_.Out().Hold(box);
             WaitToWrite(connection);
-        else if (error)
+        } else if (error)
             return false;
         else
             lobby_.Out().Sent(box, sent);
     }
     lobby_.Out().QueueAnnouncements(box);
-    if (lobby_.Out().Unsent(box) <= lobby_.Bounds().unsentBytes)
+    if (lobby_.Out().HeldBy(box) <= lobby_.Bounds().unsentBytes)
         return true;
     ++lobby_.Counts().slowReaders;
-    spdlog::info("{} was dropped: {} bytes wait to be read", connection.session.nick, box.unsent);
+    spdlog::info("{} was dropped: {} bytes wait to be read, and hold {}", connection.session.nick, box.unsent,
+                 lobby_.Out().HeldBy(box));
     return false;
 }
 
@@ -228,7 +248,9 @@ void Transport::FreeWhenIdle(Connection& connection) {
 void Transport::AfterEvent() {
     ++eventsServed_;
     ServeDue();
+    RelieveMemory();
     closedConnections_.clear();
+    TrimMemoryLater();
     SetTimer();
     if (stopping_ && connections_.empty())
         io_.stop();
@@ -237,6 +259,55 @@ void Transport::AfterEvent() {
     announcing_ = true;
     announcementTime_ = Clock::now();
     GatherAnnouncements();
+}
+
+// Drops the clients that keep the most in memory, until what all keep is below the limit. The same happens
+// when an allocation has failed and used up the reserve.
+void Transport::RelieveMemory() {
+    while (lobby_.MemoryHeld() > lobby_.Bounds().memory && DropSlowest()) {
+    }
+    if (!reserveMemory_.IsUsed())
+        return;
+    spdlog::warn("Memory has run out; the slowest clients are dropped");
+    do
+        platform::ReturnFreeMemory();
+    while (!reserveMemory_.Refill() && DropSlowest());
+}
+
+// False if no client keeps anything in memory.
+bool Transport::DropSlowest() {
+    Connection* slowest = nullptr;
+    std::size_t most = 0;
+    for (const auto& connection : connections_) {
+        const std::size_t held = connection->closed ? 0 : lobby_.HeldBy(connection->session);
+        if (held > most) {
+            most = held;
+            slowest = connection.get();
+        }
+    }
+    if (slowest == nullptr)
+        return false;
+    ++lobby_.Counts().memoryDrops;
+    spdlog::info("{} was dropped: the memory for all clients is full, and it holds {} bytes",
+                 slowest->session.nick, most);
+    Drop(*slowest);
+    return true;
+}
+
+// The C library keeps freed memory. Some seconds after a flood it is returned to the system.
+void Transport::TrimMemoryLater() {
+    peakMemory_ = std::max(peakMemory_, lobby_.MemoryHeld());
+    if (trimming_ || peakMemory_ < lobby_.MemoryHeld() + kWorthTrimming)
+        return;
+    trimming_ = true;
+    trim_.expires_after(kTrimPause);
+    trim_.async_wait([this](const asio::error_code& cancelled) {
+        trimming_ = false;
+        if (cancelled)
+            return;
+        platform::ReturnFreeMemory();
+        peakMemory_ = lobby_.MemoryHeld();
+    });
 }
 
 // While more events arrive, announcements wait for as long as sending them took the last time. So a crowd
@@ -315,10 +386,11 @@ void Transport::LogFigures() {
     const Figures& counts = lobby_.Counts();
     spdlog::info(
         "{} connections, {} users, {} games; {} arrivals, {} refused, {} silent; {} messages, {} moves, "
-        "{} chat lines; {} dropped, {} pauses, {} slow readers dropped, {} flooders put out",
+        "{} chat lines; {} dropped, {} pauses, {} slow readers dropped, {} flooders put out, {} dropped for "
+        "memory",
         connections_.size(), lobby_.Users().size(), counts.games, counts.arrivals, counts.refusedArrivals,
         counts.silent, counts.messages, counts.moves, counts.chatLines, counts.dropped, counts.pauses,
-        counts.slowReaders, counts.flooders);
+        counts.slowReaders, counts.flooders, counts.memoryDrops);
 }
 
 } // namespace tarveth

@@ -2,6 +2,7 @@
 // loop. The transport composes no text of the protocol: that is the lobby's.
 #pragma once
 
+#include "platform/memory.h"
 #include "server/Connection.h"
 #include "server/Lobby.h"
 #include "server/asio.h"
@@ -17,6 +18,7 @@ namespace tarveth {
 struct ListenOptions {
     std::string bindAddress = "127.0.0.1";
     std::uint16_t port = 9090; // 0 for a port that the system chooses
+    int keepAliveSeconds = 60; // after which a client that has vanished is noticed
 };
 
 class Transport {
@@ -25,6 +27,8 @@ public:
     Transport(asio::io_context& io, const ListenOptions& listen, const Limits& limits,
               std::string messageOfTheDay);
 
+    // Applies other options while clients are connected. The address and the port stay as they are.
+    void Configure(const ListenOptions& listen, const Limits& limits, std::string messageOfTheDay);
     asio::ip::tcp::endpoint Endpoint() const { return acceptor_.local_endpoint(); }
     // Stops listening, tells all clients that the lobby closes, and ends the loop when they have been told.
     void Stop();
@@ -50,13 +54,21 @@ private:
     void ServeDue();
     void SendAnnouncements();
     void SetTimer();
+    void RelieveMemory();
+    bool DropSlowest();
+    void TrimMemoryLater();
 
     asio::io_context& io_;
+    ListenOptions listen_;
     TcpAcceptor acceptor_;
     TcpSocket
         reserve_; // closed for a moment when no descriptors are left, so as to accept one client and tell it
     asio::steady_timer timer_;
     asio::steady_timer retry_;
+    asio::steady_timer trim_;
+    platform::MemoryReserve reserveMemory_;
+    std::size_t peakMemory_ = 0; // the most that clients held since free memory was returned to the system
+    bool trimming_ = false;      // trim_ is set
     Lobby lobby_;
     std::vector<std::unique_ptr<Connection>> connections_;
     std::vector<std::unique_ptr<Connection>> closedConnections_; // freed after the event that closed them

@@ -9,6 +9,8 @@
 
 #include <csignal>
 #include <exception>
+#include <string>
+#include <vector>
 
 namespace tarveth {
 
@@ -30,12 +32,34 @@ void WaitForFigures(asio::signal_set& signal, Transport& transport) {
     });
 }
 
-void Serve(const LobbyOptions& options) {
+// Reads the files anew. A fault of theirs is logged, and changes nothing.
+void Reload(const std::vector<std::string>& words, Transport& transport) {
+    try {
+        const LobbyOptions options = ReadOptions(words);
+        transport.Configure(options.listen, options.limits, options.messageOfTheDay);
+        spdlog::set_level(spdlog::level::from_str(options.logLevel));
+        spdlog::info("The configuration has been read again");
+    } catch (const OptionError& error) {
+        spdlog::error("The configuration stays as it is: {}", error.what());
+    }
+}
+
+void WaitForReload(asio::signal_set& signal, const std::vector<std::string>& words, Transport& transport) {
+    signal.async_wait([&signal, &words, &transport](const asio::error_code& cancelled, int) {
+        if (cancelled)
+            return;
+        Reload(words, transport);
+        WaitForReload(signal, words, transport);
+    });
+}
+
+void Serve(const LobbyOptions& options, const std::vector<std::string>& words) {
     platform::RaiseOpenFileLimit();
     platform::IgnoreSigpipe();
     asio::io_context io(platform::SignalHandlersRunOnAnotherThread() ? 1 : ASIO_CONCURRENCY_HINT_UNSAFE);
     asio::signal_set end(io, SIGINT, SIGTERM);
     asio::signal_set figures(io);
+    asio::signal_set reload(io);
     Transport transport(io, options.listen, options.limits, options.messageOfTheDay);
     end.async_wait([&transport](const asio::error_code& cancelled, int) {
         if (!cancelled)
@@ -44,6 +68,10 @@ void Serve(const LobbyOptions& options) {
     if (const auto signal = platform::FiguresSignal()) {
         figures.add(*signal);
         WaitForFigures(figures, transport);
+    }
+    if (const auto signal = platform::ReloadSignal()) {
+        reload.add(*signal);
+        WaitForReload(reload, words, transport);
     }
     spdlog::info("tarveth-lobby {} listens on {}, port {}", kVersion,
                  transport.Endpoint().address().to_string(), transport.Endpoint().port());
@@ -63,7 +91,7 @@ int main(int count, char** arguments) {
         return exitCode;
     try {
         tarveth::StartLog(options->logLevel);
-        tarveth::Serve(*options);
+        tarveth::Serve(*options, {arguments + 1, arguments + count});
     } catch (const std::exception& error) {
         spdlog::error("The lobby can't run on {}, port {}: {}", options->listen.bindAddress,
                       options->listen.port, error.what());

@@ -1,21 +1,34 @@
 #include "server/options.h"
 
+#include "server/config_file.h"
+#include "text/codepage.h"
 #include "text/versionnumber.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
 namespace tarveth {
 
 namespace {
 
-constexpr double kMinute = 60;
-constexpr double kBytesAtOnce = 64;    // the seconds whose bytes a client may send at once
+constexpr double kPeriod = 10; // the seconds for which the limits of chat, messages and renames are given
+constexpr double kMinute = 60; // and those of arrivals and invitations
+constexpr double kBytesAtOnce = 64;    // the seconds whose useless bytes a client may send at once
 constexpr double kOffencePeriod = 100; // the seconds after which all offences are forgiven
-constexpr double kPeriod = 10;         // the seconds for which the limits of chat and messages are given
+constexpr double kMost = 1e9;
+constexpr double kLeastUnsent = 65536;
+constexpr double kLeastMemory = 16 << 20;
+constexpr double kHandshakeMessages = 3; // clientver, nick and sendnicks come at once
 
-// The limits in the units of the command line.
-struct RatesOfOptions {
+// The options in the units in which they are given.
+struct GivenOptions {
+    LobbyOptions options;
     double chatLines = 5;
     double chatBurst = 8;
     double chatCharacters = 1500;
@@ -24,103 +37,263 @@ struct RatesOfOptions {
     double arrivals = 10;
     double renames = 3;
     double invitations = 5;
-    double bytes = 32768;
+    double uselessBytes = 32768;
     double offences = 200;
     double handshake = 15;
+    double linePause = 0.1;
     std::string oldestClient = "2.0.0";
+    std::string messageFile;
+    std::string configFile;
 };
 
-std::string CheckVersion(const std::string& text) {
-    return VersionNumber(text) ? "" : text + " is no version";
+std::optional<double> NumberOf(const std::string& text) {
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
 }
 
-void AddListenOptions(CLI::App& app, ListenOptions& listen, Limits& limits) {
-    app.add_option("--port", listen.port, "Port to listen on; 0 lets the system choose one")
-        ->capture_default_str();
-    app.add_option("--bind", listen.bindAddress, "Address to listen on; 0.0.0.0 serves other computers")
-        ->capture_default_str()
-        ->check(CLI::ValidIPV4 | CLI::Validator(
-                                     [](const std::string& text) {
-                                         return text.find(':') == std::string::npos ? "no address" : "";
-                                     },
-                                     "IPV6"));
-    app.add_option("--max-clients", limits.maxClients, "Connections in all")->capture_default_str();
-    app.add_option(
-           "--per-address", limits.perAddress,
-           "Connections of one address at the same time. An address is an IPv4 address or an IPv6 /64")
-        ->capture_default_str();
+// A number in this range; the comparisons are false for "nan".
+CLI::Validator Between(double least, double most) {
+    return {[least, most](std::string& text) {
+                const auto number = NumberOf(text);
+                return number && *number >= least && *number <= most
+                           ? std::string()
+                           : text + " is not between " + CLI::detail::to_string(least) + " and " +
+                                 CLI::detail::to_string(most);
+            },
+            "NUMBER"};
 }
 
-void AddLimits(CLI::App& app, Limits& limits, RatesOfOptions& rates) {
-    const auto rate = [&app](const char* name, double& value, const char* text) {
-        app.add_option(name, value, text)->capture_default_str()->check(CLI::Range(0.0, 1e9));
-    };
-    app.add_option("--message-size", limits.longestMessage, "Characters of the longest message")
-        ->capture_default_str()
-        ->check(CLI::Range(std::size_t{256}, kLongestMessage));
-    rate("--chat-lines", rates.chatLines, "Chat lines of a user in 10 seconds; 0 for no limit");
-    rate("--chat-burst", rates.chatBurst, "Chat lines that a user may send at once");
-    rate("--chat-characters", rates.chatCharacters,
-         "Characters of chat of a user in 10 seconds; 0 for no limit");
-    rate("--messages", rates.messages, "Other lobby messages of a user in 10 seconds; 0 for no limit");
-    rate("--moves", rates.moves, "Game messages of a user in a second; 0 for no limit");
-    rate("--arrivals", rates.arrivals,
-         "Connections of one address that are accepted in a minute; 0 for no limit");
-    rate("--renames", rates.renames, "New nicknames of a user in 10 seconds; 0 for no limit");
-    rate("--invitations", rates.invitations, "Invitations by a user in a minute; 0 for no limit");
-    rate("--useless-bytes", rates.bytes,
-         "Useless bytes of a client in a second, beyond which it is read more slowly; 0 for no limit");
-    rate("--offences", rates.offences,
-         "Dropped messages and lines after which a client is put out; 0 for no limit");
-    app.add_flag("--exempt-loopback", limits.exemptLoopback,
-                 "Do not count clients of this computer by their address");
-    rate("--handshake", rates.handshake, "Seconds in which a client has to complete the handshake");
-    app.add_option("--unsent-bytes", limits.unsentBytes,
-                   "Bytes that may wait for a client that does not read before it is dropped")
-        ->capture_default_str();
-    app.add_option("--oldest-client", rates.oldestClient, "Oldest version of the game that is served")
-        ->capture_default_str()
-        ->check(CheckVersion);
+// A limit: 0 for none, else at least so much that something gets through.
+CLI::Validator LimitFrom(double least) {
+    return {[least](std::string& text) {
+                const auto number = NumberOf(text);
+                return number && (*number == 0 || (*number >= least && *number <= kMost))
+                           ? std::string()
+                           : text + " is neither 0, for no limit, nor between " +
+                                 CLI::detail::to_string(least) + " and " + CLI::detail::to_string(kMost);
+            },
+            "NUMBER"};
 }
 
-void Apply(const RatesOfOptions& rates, Limits& limits) {
-    limits.chatLines = {rates.chatLines / kPeriod, rates.chatBurst};
-    limits.chatCharacters = {rates.chatCharacters / kPeriod, rates.chatCharacters};
-    limits.messages = {rates.messages / kPeriod, rates.messages};
-    limits.moves = {rates.moves, 2 * rates.moves};
-    limits.arrivals = {rates.arrivals / kMinute, rates.arrivals};
-    limits.renames = {rates.renames / kPeriod, rates.renames};
-    limits.invitations = {rates.invitations / kMinute, rates.invitations};
-    limits.uselessBytes = {rates.bytes, kBytesAtOnce * rates.bytes};
-    limits.offences = {rates.offences / kOffencePeriod, rates.offences};
-    limits.handshake =
-        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::duration<double>(rates.handshake));
-    limits.oldestClient = VersionNumber(rates.oldestClient).value_or(limits.oldestClient);
+CLI::Validator Version() {
+    return {[](std::string& text) { return VersionNumber(text) ? std::string() : text + " is no version"; },
+            "VERSION"};
+}
+
+CLI::Validator IPv6() {
+    return {[](std::string& text) {
+                const auto address = ParseAddress(text);
+                return address && !address->IsIPv4() ? std::string() : text + " is no address";
+            },
+            "IPV6"};
+}
+
+class Parser {
+public:
+    Parser() {
+        app_.set_version_flag("--version", std::string("tarveth-lobby ") + kVersion);
+        app_.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+        AddPlace();
+        AddRates();
+        AddAddresses();
+        AddBounds();
+        AddTexts();
+        app_.footer("Ends on SIGINT and SIGTERM, and tells its users. Reads its files again on SIGHUP. Logs "
+                    "its figures "
+                    "on SIGUSR1, on Windows on Ctrl+Break.");
+    }
+    // Throws CLI::ParseError.
+    void Parse(std::vector<std::string> words) {
+        std::ranges::reverse(words);
+        app_.parse(std::move(words));
+    }
+    int Exit(const CLI::ParseError& error) const { return app_.exit(error); }
+    const GivenOptions& Given() const { return given_; }
+
+private:
+    CLI::Option* Add(const char* name, auto& value, const char* text) {
+        return app_.add_option(name, value, text)->capture_default_str();
+    }
+
+    void AddPlace() {
+        ListenOptions& listen = given_.options.listen;
+        app_.add_option("--config", given_.configFile, "File with further options, one a line: name = value");
+        Add("--port", listen.port, "Port to listen on; 0 lets the system choose one");
+        Add("--bind", listen.bindAddress,
+            "Address to listen on; 0.0.0.0 serves other computers, :: with IPv6 as well")
+            ->check(CLI::ValidIPV4 | IPv6());
+        Add("--keep-alive", listen.keepAliveSeconds,
+            "Seconds after which a client that has vanished is noticed")
+            ->check(Between(10, 86400));
+    }
+
+    void AddRates() {
+        Add("--chat-lines", given_.chatLines, "Chat lines of a user in 10 seconds; 0 for no limit")
+            ->check(LimitFrom(0.01));
+        Add("--chat-burst", given_.chatBurst, "Chat lines that a user may send at once")
+            ->check(Between(1, kMost));
+        Add("--chat-characters", given_.chatCharacters,
+            "Characters of chat of a user in 10 seconds; 0 for no limit")
+            ->check(LimitFrom(1));
+        Add("--messages", given_.messages, "Other lobby messages of a user in 10 seconds; 0 for no limit")
+            ->check(LimitFrom(kHandshakeMessages));
+        Add("--moves", given_.moves, "Game messages of a user in a second; 0 for no limit")
+            ->check(LimitFrom(1));
+        Add("--renames", given_.renames, "New nicknames of a user in 10 seconds; 0 for no limit")
+            ->check(LimitFrom(1));
+        Add("--invitations", given_.invitations, "Invitations by a user in a minute; 0 for no limit")
+            ->check(LimitFrom(1));
+        Add("--useless-bytes", given_.uselessBytes,
+            "Bytes of dropped messages and lines in a second, beyond which a client is read more slowly; 0 "
+            "for no limit")
+            ->check(LimitFrom(1));
+        Add("--offences", given_.offences,
+            "Dropped messages and lines after which a client is put out; 0 for no limit")
+            ->check(LimitFrom(1));
+    }
+
+    void AddAddresses() {
+        Limits& limits = given_.options.limits;
+        Add("--max-clients", limits.maxClients, "Connections in all")->check(Between(1, 1e6));
+        Add("--per-address", limits.perAddress,
+            "Connections of one address at the same time. An address is an IPv4 address or an IPv6 /64")
+            ->check(Between(1, 1e6));
+        Add("--arrivals", given_.arrivals,
+            "Connections of one address that are accepted in a minute; 0 for no limit")
+            ->check(LimitFrom(1));
+        app_.add_flag("--exempt-loopback", limits.exemptLoopback,
+                      "Do not count clients of this computer by their address");
+    }
+
+    void AddBounds() {
+        Limits& limits = given_.options.limits;
+        Add("--message-size", limits.longestMessage, "Characters of the longest message")
+            ->check(Between(256, static_cast<double>(kLongestMessage)));
+        Add("--open-invitations", limits.openInvitations, "Invitations of a user that may wait for an answer")
+            ->check(Between(1, 1000));
+        Add("--ignored-users", limits.ignoredUsers, "Users whom a user may ignore")->check(Between(0, 10000));
+        Add("--handshake", given_.handshake, "Seconds in which a client has to complete the handshake")
+            ->check(Between(0.1, 86400));
+        Add("--line-pause", given_.linePause,
+            "Seconds without more bytes that end a chat line without a line end")
+            ->check(Between(0.01, 10));
+        Add("--unsent-bytes", limits.unsentBytes,
+            "Bytes that may be held for a client that does not read before it is dropped")
+            ->check(Between(kLeastUnsent, 1e15));
+        app_.add_option(
+                "--memory", limits.memory,
+                "Bytes that all clients together may take, such as 256MiB; then the slowest are dropped")
+            ->transform(CLI::AsSizeValue(false) & Between(kLeastMemory, 1e15))
+            ->default_str("256MiB");
+        Add("--oldest-client", given_.oldestClient, "Oldest version of the game that is served")
+            ->check(Version());
+    }
+
+    void AddTexts() {
+        app_.add_option("--message-of-the-day", given_.options.messageOfTheDay,
+                        "Notice that every user gets on arrival");
+        app_.add_option("--message-of-the-day-file", given_.messageFile,
+                        "File in UTF-8 whose lines every user gets on arrival");
+        Add("--log-level", given_.options.logLevel, "What goes to the standard error stream")
+            ->check(CLI::IsMember({"debug", "info", "warn", "error", "off"}));
+    }
+
+    GivenOptions given_;
+    CLI::App app_{"The lobby that two programs of Tarveth meet in", "tarveth-lobby"};
+};
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    if (!file)
+        throw OptionError(path + " can't be read");
+    return text;
+}
+
+// The options of the file as words of a command line. Each line is tried alone, so that a fault is told with
+// its line.
+std::vector<std::string> WordsOfFile(const std::string& path) {
+    std::ifstream file(path);
+    if (!file)
+        throw OptionError(path + " can't be read");
+    std::vector<std::string> words;
+    for (const ConfigLine& line : ReadConfigLines(file)) {
+        const std::string place = path + ", line " + std::to_string(line.number) + ": ";
+        if (line.word.empty())
+            throw OptionError(place + "a line is option = value");
+        try {
+            Parser alone;
+            alone.Parse({line.word});
+            if (!alone.Given().configFile.empty())
+                throw OptionError(place + "a configuration file names no other one");
+        } catch (const CLI::ParseError& error) {
+            throw OptionError(place + error.what());
+        }
+        words.push_back(line.word);
+    }
+    return words;
+}
+
+std::chrono::milliseconds Milliseconds(double seconds) {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
+}
+
+LobbyOptions Convert(const GivenOptions& given) {
+    LobbyOptions options = given.options;
+    Limits& limits = options.limits;
+    limits.chatLines = {given.chatLines / kPeriod, given.chatBurst};
+    limits.chatCharacters = {given.chatCharacters / kPeriod, given.chatCharacters};
+    limits.messages = {given.messages / kPeriod, given.messages};
+    limits.renames = {given.renames / kPeriod, given.renames};
+    limits.moves = {given.moves, 2 * given.moves};
+    limits.arrivals = {given.arrivals / kMinute, given.arrivals};
+    limits.invitations = {given.invitations / kMinute, given.invitations};
+    limits.uselessBytes = {given.uselessBytes, kBytesAtOnce * given.uselessBytes};
+    limits.offences = {given.offences / kOffencePeriod, given.offences};
+    limits.handshake = Milliseconds(given.handshake);
+    limits.linePause = Milliseconds(given.linePause);
+    limits.oldestClient = *VersionNumber(given.oldestClient);
+    if (!given.messageFile.empty())
+        options.messageOfTheDay = ReadFile(given.messageFile);
+    options.messageOfTheDay = ToWire(options.messageOfTheDay);
+    return options;
+}
+
+// Throws CLI::ParseError for the command line, OptionError for files.
+LobbyOptions Read(Parser& parser, const std::vector<std::string>& words) {
+    parser.Parse(words);
+    if (parser.Given().configFile.empty())
+        return Convert(parser.Given());
+    std::vector<std::string> all = WordsOfFile(parser.Given().configFile);
+    all.insert(all.end(), words.begin(), words.end());
+    Parser both;
+    both.Parse(all);
+    return Convert(both.Given());
 }
 
 } // namespace
 
-std::optional<LobbyOptions> ReadCommandLine(int count, char** arguments, int& exitCode) {
-    LobbyOptions options;
-    RatesOfOptions rates;
-    CLI::App app("The lobby that two programs of Tarveth meet in", "tarveth-lobby");
-    app.set_version_flag("--version", std::string("tarveth-lobby ") + kVersion);
-    AddListenOptions(app, options.listen, options.limits);
-    AddLimits(app, options.limits, rates);
-    app.add_option("--message-of-the-day", options.messageOfTheDay, "Notice that every user gets on arrival");
-    app.add_option("--log-level", options.logLevel, "What goes to the standard error stream")
-        ->capture_default_str()
-        ->check(CLI::IsMember({"debug", "info", "warn", "error", "off"}));
-    app.footer("Ends on SIGINT and SIGTERM, and tells its users. Logs its figures on SIGUSR1, on Windows on "
-               "Ctrl+Break.");
+LobbyOptions ReadOptions(const std::vector<std::string>& words) {
+    Parser parser;
     try {
-        app.parse(count, arguments);
+        return Read(parser, words);
     } catch (const CLI::ParseError& error) {
-        exitCode = app.exit(error);
-        return std::nullopt;
+        throw OptionError(error.what());
     }
-    Apply(rates, options.limits);
-    return options;
+}
+
+std::optional<LobbyOptions> ReadCommandLine(int count, char** arguments, int& exitCode) {
+    Parser parser;
+    try {
+        return Read(parser, {arguments + 1, arguments + count});
+    } catch (const CLI::ParseError& error) {
+        exitCode = parser.Exit(error);
+    } catch (const OptionError& error) {
+        std::cerr << error.what() << '\n';
+        exitCode = 1;
+    }
+    return std::nullopt;
 }
 
 } // namespace tarveth

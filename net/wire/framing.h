@@ -46,6 +46,8 @@ public:
 
     // Whether the beginning of an incomplete message is being kept.
     bool InMessage() const { return inMessage_; }
+    // The memory that the beginning of an incomplete message takes, in bytes.
+    std::size_t KeptBytes() const { return kept_.capacity(); }
 
 private:
     std::optional<Frame> NextInMessage(std::string_view& bytes);

@@ -11,14 +11,13 @@ namespace tarveth::platform {
 
 namespace {
 
-// Keep-alive probes start after this many idle seconds; a peer that answers none of kAttempts probes, each
-// kSecondsBetween apart, is gone. Together that is less than a minute.
-constexpr int kIdleSeconds = 30;
-constexpr int kSecondsBetween = 8;
-constexpr int kAttempts = 3;
+// How many keep-alive probes a peer may leave unanswered.
+constexpr int kProbes = 3;
 
-// How long sent bytes may stay unacknowledged. While there are any, the system sends no keep-alive probes.
-[[maybe_unused]] constexpr int kUnconfirmedMilliseconds = 50000;
+// The parts of the time until a vanished peer is noticed: it is idle for half of it, and each probe waits for
+// an eighth.
+constexpr int kIdlePart = 2;
+constexpr int kProbePart = 8;
 
 void SetOption(int socket, int level, int name, int value) {
     setsockopt(socket, level, name, &value, sizeof value);
@@ -42,20 +41,26 @@ bool ListenerSetsReuseAddress() {
     return true;
 }
 
-void EnableKeepAlive(int socket) {
+void EnableKeepAlive(int socket, int seconds) {
     SetOption(socket, SOL_SOCKET, SO_KEEPALIVE, 1);
 #ifdef TCP_KEEPIDLE
-    SetOption(socket, IPPROTO_TCP, TCP_KEEPIDLE, kIdleSeconds);
-    SetOption(socket, IPPROTO_TCP, TCP_KEEPINTVL, kSecondsBetween);
-    SetOption(socket, IPPROTO_TCP, TCP_KEEPCNT, kAttempts);
+    SetOption(socket, IPPROTO_TCP, TCP_KEEPIDLE, seconds / kIdlePart);
+    SetOption(socket, IPPROTO_TCP, TCP_KEEPINTVL, seconds / kProbePart);
+    SetOption(socket, IPPROTO_TCP, TCP_KEEPCNT, kProbes);
 #endif
 #ifdef TCP_USER_TIMEOUT
-    SetOption(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, kUnconfirmedMilliseconds);
+    // Sent bytes may stay unacknowledged for five sixths of the time. While there are any, no probes are
+    // sent.
+    SetOption(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, seconds * 5000 / 6);
 #endif
 }
 
 std::optional<int> FiguresSignal() {
     return SIGUSR1;
+}
+
+std::optional<int> ReloadSignal() {
+    return SIGHUP;
 }
 
 bool SignalHandlersRunOnAnotherThread() {

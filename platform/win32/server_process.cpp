@@ -10,10 +10,11 @@ namespace tarveth::platform {
 
 namespace {
 
-// Keep-alive probes start after kIdleMilliseconds and follow each other by kMillisecondsBetween. The system
-// itself fixes their number at ten, so that a vanished peer is noticed within a minute.
-constexpr ULONG kIdleMilliseconds = 30000;
-constexpr ULONG kMillisecondsBetween = 2500;
+// The parts of the time until a vanished peer is noticed: it is idle for half of it; the system then sends
+// ten probes.
+constexpr ULONG kIdlePart = 2;
+constexpr ULONG kProbePart = 24;
+constexpr ULONG kMillisecondsOfASecond = 1000;
 
 } // namespace
 
@@ -27,8 +28,9 @@ bool ListenerSetsReuseAddress() {
     return false;
 }
 
-void EnableKeepAlive(int socket) {
-    tcp_keepalive watch{1, kIdleMilliseconds, kMillisecondsBetween};
+void EnableKeepAlive(int socket, int seconds) {
+    const ULONG time = static_cast<ULONG>(seconds) * kMillisecondsOfASecond;
+    tcp_keepalive watch{1, time / kIdlePart, time / kProbePart};
     DWORD returned = 0;
     WSAIoctl(static_cast<SOCKET>(socket), SIO_KEEPALIVE_VALS, &watch, sizeof watch, nullptr, 0, &returned,
              nullptr, nullptr);
@@ -37,6 +39,10 @@ void EnableKeepAlive(int socket) {
 // The system raises SIGBREAK on Ctrl+Break.
 std::optional<int> FiguresSignal() {
     return SIGBREAK;
+}
+
+std::optional<int> ReloadSignal() {
+    return std::nullopt;
 }
 
 // The system starts a thread for every Ctrl+C.

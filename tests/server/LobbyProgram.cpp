@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <stdexcept>
 #include <utility>
 
@@ -95,6 +96,12 @@ void LobbyProgram::Kill() {
 
 void LobbyProgram::Signal(int signal) const {
     kill(process_, signal);
+}
+
+std::size_t LobbyProgram::ResidentBytes() const {
+    std::size_t pages = 0;
+    std::ifstream("/proc/" + std::to_string(process_) + "/statm") >> pages >> pages;
+    return pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 std::string LobbyProgram::LogLine() {

@@ -27,6 +27,8 @@ public:
     const std::string& Address() const { return address_; }
     int Port() const { return port_; }
     void Signal(int signal) const;
+    // Gives the resident size of the process in bytes.
+    std::size_t ResidentBytes() const;
     // Waits for the next line of the log.
     std::string LogLine();
     // Waits until the program ends, and gives its exit code; -1 if a signal ended it.

@@ -24,6 +24,14 @@ TEST(Handshake, ANicknameIsConfirmedAndTheUsersListed) {
     EXPECT_EQ(t.Heard(ann), "nickname set to Ann$@addnick(Bob,0)@addnick(Ann,0)@sys(Welcome [all)");
 }
 
+TEST(Handshake, TheLinesOfTheMessageOfTheDayStayApart) {
+    TestLobby t({}, "One\r\n\nTwo \251\n");
+    auto& ann = t.Connect();
+    t.ForgetAll();
+    t.Say(ann, "\251clientver(2.6.4)\251nick(Ann)\251sendnicks()");
+    EXPECT_EQ(t.Heard(ann), "nickname set to Ann$@addnick(Ann,0)@sys(One)@sys(Two )");
+}
+
 TEST(Handshake, ArrivalsDeparturesAndRenamesAreAnnounced) {
     TestLobby t;
     auto& bob = t.Join("Bob");

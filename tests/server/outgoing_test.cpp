@@ -69,6 +69,8 @@ TEST(Outgoing, WritesOfEverySizeKeepTheBytes) {
                 out.ToOne(box, {text});
             expected += text;
             sent += Take(out, box, most);
+            if (i % 7 == 3)
+                out.Hold(box);
             out.QueueAnnouncements(box);
             if (i % 5 == 0)
                 out.EndTurn();
@@ -114,6 +116,56 @@ TEST(Outgoing, AFewUnsentBytesDoNotHoldAWholeBlock) {
     Take(out, box, 1);
     ASSERT_EQ(box.slices.size(), 1U);
     EXPECT_EQ(box.slices.front().block->capacity, 2U);
+}
+
+// Between the bytes for the slow box, others fill the blocks.
+TEST(Outgoing, ASlowBoxHoldsLittleMoreThanItsUnsentBytes) {
+    Outgoing out;
+    Outbox slow;
+    out.StartListening(slow);
+    std::string expected;
+    for (int i = 0; i < 2000; ++i) {
+        out.ToOne(slow, {"letter"});
+        out.ToAll({"news"});
+        out.QueueAnnouncements(slow);
+        out.EndTurn();
+        out.Hold(slow);
+        expected += "letternews";
+        Outbox other;
+        out.ToOne(other, {std::string(20000, 'x')});
+        out.ToAll({std::string(20000, 'y')});
+        out.SkipAnnouncement(slow);
+        out.EndTurn();
+    }
+    constexpr std::size_t kBlocksOfTheWriters = 3 * 65536;
+    EXPECT_EQ(slow.unsent, expected.size());
+    EXPECT_GE(out.HeldBy(slow), slow.unsent);
+    EXPECT_LT(out.HeldBy(slow), 2 * slow.unsent + kBlocksOfTheWriters);
+    EXPECT_LT(out.BytesHeld(), 2 * slow.unsent + kBlocksOfTheWriters);
+    std::string sent;
+    while (out.Unsent(slow) > 0)
+        sent += Take(out, slow);
+    EXPECT_EQ(sent, expected);
+    EXPECT_LT(out.HeldBy(slow), 200U);
+    EXPECT_LT(out.BytesHeld(), kBlocksOfTheWriters);
+}
+
+TEST(Outgoing, LargeSlicesOfASlowBoxAreSharedAndCountInFull) {
+    Outgoing out;
+    Outbox a;
+    Outbox b;
+    out.StartListening(a);
+    out.StartListening(b);
+    for (int i = 0; i < 100; ++i)
+        out.ToAll({std::string(60000, 'x')});
+    out.Hold(a);
+    out.Hold(b);
+    out.EndTurn();
+    EXPECT_LT(out.BytesHeld(), 102U * 65536U);
+    EXPECT_GE(out.HeldBy(a), 100U * 65536U);
+    Outgoing::Discard(a);
+    Outgoing::Discard(b);
+    EXPECT_LT(out.BytesHeld(), 2U * 65536U);
 }
 
 } // namespace

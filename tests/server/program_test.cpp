@@ -6,6 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <utility>
+
+#include <unistd.h>
 
 namespace tarveth {
 namespace {
@@ -54,6 +59,85 @@ TEST(LobbyProgram, TellsTheMessageOfTheDay) {
     EXPECT_NE(ann.HearUntil("\251sys(Be kind)"), "");
 }
 
+// A file that goes with the test.
+class TestFile {
+public:
+    explicit TestFile(const std::string& text)
+        : path_(testing::TempDir() + "lobby_" + std::to_string(getpid()) + "_" + std::to_string(++count_)) {
+        Write(text);
+    }
+    ~TestFile() { std::filesystem::remove(path_); }
+    TestFile(const TestFile&) = delete;
+    TestFile& operator=(const TestFile&) = delete;
+
+    void Write(const std::string& text) const { std::ofstream(path_, std::ios::binary) << text; }
+    const std::string& Path() const { return path_; }
+
+private:
+    static inline int count_ = 0;
+    std::string path_;
+};
+
+TEST(LobbyProgram, ShowsTheFileOfTheDayInTheClientsCodePage) {
+    const TestFile file("Le caf\xC3\xA9\nis open\n");
+    const LobbyProgram program({"--message-of-the-day-file", file.Path()});
+    LobbyClient ann(program, "Ann");
+    EXPECT_NE(ann.HearUntil("\251sys(Le caf\xE9)\251sys(is open)"), "");
+}
+
+TEST(LobbyProgram, TakesOptionsFromAFileAndTheCommandLineWins) {
+    const TestFile file("# The lobby\n\nmax-clients = 1\nmessage-of-the-day = \"Hello # you\"\n");
+    const LobbyProgram program({"--config", file.Path()});
+    LobbyClient ann(program, "Ann");
+    EXPECT_NE(ann.HearUntil("\251sys(Hello # you)"), "");
+    EXPECT_EQ(LobbyClient(program).HearToTheEnd(), "\251alert(The lobby is full. Please try again later.)");
+    const LobbyProgram larger({"--config", file.Path(), "--max-clients", "2"});
+    LobbyClient bob(larger, "Bob");
+    EXPECT_NE(LobbyClient(larger).HearUntil("\251update("), "");
+}
+
+TEST(LobbyProgram, ShippedConfigurationIsTaken) {
+    const LobbyProgram program(
+        {"--config", TARVETH_SOURCE_DIR "/packaging/lobby/tarveth-lobby.conf", "--bind", "127.0.0.1"});
+    LobbyClient ann(program, "Ann");
+}
+
+TEST(LobbyProgram, TellsLineAndReasonOfABadFile) {
+    const std::vector<std::pair<std::string, std::string>> filesAndReasons = {
+        {"port = 1\nhandshake = 0\n", ", line 2: "},
+        {"\n#\nport\n", ", line 3: "},
+        {"no-such = 1\n", ", line 1: "}};
+    for (const auto& [text, reason] : filesAndReasons) {
+        const TestFile file(text);
+        try {
+            const LobbyProgram program({"--config", file.Path()});
+            FAIL() << text;
+        } catch (const std::runtime_error& error) {
+            EXPECT_NE(std::string(error.what()).find(file.Path() + reason), std::string::npos)
+                << error.what();
+        }
+    }
+}
+
+TEST(LobbyProgram, ReadsItsFilesAgainWithoutDroppingAnybody) {
+    const TestFile file("message-of-the-day = One\n");
+    LobbyProgram program({"--config", file.Path()});
+    LobbyClient ann(program, "Ann");
+    LobbyClient bob(program, "Bob");
+    StartGame(ann, "Ann", bob, "Bob");
+    file.Write("message-of-the-day = Two\nhandshake = 0\n");
+    program.Signal(SIGHUP);
+    const std::string fault = program.LogLine();
+    EXPECT_NE(fault.find("stays as it is: " + file.Path() + ", line 2: "), std::string::npos) << fault;
+    EXPECT_NE(LobbyClient(program, "Cid").HearUntil("\251sys(One)"), "");
+    file.Write("message-of-the-day = Two\n");
+    program.Signal(SIGHUP);
+    EXPECT_NE(program.LogLine().find("read again"), std::string::npos);
+    EXPECT_NE(LobbyClient(program, "Dan").HearUntil("\251sys(Two)"), "");
+    ann.Say("\251play(Bob,M(1, 1))");
+    EXPECT_NE(bob.HearUntil("\251play(Bob,M(1, 1))"), "");
+}
+
 TEST(LobbyProgram, RefusesClientsWhenItIsFullAndAcceptsTheNextOneLater) {
     const LobbyProgram program({"--max-clients", "2"});
     LobbyClient ann(program, "Ann");
@@ -77,7 +161,11 @@ TEST(LobbyProgram, DismissesSilentClientsAndOldVersions) {
 }
 
 TEST(LobbyProgram, RefusesACommandLineThatItCanNotFollow) {
-    for (const char* option : {"--no-such-option", "--bind=nowhere", "--port=70000", "--oldest-client=new"}) {
+    for (const char* option :
+         {"--no-such-option", "--bind=nowhere", "--port=70000", "--oldest-client=new", "--handshake=0",
+          "--messages=0.5", "--messages=2", "--chat-lines=nan", "--max-clients=-1", "--max-clients=0",
+          "--chat-burst=0", "--memory=1000", "--unsent-bytes=0", "--chat-lines=inf", "--config=/nonexistent",
+          "--message-of-the-day-file=/nonexistent"}) {
         EXPECT_THROW(LobbyProgram({option}), std::runtime_error) << option;
     }
 }
