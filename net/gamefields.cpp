@@ -1,8 +1,12 @@
 #include "net/gamefields.h"
 
 #include "text/trim.h"
+#include "text/val.h"
 
 #include <charconv>
+#include <cmath>
+#include <limits>
+#include <system_error>
 
 namespace tarveth {
 
@@ -23,12 +27,18 @@ std::string_view GameFields::Text(std::size_t field) const {
 }
 
 std::optional<std::int16_t> GameFields::Number(std::size_t field) const {
+    using Limits = std::numeric_limits<std::int16_t>;
     const std::string_view text = Text(field);
-    std::int16_t number = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size())
+    // Nearly all are plain whole numbers, and squares come by the million.
+    std::int16_t plain = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), plain);
+    if (result.ec == std::errc() && result.ptr == text.data() + text.size())
+        return plain;
+    const auto number = LeadingNumber(text);
+    const double whole = std::nearbyint(number.value_or(0));
+    if (!number || whole < Limits::min() || whole > Limits::max())
         return std::nullopt;
-    return number;
+    return static_cast<std::int16_t>(whole);
 }
 
 std::optional<std::int16_t> GameFields::Number(std::size_t field, int least, int most) const {

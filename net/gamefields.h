@@ -23,9 +23,10 @@ public:
     std::size_t Count() const { return count_; }
     // The field without the blanks around it; empty beyond the last field.
     std::string_view Text(std::size_t field) const;
-    // The whole number that the field holds; nothing if it holds none, or one that does not fit 16 bits.
+    // The number that the field begins with ("3", "3.0", "+3" and "3abc" are 3), halves to even; nothing if
+    // it begins with none, or with one that does not fit 16 bits.
     std::optional<std::int16_t> Number(std::size_t field) const;
-    // The whole number that the field holds; nothing if it holds none from least to most.
+    // The same; nothing for a number that is not from least to most.
     std::optional<std::int16_t> Number(std::size_t field, int least, int most) const;
 
 private:

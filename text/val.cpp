@@ -46,7 +46,7 @@ bool IsTiny(std::string_view mantissa, std::string_view exponent) {
 
 } // namespace
 
-double Val(std::string_view text) {
+std::optional<double> LeadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
     const bool negative = text.starts_with('-');
     if (negative || text.starts_with('+'))
@@ -54,7 +54,7 @@ double Val(std::string_view text) {
 
     const std::string_view mantissa = text.substr(0, CountMantissa(text));
     if (mantissa.empty())
-        return 0;
+        return std::nullopt;
     const std::string_view rest = text.substr(mantissa.size());
     const std::string_view exponent = rest.substr(0, CountExponent(rest));
     double value = 0;
@@ -62,6 +62,10 @@ double Val(std::string_view text) {
     if (std::from_chars(mantissa.data(), end, value).ec == std::errc::result_out_of_range)
         value = IsTiny(mantissa, exponent) ? 0 : std::numeric_limits<double>::infinity();
     return negative ? -value : value;
+}
+
+double Val(std::string_view text) {
+    return LeadingNumber(text).value_or(0);
 }
 
 std::int16_t LeadingInt16(std::string_view text) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace tarveth {
@@ -11,7 +12,10 @@ namespace tarveth {
 // when the number is greater than any.
 double Val(std::string_view text);
 
-// The same as a whole number, halves to even; one that is too far from zero for 16 bits counts as the last
+// The same, but nothing where the text begins with no number.
+std::optional<double> LeadingNumber(std::string_view text);
+
+// Val as a whole number, halves to even; one that is too far from zero for 16 bits counts as the last
 // that is not.
 std::int16_t LeadingInt16(std::string_view text);
 

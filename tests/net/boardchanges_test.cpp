@@ -24,6 +24,17 @@ TEST(PlayCommand, WithoutABoardUndoesNothing) {
     }
 }
 
+TEST(BoardChanges, TakeTheNumberThatAFieldBeginsWith) {
+    for (const char* number : {"3", "3.0", "+3", "3abc", "03", "2.5e0 3", "3.5"}) {
+        ToolsGame g("turn B | BM 4D | RM 8H");
+        g.Receive("P(1,1,1," + std::string(number) + ",5,2,5)");
+        const int column = std::string_view(number).starts_with("2.5") ? 2
+                           : number == std::string_view("3.5")         ? 4
+                                                                       : 3;
+        EXPECT_EQ(g.game.Piece(1).X, column) << number;
+    }
+}
+
 TEST(BoardChanges, OutsideATransferAreMadeAtOnce) {
     ToolsGame g;
     g.Receive("P(1,1,1,1,5,2,5)");
