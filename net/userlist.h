@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tarveth {
@@ -22,10 +25,13 @@ public:
     static constexpr std::size_t kLongestNick = 255;
 
     // Counted from 0, in the order of their arrival.
-    const std::vector<std::string>& Entries() const { return entries_; }
+    const std::vector<std::string>& Entries() const;
     // The index of the selected entry, or kNobody.
-    int Selected() const { return selected_; }
+    int Selected() const;
     void Select(int index);
+    // The nickname that was selected by the last Select, followed through its renames. The selected entry may
+    // be another one by now (see Change).
+    const std::string& PickedNick() const { return picked_; }
     // The selected user's nickname; empty if there is none.
     std::string_view SelectedNick() const;
 
@@ -39,10 +45,29 @@ public:
     bool Remove(std::string_view nick);
 
 private:
-    std::vector<std::string>::iterator Find(std::string_view nick);
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-    std::vector<std::string> entries_;
-    int selected_ = kNobody;
+    // Servers name many users, and many of them come and go at once. So a removed entry leaves a gap, which
+    // is closed when somebody looks at the rows; and an entry is found by its nickname and number.
+    struct Rows {
+        std::vector<std::string> entries;
+        std::vector<std::uint64_t> numbers; // of the entries, in their order; they rise
+        std::vector<bool> gaps;
+        std::size_t gapCount = 0;
+        std::size_t selected = kNone;
+
+        void CloseGaps();
+        void SelectNext();
+    };
+
+    std::size_t Find(std::string_view nick) const;
+    void Append(std::string entry);
+    void TakeOut(std::size_t place);
+
+    mutable Rows rows_; // gaps are no part of what can be seen
+    std::set<std::pair<std::string, std::uint64_t>> byNick_;
+    std::uint64_t nextNumber_ = 1;
+    std::string picked_;
 };
 
 } // namespace tarveth

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 namespace tarveth {
 namespace {
 
@@ -70,6 +73,58 @@ TEST(UserList, ARemovalLeavesTheSelectionWithItsUser) {
     EXPECT_EQ(users.SelectedNick(), "Bob");
     users.Remove("Bob");
     EXPECT_EQ(users.Selected(), UserList::kNobody);
+}
+
+TEST(UserList, RemembersWhoWasPickedThroughRenames) {
+    UserList users = ListOf({"Ann", "Bob", "Cid"});
+    users.Select(0);
+    users.Change("Ann", "Anna", 1);
+    EXPECT_EQ(users.PickedNick(), "Anna");
+    EXPECT_EQ(users.SelectedNick(), "Bob");
+    users.Remove("Bob");
+    EXPECT_EQ(users.PickedNick(), "");
+    EXPECT_EQ(users.Selected(), UserList::kNobody);
+}
+
+TEST(UserList, StaysInOrderWhateverIsTakenOutOfIt) {
+    UserList users;
+    Strings plain; // the same list, kept in the plainest way
+    int selected = UserList::kNobody;
+    std::mt19937 random(15);
+    const auto below = [&](std::size_t most) { return random() % most; };
+    for (int step = 0; step < 20'000; ++step) {
+        const std::string nick = "n" + std::to_string(below(60));
+        const auto found = std::ranges::find(plain, nick);
+        const auto row = static_cast<int>(found - plain.begin());
+        switch (below(5)) {
+        case 0:
+        case 1:
+            users.Add(nick, 0);
+            plain.push_back(nick);
+            break;
+        case 2:
+            EXPECT_EQ(users.Change(nick, "n99", 0), found != plain.end());
+            if (found != plain.end()) {
+                plain.erase(found);
+                plain.emplace_back("n99");
+            }
+            break;
+        case 3:
+            EXPECT_EQ(users.Remove(nick), found != plain.end());
+            if (found != plain.end()) {
+                plain.erase(found);
+                selected = row == selected ? UserList::kNobody : selected - (row < selected ? 1 : 0);
+            }
+            break;
+        default:
+            selected = plain.empty() ? UserList::kNobody : static_cast<int>(below(plain.size()));
+            users.Select(selected);
+        }
+        if (below(4) == 0) {
+            ASSERT_EQ(users.Selected(), selected) << step;
+            ASSERT_EQ(users.Entries(), plain) << step;
+        }
+    }
 }
 
 TEST(UserList, OnlyAListedUserIsSelected) {
