@@ -5,6 +5,8 @@
 #include "display/wx/frmMainMenu.h"
 #include "display/wx/text.h"
 
+#include <utility>
+
 #include <wx/evtloop.h>
 #include <wx/filefn.h>
 #include <wx/iconbndl.h>
@@ -106,12 +108,23 @@ void frmMain::ShowMessage(std::string_view text) {
 }
 
 void frmMain::ShowPrompt(std::string_view text) {
-    lblMoveStatus->SetLabelText(ToWx(text));
+    if (const wxString prompt = ToWx(text); prompt != lblMoveStatus->GetLabelText())
+        lblMoveStatus->SetLabelText(prompt);
 }
 
+// An opponent's program may hand the turn over without end, and to change a label takes the toolkit long. So
+// it is changed when events are over, and before others are handled.
 void frmMain::ShowPlayer(std::string_view text, std::uint32_t colour) {
-    lblCurPlayer->SetForegroundColour(wxColour(colour));
-    lblCurPlayer->SetLabelText(ToWx(text));
+    player_ = ToWx(text);
+    playerColour_ = colour;
+    playerChanged_ = true;
+}
+
+void frmMain::UpdatePlayer() {
+    if (!std::exchange(playerChanged_, false))
+        return;
+    lblCurPlayer->SetForegroundColour(wxColour(playerColour_));
+    lblCurPlayer->SetLabelText(player_);
 }
 
 void frmMain::ShowLocalSide(std::int16_t side) {
@@ -140,6 +153,7 @@ void frmMain::Beep() {
 }
 
 void frmMain::ShowMessageBox(std::string_view text) {
+    UpdatePlayer();
     wxMessageBox(ToWx(text), "Tarveth", wxOK, this);
 }
 
@@ -148,6 +162,7 @@ void frmMain::GameEndSound(bool localPlayerWon) {
 }
 
 PieceKind frmMain::ChooseReturn(std::int16_t side) {
+    UpdatePlayer();
     return parts_->chooseReturn(side);
 }
 
@@ -164,6 +179,7 @@ void frmMain::SetTimerInterval(int milliseconds) {
 }
 
 void frmMain::Yield() {
+    UpdatePlayer();
     wxEventLoopBase::GetActive()->Dispatch();
 }
 
@@ -177,6 +193,7 @@ void frmMain::OnIdle(wxIdleEvent& event) {
     // A pass after every event also handles what a command has done to the game.
     if (parts_ && parts_->main.RunPasses())
         event.RequestMore();
+    UpdatePlayer();
     event.Skip();
 }
 

@@ -83,6 +83,7 @@ private:
     void LayOut();
     void TakeThemeColours();
     void CheckBoardVariant();
+    void UpdatePlayer();
 
     void OnSize(wxSizeEvent& event);
     void OnClose(wxCloseEvent& event);
@@ -90,6 +91,9 @@ private:
 
     std::unique_ptr<MainWindowParts> parts_; // null until Connect is called
     std::int16_t localSide_ = NoSide;        // the side that was shown last
+    wxString player_;                        // what lblCurPlayer is to show
+    std::uint32_t playerColour_ = 0;
+    bool playerChanged_ = false;
 
     wxMenu* mnuOptions = nullptr;
     wxWindow* surface = nullptr; // holds all the controls
