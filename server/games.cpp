@@ -175,8 +175,13 @@ void HandleEnd(Lobby& lobby, Session& player, const ClientMessage& message) {
         lobby.StatusChanged(player);
         return;
     }
-    if (const Invitation* own = FindInvitation(player.invited, &Invitation::invitee, message.fields[0]))
-        ForgetInvitation(player, *own->other);
+    const Invitation* own = FindInvitation(player.invited, &Invitation::invitee, message.fields[0]);
+    if (own == nullptr)
+        return;
+    Session& invitee = *own->other;
+    ForgetInvitation(player, invitee);
+    // The invited user's program closes its question.
+    lobby.Send(invitee, {kMarkerText, "end(", invitee.nick, ",", player.nick, ")"});
 }
 
 void KeepFormerNick(Session& player, const std::string& nick) {

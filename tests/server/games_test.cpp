@@ -155,8 +155,12 @@ TEST_F(Invitations, AnInvitationIsForgottenWhenItsInviterGoes) {
 
 TEST_F(Invitations, AnInvitationCanBeTakenBack) {
     t.Say(ann, "\251invite(Bob,Ann)\251end(Bob,Ann)");
+    EXPECT_EQ(t.Heard(bob), "@invite(Bob,Ann)@end(Bob,Ann)");
     t.Say(bob, "\251accept(Ann,Bob,Bob accepts)");
     EXPECT_EQ(bob.session.partner, nullptr);
+    t.ForgetAll();
+    t.Say(ann, "\251end(Bob,Ann)");
+    EXPECT_EQ(t.Heard(bob), "");
 }
 
 TEST_F(Invitations, TheSeventeenthTakesThePlaceOfTheFirst) {
