@@ -29,7 +29,8 @@ void modMAIN::AwaitBoard() {
     SetGameState(kGetBoard);
 }
 
-void modMAIN::SetUpPosition(Game position, PositionSource source) {
+void modMAIN::SetUpPosition(Game position, PositionSource source, std::string_view news) {
+    boardNews_ = news;
     const bool fromFile = source == PositionSource::File;
     if (!fromFile)
         ports_.record.BeginReceivedRecord();
@@ -73,7 +74,8 @@ void modMAIN::HandleBoardTransfer() {
     } else if (game_.GameState == kBoardArrived) {
         ports_.board.RedrawBoard();
         SetGameState(kPickPiece);
-        ports_.window.ShowMessage("Play may commence.");
+        ports_.window.ShowMessage("Play may commence." + (boardNews_.empty() ? "" : " " + boardNews_));
+        boardNews_.clear();
     }
 }
 

@@ -52,6 +52,7 @@ private:
         void AnnounceVictory(bool blueWon) override { port.AnnounceVictory(blueWon); }
         void ShowNotice(std::string_view text) override { port.ShowNotice(text); }
         void ShowPrivateLine(std::string_view) override {}
+        std::string OpponentNick() const override { return "Bob"; }
     };
 
     std::string LineFault(std::string_view line) {

@@ -22,13 +22,14 @@ LobbyVisit::LobbyVisit(const ClientParts& parts, ClientWindowPort& window, Clien
       users_(window, chat_, parts.newUserSound),
       handshake_(connection_, nicks_, users_),
       link_(parts, window, connection_, nicks_, chat_),
-      invitations_(person, connection_, nicks_, chat_, link_),
+      invitations_(window, person, connection_, nicks_, chat_, link_),
       input_(window, connection_, nicks_, chat_, link_) {}
 
 void LobbyVisit::Begin() {
     window_.ShowUsers();
     input_.SetPrivateMode(false);
     link_.SetInGame(false);
+    window_.ShowInviting(false);
     link_.ShowCaption();
     // Bytes wait in the socket while anything else is going on, so that all is handled in its order.
     socket_.ConnectEvent = WhenFree(&LobbyVisit::HandleConnected);
@@ -39,6 +40,7 @@ void LobbyVisit::Begin() {
 
 void LobbyVisit::End() {
     leaving_ = true;
+    invitations_.End();
     const bool wasInGame = link_.IsOn();
     link_.End();
     parts_.net.NetConnected = false;
@@ -50,22 +52,26 @@ void LobbyVisit::End() {
 }
 
 std::function<void()> LobbyVisit::UnlessOver(Step step) {
-    return [visit = weak_from_this(), step] {
+    return [visit = weak_from_this(), step = std::move(step)] {
         if (const auto self = visit.lock(); self != nullptr && !self->leaving_)
-            (self.get()->*step)();
+            step(*self);
     };
 }
 
 std::function<void()> LobbyVisit::WhenFree(Step step) {
-    return [&main = parts_.main, run = UnlessOver(step)] { main.RunWhenFree(run); };
+    return [&main = parts_.main, run = UnlessOver(std::move(step))] { main.RunWhenFree(run); };
 }
 
 void LobbyVisit::RunCommand(Step step) {
-    parts_.main.RunCommand(UnlessOver(step));
+    parts_.main.RunCommand(UnlessOver(std::move(step)));
 }
 
 void LobbyVisit::Connect() {
     connection_.ConnectToServer();
+}
+
+void LobbyVisit::ShowKeptText() {
+    parts_.main.RunWhenFree(UnlessOver([](LobbyVisit& visit) { visit.chat_.ShowKeptText(); }));
 }
 
 void LobbyVisit::HandleConnected() {
@@ -78,6 +84,7 @@ void LobbyVisit::HandleData() {
 
 void LobbyVisit::HandleClosed() {
     connectionBroke_ = true;
+    chat_.ShowKeptText();
     Leave();
 }
 
@@ -94,16 +101,45 @@ std::int16_t LobbyVisit::GameLinkState() const {
 
 void LobbyVisit::InviteSelected() {
     window_.FocusInput();
-    if (!link_.IsOn())
-        invitations_.Invite(users_.List().SelectedNick());
+    if (link_.IsOn())
+        return;
+    if (invitations_.IsInviting()) {
+        invitations_.TellThatOneWaits();
+        return;
+    }
+    const UserList& users = users_.List();
+    const std::string nick(users.SelectedNick());
+    if (nick.empty() || nick == users.PickedNick() || AskForOther(users.PickedNick(), nick))
+        invitations_.Invite(nick);
+}
+
+// The row that was picked may hold somebody else by now: a renamed user goes to the end of the list, and the
+// selection stays on its row.
+bool LobbyVisit::AskForOther(std::string_view picked, std::string_view selected) {
+    users_.ShowIfChanged();
+    return person_.AskYesNo("You picked " + std::string(picked) + ", but the list has changed: invite " +
+                                std::string(selected) + "?",
+                            "Invite?");
+}
+
+void LobbyVisit::AnswerInvitation(bool yes) {
+    RunCommand([yes, question = invitations_.Question()](LobbyVisit& visit) {
+        visit.invitations_.Answer(question, yes);
+    });
 }
 
 void LobbyVisit::BreakGame() {
-    link_.Break();
+    if (link_.IsOn())
+        link_.Break();
+    else
+        invitations_.Withdraw();
 }
 
 void LobbyVisit::SwapSides() {
-    link_.Swap();
+    if (link_.IsOn())
+        link_.Swap();
+    else
+        chat_.ShowNotice("You have no opponent to swap sides with.");
 }
 
 void LobbyVisit::AskNickname() {

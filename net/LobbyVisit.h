@@ -41,9 +41,13 @@ public:
     void Break() { RunCommand(&LobbyVisit::BreakGame); }
     void ChangeNickname() { RunCommand(&LobbyVisit::AskNickname); }
     void Swap() { RunCommand(&LobbyVisit::SwapSides); }
+    void AnswerInvitation(bool yes);
 
     // Handles the bytes that came from the server. To be called between two passes of the game.
     void DispatchMessages(std::string_view bytes);
+
+    // The time for the rest of a line of chat is over.
+    void ShowKeptText();
 
     std::int16_t GameLinkState() const;
     const Nicknames& Nicks() const { return nicks_; }
@@ -55,7 +59,7 @@ public:
 private:
     struct MessageRow;
 
-    using Step = void (LobbyVisit::*)();
+    using Step = std::function<void(LobbyVisit&)>;
     std::function<void()> UnlessOver(Step step);
     std::function<void()> WhenFree(Step step);
     void RunCommand(Step step);
@@ -68,6 +72,7 @@ private:
     void Leave();
 
     void InviteSelected();
+    bool AskForOther(std::string_view picked, std::string_view selected);
     void BreakGame();
     void AskNickname();
     void SwapSides();
@@ -77,7 +82,7 @@ private:
     void RenameUser(std::string_view oldNick, std::string_view newNick, std::int16_t status);
     void RemoveUser(std::string_view nick);
     void TakeInvitation(std::string_view from);
-    void EndLink();
+    void TakeEnd(std::string_view from);
     void TellCritical(std::string_view text, std::string_view title);
     void LeaveIncompatible(std::string_view text);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace tarveth {
 
@@ -83,6 +84,17 @@ bool ReadTurn(Game& game, const GameFields& fields) {
     const auto side = fields.Number(1, Blue, Red);
     game.Turn = side.value_or(game.Turn);
     return side.has_value();
+}
+
+bool IsFreshBoard(const Game& board) {
+    const auto square = [](const PieceRecord& piece) { return std::pair(piece.X, piece.Y); };
+    const auto standsAs = [&](std::int16_t layout) {
+        Game fresh;
+        CreatePieces(fresh);
+        PlacePieces(fresh, layout);
+        return std::ranges::equal(board.PieceTable, fresh.PieceTable, {}, square, square);
+    };
+    return board.Turn == Blue && (standsAs(kImperialBoard) || standsAs(kDraumeCrownBoard));
 }
 
 Game BoardToFill(const Game& game) {

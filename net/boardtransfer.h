@@ -22,6 +22,9 @@ bool ReadPieceLimits(Game& game, const GameFields& fields); // S(
 bool ReadJailEntry(Game& game, const GameFields& fields);   // J(
 bool ReadTurn(Game& game, const GameFields& fields);        // T(
 
+// Whether nobody has moved yet on this board, in whatever layout.
+bool IsFreshBoard(const Game& board);
+
 // Makes the board into which a transfer is read: new pieces on the squares where the game has them, and an
 // empty jail.
 Game BoardToFill(const Game& game);

@@ -1,5 +1,6 @@
 // What the server says: one table row a message. The dispatcher checks, the handler trusts.
 #include "net/LobbyVisit.h"
+#include "net/boxtext.h"
 #include "net/linkstate.h"
 #include "net/wire/modPARSER.h"
 #include "text/trim.h"
@@ -76,7 +77,8 @@ const LobbyVisit::MessageRow* LobbyVisit::MessageRow::Find(std::string_view name
                    }},
         MessageRow{"play", 2, kGrouped, kInGame,
                    [](Visit& visit, const Message& message) { visit.link_.Receive(message.fields[1]); }},
-        MessageRow{"end", 1, 0, kInGame, [](Visit& visit, const Message&) { visit.EndLink(); }},
+        MessageRow{"end", 1, 0, kAlways,
+                   [](Visit& visit, const Message& message) { visit.TakeEnd(message.fields[1]); }},
         MessageRow{"sys", 1, 0, kAlways,
                    [](Visit& visit, const Message& message) { visit.chat_.ShowNotice(message.arguments); }},
         MessageRow{
@@ -87,8 +89,8 @@ const LobbyVisit::MessageRow* LobbyVisit::MessageRow::Find(std::string_view name
     return row == kTable.end() ? nullptr : row;
 }
 
-// The messages come first, then all the text that stood around them. A message that closes the window ends
-// it.
+// The messages come first, then all the text that stood around them, as far as its lines are whole. A message
+// that closes the window ends it.
 void LobbyVisit::DispatchMessages(std::string_view bytes) {
     std::string text;
     while (!leaving_) {
@@ -104,7 +106,7 @@ void LobbyVisit::DispatchMessages(std::string_view bytes) {
                              " characters was ignored.");
     }
     if (!leaving_)
-        chat_.ShowLines(text);
+        chat_.TakeText(text);
     users_.ShowIfChanged();
 }
 
@@ -126,13 +128,17 @@ void LobbyVisit::Greet(std::string_view serverVersion) {
 }
 
 void LobbyVisit::RenameUser(std::string_view oldNick, std::string_view newNick, std::int16_t status) {
-    if (users_.Rename(oldNick, newNick, status) && link_.IsOn() && oldNick == nicks_.opponent)
+    if (!users_.Rename(oldNick, newNick, status))
+        return;
+    invitations_.Rename(oldNick, newNick);
+    if (link_.IsOn() && oldNick == nicks_.opponent)
         link_.RenameOpponent(newNick);
 }
 
 // A server that has not said before that the link has ended will not do it any more.
 void LobbyVisit::RemoveUser(std::string_view nick) {
     users_.Leave(nick);
+    invitations_.Leave(nick);
     if (!link_.IsOn() || nick != nicks_.opponent)
         return;
     chat_.ShowNotice(nicks_.opponent + " has left.");
@@ -142,18 +148,22 @@ void LobbyVisit::RemoveUser(std::string_view nick) {
 void LobbyVisit::TakeInvitation(std::string_view from) {
     if (!IsNick(from))
         return;
-    users_.ShowIfChanged();
     invitations_.TakeInvitation(from);
 }
 
-void LobbyVisit::EndLink() {
+// One that names nobody is the opponent's.
+void LobbyVisit::TakeEnd(std::string_view from) {
+    if (!link_.IsOn() || (!from.empty() && from != nicks_.opponent)) {
+        invitations_.TakeEnd(from);
+        return;
+    }
     chat_.ShowNotice(nicks_.opponent + " has broken the connection with you.");
     link_.End();
 }
 
 void LobbyVisit::TellCritical(std::string_view text, std::string_view title) {
     users_.ShowIfChanged();
-    person_.ShowMessageBox(text, title, BoxIcon::Critical);
+    person_.ShowMessageBox(BoxText(text), title, BoxIcon::Critical);
 }
 
 void LobbyVisit::LeaveIncompatible(std::string_view text) {

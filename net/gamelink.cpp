@@ -1,12 +1,14 @@
 #include "net/gamelink.h"
 
+#include "engine/rules/Game.h"
 #include "net/wire/messagewriter.h"
 
 namespace tarveth {
 
 GameLink::GameLink(const ClientParts& parts, ClientWindowPort& window, modSockets& connection,
                    Nicknames& nicks, Chat& chat)
-    : net_(parts.net),
+    : game_(parts.game),
+      net_(parts.net),
       main_(parts.main),
       window_(window),
       connection_(connection),
@@ -15,14 +17,16 @@ GameLink::GameLink(const ClientParts& parts, ClientWindowPort& window, modSocket
       tools_(parts.game, parts.net, parts.main, parts.mainWindow, *this) {}
 
 void GameLink::BeginAsInvited(std::string_view opponent) {
-    main_.NewGame();
     tools_.SetLocalRed();
     SetInGame(true);
+    tools_.AwaitFirstBoard();
     nicks_.opponent = opponent;
     ShowCaption();
 }
 
 void GameLink::BeginAsInviter(std::string_view opponent, std::string_view sentence) {
+    if (game_.GameState == kGameOver)
+        main_.NewGame(); // a finished board is not sent to a new opponent
     SetInGame(true);
     tools_.SetLocalBlue();
     chat_.ShowNotice(sentence);
@@ -39,16 +43,12 @@ void GameLink::End() {
 }
 
 void GameLink::Break() {
-    if (!IsOn())
-        return;
     connection_.SendMessage(WriteMessage("end", {nicks_.opponent, nicks_.mine}));
     chat_.ShowNotice("You have broken the connection with " + nicks_.opponent + ".");
     End();
 }
 
 void GameLink::Swap() {
-    if (!IsOn())
-        return;
     tools_.SwapSides();
     SendGameMessage("C(swap)");
 }

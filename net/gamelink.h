@@ -8,6 +8,7 @@
 #include "net/modSockets.h"
 #include "net/modTools.h"
 
+#include <string>
 #include <string_view>
 
 namespace tarveth {
@@ -21,14 +22,14 @@ public:
     bool IsOn() const { return !nicks_.opponent.empty(); }
 
     // An opponent has been found: by an invitation to this user, who plays Red on the board that the opponent
-    // sends; or by one of this user's, who plays Blue and sends the board.
+    // sends; or by one of this user's, who plays Blue and sends the board. Until the opponent's program sends
+    // something, the game that was on this user's board is kept: the link may end before.
     void BeginAsInvited(std::string_view opponent);
     void BeginAsInviter(std::string_view opponent, std::string_view sentence);
     // Ends the link; the game on the board can be played on at this screen.
     void End();
-    // Ends it at this user's wish.
+    // These two are the user's wish, while the link is on: to end it; to change sides.
     void Break();
-    // The players change sides at this user's wish.
     void Swap();
 
     // The opponent's program has sent these in-game messages.
@@ -46,8 +47,10 @@ public:
     void AnnounceVictory(bool blueWon);
     void ShowNotice(std::string_view text) override { chat_.ShowNotice(text); }
     void ShowPrivateLine(std::string_view text) override { chat_.ShowPrivateLine(text); }
+    std::string OpponentNick() const override { return nicks_.opponent; }
 
 private:
+    const Game& game_;
     NetGame& net_;
     modMAIN& main_;
     ClientWindowPort& window_;

@@ -42,6 +42,11 @@ void modClient::Swap() {
         visit_->Swap();
 }
 
+void modClient::AnswerInvitation(bool yes) {
+    if (visit_)
+        visit_->AnswerInvitation(yes);
+}
+
 void modClient::EnterLine(std::string_view line) {
     if (visit_)
         visit_->Input().Enter(line);
@@ -81,6 +86,11 @@ std::int16_t modClient::GameLinkState() const {
 void modClient::DispatchMessages(std::string_view bytes) {
     if (const auto visit = visit_) // it must outlive its own end
         visit->DispatchMessages(bytes);
+}
+
+void modClient::ShowKeptText() {
+    if (visit_)
+        visit_->ShowKeptText();
 }
 
 void modClient::AppendTranscript(std::string_view text, bool isNotice) {

@@ -42,6 +42,8 @@ public:
     void Break();
     void ChangeNickname();
     void Swap();
+    // The answer to the question whether to join a game; likewise.
+    void AnswerInvitation(bool yes);
     // A line typed into txtTX. In windows-1252, as all texts here.
     void EnterLine(std::string_view line);
     void SetPrivateMode(bool privateMode);
@@ -56,6 +58,8 @@ public:
 
     // Handles the bytes that came from the server. To be called between two passes of the game.
     void DispatchMessages(std::string_view bytes);
+    // The chat timer that the window was asked for has ended.
+    void ShowKeptText();
     // A line for the transcripts, in the colour of whoever said it.
     void AppendTranscript(std::string_view text, bool isNotice);
 

@@ -62,6 +62,9 @@ void modTools::ParseGameMessages(std::string_view text) {
         if (!arguments)
             return;
         const GameFields fields(*arguments);
+        const bool isChat = message->handle == &modTools::TakeLine;
+        if (awaitsFirstBoard_ && !isChat && fields.Text(1) != "board")
+            BeginWithoutBoard();
         if (fields.Count() < message->leastFields || !(this->*message->handle)(fields))
             opponent_.ShowNotice(
                 "The opponent's program sent a message that is not understood; it is ignored.");
@@ -153,8 +156,16 @@ bool modTools::TakeCommand(const GameFields& fields) {
     else if (word == "play")
         FinishBoard();
     else if (word == "swap")
-        SwapSides();
+        TakeSwap();
     return true;
+}
+
+void modTools::TakeSwap() {
+    SwapSides();
+    const std::string news = opponent_.OpponentNick() + " has swapped sides; you play " +
+                             (net_.PlayingBlue ? "Blue" : "Red") + " now.";
+    opponent_.ShowNotice(news);
+    window_.ShowMessage(news);
 }
 
 bool modTools::TakeLine(const GameFields& fields) {
@@ -163,6 +174,7 @@ bool modTools::TakeLine(const GameFields& fields) {
 }
 
 void modTools::BeginBoard() {
+    awaitsFirstBoard_ = false;
     main_.AwaitBoard();
     arriving_ = BoardToFill(game_);
 }
@@ -181,11 +193,41 @@ void modTools::FinishBoard() {
                              "; it is ignored.");
         return;
     }
-    main_.SetUpPosition(*board, PositionSource::Opponent);
+    TakeBoard(*board);
+}
+
+// The first board of a link is what both have agreed on; a later one is the opponent's doing, of which the
+// user is told.
+void modTools::TakeBoard(const Game& board) {
+    std::string news;
+    if (std::exchange(sharesBoard_, true)) {
+        news = opponent_.OpponentNick() +
+               (IsFreshBoard(board) ? " has begun a new game." : " has loaded a game.");
+        opponent_.ShowNotice(news);
+    }
+    main_.SetUpPosition(board, PositionSource::Opponent, news);
+}
+
+void modTools::AwaitFirstBoard() {
+    awaitsFirstBoard_ = true;
+    main_.AwaitBoard();
+}
+
+void modTools::BeginWithoutBoard() {
+    awaitsFirstBoard_ = false;
+    if (game_.GameState != kGetBoard)
+        return; // a game has been begun here meanwhile, and sent
+    main_.EndTransfer();
+    sharesBoard_ = true;
+    net_.InGame =
+        false; // the opponent's program has begun a game of its own, which this one must not replace
+    main_.NewGame();
+    net_.InGame = true;
 }
 
 void modTools::SendBoard() {
     main_.SettleForTransfer();
+    sharesBoard_ = true;
     window_.ShowMessage("Sending board information...");
     opponent_.SendGameMessage("C(board)");
     for (std::size_t i = 0; i < game_.PieceTable.size(); ++i)
@@ -221,6 +263,8 @@ void modTools::EndLink() {
     net_.PlayingBlue = true;
     window_.ShowLocalSide(NoSide);
     arriving_.reset();
+    awaitsFirstBoard_ = false;
+    sharesBoard_ = false;
     main_.EndTransfer();
 }
 

@@ -18,6 +18,7 @@ struct OpponentPort {
     // Lines for the transcripts: a notice, and what the opponent has said in private.
     virtual void ShowNotice(std::string_view text) = 0;
     virtual void ShowPrivateLine(std::string_view text) = 0;
+    virtual std::string OpponentNick() const = 0;
 };
 
 class modTools {
@@ -32,6 +33,10 @@ public:
     // Sends the board, on which both sides go on. A piece that is selected is put down first, and a return
     // that is due is given up.
     void SendBoard();
+
+    // The opponent has agreed to a game and is going to send the board. Should anything else come instead, a
+    // new game is begun for it; should the link end, the game there is goes on.
+    void AwaitFirstBoard();
 
     void SetLocalBlue();
     void SetLocalRed();
@@ -58,6 +63,9 @@ private:
     bool TakeLine(const GameFields& fields);        // X(
 
     static const Message* FindMessage(std::string_view text);
+    void TakeSwap();
+    void BeginWithoutBoard();
+    void TakeBoard(const Game& board);
     bool Change(ReadChange read, const GameFields& fields);
     void BeginBoard();
     void FinishBoard();
@@ -68,7 +76,9 @@ private:
     modMAIN& main_;
     MainWindowPort& window_;
     OpponentPort& opponent_;
-    std::optional<Game> arriving_; // the board between its "C(board)" and its "C(play)"
+    std::optional<Game> arriving_;  // the board between its "C(board)" and its "C(play)"
+    bool awaitsFirstBoard_ = false; // a link has begun, and no message about the game has come yet
+    bool sharesBoard_ = false;      // a board has been sent or received since the link began
 };
 
 } // namespace tarveth

@@ -1,6 +1,7 @@
 #include "net/wx/frmClient.h"
 
 #include "net/AsyncSocket.h"
+#include "net/wx/JoinQuestion.h"
 #include "net/wx/Transcript.h"
 #include "net/wx/UserListView.h"
 #include "net/wx/frmClientMenu.h"
@@ -47,6 +48,7 @@ frmClient::frmClient(const ClientWindowParts& parts)
     Bind(wxEVT_MENU_OPEN, &frmClient::OnMenuOpen, this);
     Bind(wxEVT_CLOSE_WINDOW, &frmClient::OnClose, this);
     Bind(wxEVT_IDLE, &frmClient::OnIdle, this);
+    chatTimer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { parts_.network.ShowKeptText(); });
     Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
         LimitSize();
         event.Skip();
@@ -101,10 +103,39 @@ void frmClient::ShowLine(std::string_view text, LineKind kind) {
 }
 
 void frmClient::ShowInGame(bool inGame) {
-    if ((inGame ? btnInvite : btnBreak)->HasFocus())
+    inGame_ = inGame;
+    EnableLinkButtons();
+}
+
+void frmClient::ShowInviting(bool inviting) {
+    inviting_ = inviting;
+    EnableLinkButtons();
+}
+
+void frmClient::EnableLinkButtons() {
+    const bool mayBreak = inGame_ || inviting_;
+    if ((inGame_ && btnInvite->HasFocus()) || (!mayBreak && btnBreak->HasFocus()))
         FocusInput(); // or no key would reach the window any more
-    btnInvite->Enable(!inGame);
-    btnBreak->Enable(inGame);
+    btnInvite->Enable(!inGame_);
+    btnBreak->Enable(mayBreak);
+}
+
+void frmClient::ShowJoinQuestion(std::string_view text) {
+    if (text.empty()) {
+        if (joinQuestion_ != nullptr)
+            std::exchange(joinQuestion_, nullptr)->Destroy();
+        return;
+    }
+    if (joinQuestion_ == nullptr)
+        joinQuestion_ = new JoinQuestion(this, [this](bool yes) {
+            std::exchange(joinQuestion_, nullptr)->Destroy();
+            parts_.network.AnswerInvitation(yes);
+        });
+    joinQuestion_->Ask(WxFromWire(text));
+}
+
+void frmClient::StartChatTimer(std::chrono::milliseconds time) {
+    chatTimer_.StartOnce(static_cast<int>(time.count()));
 }
 
 void frmClient::ShowPrivateMode(bool privateMode) {
@@ -139,7 +170,7 @@ void frmClient::ShowMessageBox(std::string_view text, std::string_view title, Bo
 }
 
 bool frmClient::AskYesNo(std::string_view text, std::string_view title) {
-    return wxMessageBox(WxFromWire(text), WxFromWire(title), wxYES_NO, this) == wxYES;
+    return wxMessageBox(WxFromWire(text), WxFromWire(title), wxYES_NO | wxNO_DEFAULT, this) == wxYES;
 }
 
 std::string frmClient::AskServer() {
@@ -166,9 +197,9 @@ void frmClient::EnterLine() {
 
 void frmClient::OnMenuOpen(wxMenuEvent& event) {
     if (event.GetMenu() == mnuActions) {
-        const bool inGame = parts_.network.GameLinkState() == kLinkInGame;
-        mnuActions->Enable(mnuActionsBreak, inGame);
-        mnuActions->Enable(mnuActionsSwap, inGame);
+        const bool busy = parts_.network.GameLinkState() != kLinkIdle;
+        mnuActions->Enable(mnuActionsBreak, busy);
+        mnuActions->Enable(mnuActionsSwap, busy);
     } else if (event.GetMenu() == mnuView) {
         mnuView->Check(mnuViewTranscript, !parts_.network.PrivateMode());
         mnuView->Check(mnuViewTranscriptPrivate, parts_.network.PrivateMode());

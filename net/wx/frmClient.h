@@ -7,10 +7,13 @@
 #include "storage/settings.h"
 
 #include <array>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <wx/timer.h>
 
 class wxButton;
 class wxMenu;
@@ -21,6 +24,7 @@ class wxToggleButton;
 
 namespace tarveth {
 
+class JoinQuestion;
 class frmWait;
 class Transcript;
 class UserListView;
@@ -49,9 +53,12 @@ public:
     void ShowLine(std::string_view text, LineKind kind) override;
     void ShowUsers() override { usersChanged_ = true; }
     void ShowInGame(bool inGame) override;
+    void ShowInviting(bool inviting) override;
     void ShowPrivateMode(bool privateMode) override;
     void ShowWaiting(bool waiting) override;
     void FocusInput() override;
+    void ShowJoinQuestion(std::string_view text) override;
+    void StartChatTimer(std::chrono::milliseconds time) override;
     void Unload() override;
 
     void ShowMessageBox(std::string_view text, std::string_view title, BoxIcon icon) override;
@@ -74,6 +81,7 @@ private:
     void LayOut();
     void LimitSize();
 
+    void EnableLinkButtons();
     void Press(int item);
     void BindAction(int item, std::function<void()> action);
     void EnterLine();
@@ -84,7 +92,11 @@ private:
     ClientWindowParts parts_;
     std::unique_ptr<AsyncSocket> AsyncSocket1;
     std::unique_ptr<frmWait> wait_;
+    JoinQuestion* joinQuestion_ = nullptr; // while it is open
+    wxTimer chatTimer_;
     bool usersChanged_ = false;
+    bool inGame_ = false;
+    bool inviting_ = false;
 
     wxMenu* mnuActions = nullptr;
     wxMenu* mnuView = nullptr;

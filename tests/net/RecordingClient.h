@@ -19,14 +19,18 @@ public:
     std::vector<std::string> lines; // "others|", "mine|", "opponent|" or "notice|" and the text
     int userListings = 0;
     bool inGame = false;
+    bool inviting = false;
     bool privateMode = false;
+    bool chatTimer = false; // a chat timer is running
     bool waiting = false;
     int focused = 0;
     int unloads = 0;
 
-    std::vector<std::string> questions; // title, "|", text
-    std::vector<std::string> boxes;     // the same, with "!" in front where the icon is critical
-    std::vector<bool> answers;          // to the first questions; to all others No
+    std::vector<std::string> questions;  // title, "|", text
+    std::vector<std::string> boxes;      // the same, with "!" in front where the icon is critical
+    std::vector<bool> answers;           // to the first questions; to all others No
+    std::string joinQuestion;            // the one that is open; empty: none
+    bool leavesJoinQuestionOpen = false; // the person does not answer it by and by
     std::string server = "lobby.example";
     std::optional<std::string> text; // what AskText answers
     std::string proposal;            // what it proposed last
@@ -40,6 +44,21 @@ public:
     }
     void ShowUsers() override { ++userListings; }
     void ShowInGame(bool shown) override { inGame = shown; }
+    void ShowInviting(bool shown) override { inviting = shown; }
+    void ShowJoinQuestion(std::string_view text) override {
+        if (joinQuestion == text)
+            return;
+        joinQuestion = text;
+        if (!joinQuestion.empty())
+            questions.push_back("Join Game?|" + joinQuestion);
+    }
+    // The person's answer to the question that is open.
+    bool TakeAnswer() {
+        BeOpen();
+        const std::size_t number = answered_++;
+        return number < answers.size() && answers[number];
+    }
+    void StartChatTimer(std::chrono::milliseconds) override { chatTimer = true; }
     void ShowPrivateMode(bool shown) override { privateMode = shown; }
     void ShowWaiting(bool shown) override { waiting = shown; }
     void FocusInput() override { ++focused; }
@@ -51,9 +70,8 @@ public:
         BeOpen();
     }
     bool AskYesNo(std::string_view question, std::string_view title) override {
-        const std::size_t number = questions.size();
-        Ask(question, title);
-        return number < answers.size() && answers[number];
+        questions.push_back(std::string(title) + "|" + std::string(question));
+        return TakeAnswer();
     }
     std::string AskServer() override {
         BeOpen();
@@ -67,6 +85,8 @@ public:
     }
 
 private:
+    std::size_t answered_ = 0;
+
     void Ask(std::string_view question, std::string_view title) {
         questions.push_back(std::string(title) + "|" + std::string(question));
         BeOpen();

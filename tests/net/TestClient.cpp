@@ -17,8 +17,22 @@ TestClient::TestClient(Delivery how)
 }
 
 void TestClient::RunPasses() {
-    while (main.RunPasses()) {
-    }
+    do {
+        while (main.RunPasses()) {
+        }
+    } while (AnswerJoinQuestion());
+}
+
+bool TestClient::AnswerJoinQuestion() {
+    if (window.joinQuestion.empty() || window.leavesJoinQuestionOpen)
+        return false;
+    client.AnswerInvitation(window.TakeAnswer());
+    return true;
+}
+
+void TestClient::EndChatTimer() {
+    if (std::exchange(window.chatTimer, false))
+        client.ShowKeptText();
 }
 
 std::string TestClient::Receive(std::string_view bytes) {
@@ -27,6 +41,7 @@ std::string TestClient::Receive(std::string_view bytes) {
     else
         for (const char byte : bytes)
             socket.TellData({&byte, 1});
+    EndChatTimer();
     RunPasses();
     return Sent();
 }

@@ -45,9 +45,12 @@ struct TestClient {
     TestClient(const TestClient&) = delete;
     TestClient& operator=(const TestClient&) = delete;
 
-    // As the window does after every event.
+    // As the window does after every event; then the person answers the question whether to join a game.
     void RunPasses();
-    // The server sends this; the passes that follow from it are run. What is sent in return.
+    // Time passes: a line of chat without an end is shown.
+    void EndChatTimer();
+    // The server sends this, and nothing else for a while; the passes that follow from it are run. What is
+    // sent in return.
     std::string Receive(std::string_view bytes);
     // The user types this and presses Enter. What is sent.
     std::string Enter(std::string_view line);
@@ -59,6 +62,9 @@ struct TestClient {
     void StartGame();
     // Everything that can be seen of it from outside.
     std::string Everything() const;
+
+private:
+    bool AnswerJoinQuestion();
 };
 
 } // namespace tarveth::test

@@ -21,6 +21,7 @@ public:
 
     void SendGameMessage(std::string_view inner) override { port_.SendGameMessage(inner); }
     void ShowNotice(std::string_view text) override { port_.ShowNotice(text); }
+    std::string OpponentNick() const override { return "Bob"; }
     void ShowPrivateLine(std::string_view text) override { privateLines.emplace_back(text); }
 
 private:

@@ -49,6 +49,8 @@ ProgramInLobby::ProgramInLobby(TestLobby& lobby, const std::string& nick)
 void ProgramInLobby::Settle() {
     while (main.RunPasses()) {
     }
+    if (!windows.joinQuestion.empty())
+        client.AnswerInvitation(true);
     Require(!main.HasWork(), "a program at rest has work");
 }
 

@@ -33,6 +33,7 @@ public:
     std::string status;           // lblMessage
     PieceKind returnChoice = Pawn;
     int notices = 0;
+    std::string joinQuestion; // the one that is open; empty: none
 
     void ShowMessage(std::string_view text) override { status = text; }
     void ShowPrompt(std::string_view) override {}
@@ -57,6 +58,9 @@ public:
     void ShowLine(std::string_view, LineKind kind) override { notices += kind == LineKind::Notice ? 1 : 0; }
     void ShowUsers() override {}
     void ShowInGame(bool) override {}
+    void ShowInviting(bool) override {}
+    void ShowJoinQuestion(std::string_view text) override { joinQuestion = text; }
+    void StartChatTimer(std::chrono::milliseconds) override {}
     void ShowPrivateMode(bool) override {}
     void ShowWaiting(bool) override {}
     void FocusInput() override {}

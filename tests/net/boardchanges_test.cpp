@@ -35,6 +35,36 @@ TEST(BoardChanges, TakeTheNumberThatAFieldBeginsWith) {
     }
 }
 
+TEST(Boards, TheFirstOfALinkIsNoNewsAndLaterOnesAre) {
+    ToolsGame sender;
+    const std::string fresh = Join(sender.BoardSent());
+    sender.Click("4E");
+    sender.Click("4D");
+    const std::string played = Join(sender.BoardSent());
+    ToolsGame g;
+    g.Receive(fresh);
+    EXPECT_EQ(g.port.message, "Play may commence.");
+    EXPECT_TRUE(g.port.notices.empty());
+    g.Receive(fresh);
+    EXPECT_EQ(g.port.message, "Play may commence. Bob has begun a new game.");
+    g.Receive(played);
+    EXPECT_EQ(g.port.message, "Play may commence. Bob has loaded a game.");
+    EXPECT_EQ(g.port.notices, (Strings{"Bob has begun a new game.", "Bob has loaded a game."}));
+    g.Receive("C(play)");
+    EXPECT_EQ(g.port.message, "Play may commence.");
+}
+
+TEST(Boards, OfBothLayoutsBeginANewGame) {
+    for (const std::int16_t layout : {kImperialBoard, kDraumeCrownBoard}) {
+        ToolsGame sender;
+        PlacePieces(sender.game, layout);
+        ToolsGame g;
+        g.BoardSent();
+        g.Receive(Join(sender.BoardSent()));
+        EXPECT_EQ(g.port.notices, Strings{"Bob has begun a new game."});
+    }
+}
+
 TEST(BoardChanges, OutsideATransferAreMadeAtOnce) {
     ToolsGame g;
     g.Receive("P(1,1,1,1,5,2,5)");

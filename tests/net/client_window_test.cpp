@@ -137,37 +137,13 @@ TEST(ClientWindow, HearsNothingOfTheSocketOfTheOneBefore) {
     EXPECT_EQ(c.window.unloads, 0);
 }
 
-TEST(Meanwhile, WhatArrivesDuringAQuestionIsHandledAfterIt) {
+TEST(Meanwhile, ChatCanBeReadWhileTheQuestionToJoinIsOpen) {
     TestClient c;
-    c.window.onQuestion = [&] {
-        c.socket.TellData("\251sys(later)Bob: hello\r\n");
-        EXPECT_EQ(c.window.lines, Strings{});
-    };
+    c.window.leavesJoinQuestionOpen = true;
     c.Receive("\251invite(Ann,Bob)\251sys(sooner)");
-    EXPECT_EQ(c.Lines(), (Strings{"notice|You have refused the invitation from Bob", "notice|sooner",
-                                  "notice|later", "others|Bob: hello"}));
-}
-
-TEST(Meanwhile, ASecondInvitationIsAskedAboutAfterTheFirst) {
-    TestClient c;
-    c.window.onQuestion = [&] {
-        c.socket.TellData("\251invite(Ann,Cid)");
-        EXPECT_EQ(c.window.questions.size(), 1U);
-    };
-    EXPECT_EQ(c.Receive("\251invite(Ann,Bob)"), "\251refuse(Bob, Ann has turned down your invitation.)"
-                                                "\251refuse(Cid, Ann has turned down your invitation.)");
-    EXPECT_EQ(c.window.questions, (Strings{"Join Game?|Bob is inviting you to a game.",
-                                           "Join Game?|Cid is inviting you to a game."}));
-}
-
-TEST(Meanwhile, ASecondInvitationAfterAnAcceptedOneIsRefusedUnasked) {
-    TestClient c;
-    c.window.answers = {true};
-    c.window.onQuestion = [&] { c.socket.TellData("\251invite(Ann,Cid)"); };
-    EXPECT_EQ(c.Receive("\251invite(Ann,Bob)"),
-              "\251accept(Bob,Ann,Ann has accepted your invitation. Play may begin.)"
-              "\251refuse(Cid, [Auto] Ann is in a game already.)");
-    EXPECT_EQ(c.window.questions.size(), 1U);
+    c.Receive("\251sys(later)Bob: hello\r\n");
+    EXPECT_EQ(c.Lines(), (Strings{"notice|sooner", "notice|later", "others|Bob: hello"}));
+    EXPECT_NE(c.window.joinQuestion, "");
 }
 
 TEST(Meanwhile, AnAlertHoldsUpWhatFollows) {
@@ -180,19 +156,24 @@ TEST(Meanwhile, AnAlertHoldsUpWhatFollows) {
     EXPECT_EQ(c.client.Users().Entries(), Strings{"Bob"});
 }
 
-TEST(Meanwhile, TheConnectionClosingDuringAQuestionClosesTheWindowAfterIt) {
+TEST(Meanwhile, TheConnectionClosingDuringABoxClosesTheWindowAfterIt) {
     TestClient c;
-    c.window.answers = {true};
     c.window.onQuestion = [&] {
         c.socket.TellData("\251sys(last words)");
         c.socket.TellClose();
         EXPECT_EQ(c.window.unloads, 0);
     };
-    c.Receive("\251invite(Ann,Bob)");
+    c.Receive("\251alert(Look)");
     EXPECT_EQ(c.window.unloads, 1);
-    EXPECT_EQ(c.Lines(), (Strings{"notice|You have accepted the invitation from Bob", "notice|last words"}));
+    EXPECT_EQ(c.Lines(), Strings{"notice|last words"});
+}
+
+TEST(Meanwhile, TheQuestionToJoinClosesWithTheWindow) {
+    TestClient c;
+    c.window.leavesJoinQuestionOpen = true;
+    c.Receive("\251invite(Ann,Bob)");
     c.client.Close();
-    EXPECT_EQ(c.port.message, "The connection to the server is closed; the game goes on at this screen.");
+    EXPECT_EQ(c.window.joinQuestion, "");
 }
 
 TEST(Meanwhile, WhatArrivesDuringAQuestionOfTheUsersOwnWaits) {

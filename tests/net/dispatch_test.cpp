@@ -1,4 +1,5 @@
 // What the server says outside invitations: the list of users, notices, and what is no message.
+#include "net/boxtext.h"
 #include "net/wire/framing.h"
 #include "tests/net/Delivered.h"
 #include "tests/platform/TempFolder.h"
@@ -207,6 +208,30 @@ TEST(Sessions, AreTheSameHoweverTheyAreCut) {
         for (std::size_t cut = 1; cut < glued.size(); ++cut)
             EXPECT_EQ(Outcome({glued.substr(0, cut), glued.substr(cut)}, Delivery::Whole), expected) << cut;
     }
+}
+
+TEST(BoxText, OfAFewLinesIsLeftAlone) {
+    EXPECT_EQ(BoxText(""), "");
+    EXPECT_EQ(BoxText("Down in 5 minutes\r\nSorry"), "Down in 5 minutes\nSorry");
+    EXPECT_EQ(BoxText(std::string(200, 'x')), std::string(200, 'x'));
+}
+
+TEST(BoxText, IsCutToTwentyLinesOfTwoHundredCharacters) {
+    std::string text;
+    for (int i = 0; i < 15'000; ++i)
+        text += "line\n";
+    std::string cut;
+    for (int i = 0; i < 20; ++i)
+        cut += "line\n";
+    EXPECT_EQ(BoxText(text), cut + "\x85"
+                                   "and 14,980 more lines");
+    EXPECT_EQ(BoxText(std::string(201, 'x')), std::string(199, 'x') + "\x85");
+}
+
+TEST(BoxText, IsWhatAnAlertShows) {
+    TestClient c;
+    c.Receive("\251alert(" + std::string(1000, 'x') + ")");
+    EXPECT_EQ(c.window.boxes, Strings{"!Alert|" + std::string(199, 'x') + "\x85"});
 }
 
 } // namespace

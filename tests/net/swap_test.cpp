@@ -25,6 +25,15 @@ TEST(Swap, OfTheOpponentsGivesTheLocalPlayerTheOtherSide) {
     EXPECT_EQ(g.port.message, "Not your turn.");
 }
 
+TEST(Swap, OfTheOpponentsIsTold) {
+    ToolsGame g;
+    g.Receive("C(swap)");
+    EXPECT_EQ(g.port.message, "Bob has swapped sides; you play Red now.");
+    EXPECT_EQ(g.port.notices, Strings{"Bob has swapped sides; you play Red now."});
+    g.tools.SwapSides();
+    EXPECT_EQ(g.port.notices.size(), 1U);
+}
+
 TEST(Swap, TwiceRestoresTheFirstColours) {
     for (const bool playingBlue : {true, false}) {
         ToolsGame g;

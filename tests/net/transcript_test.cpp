@@ -68,6 +68,51 @@ TEST(Transcript, AConfirmationStandsAtTheStartOfALine) {
     EXPECT_EQ(c.client.NickName(), "Ann");
 }
 
+TEST(Transcript, ALineThatTheNetworkCutsIsShownWhenItIsWhole) {
+    TestClient c;
+    c.socket.TellData("Bob: good mor");
+    EXPECT_EQ(c.Lines(), Strings{});
+    EXPECT_TRUE(c.window.chatTimer);
+    c.socket.TellData("ning\r");
+    c.socket.TellData("\nCid: hi\r\nDan:");
+    EXPECT_EQ(c.Lines(), (Strings{"others|Bob: good morning", "others|Cid: hi"}));
+    c.EndChatTimer();
+    EXPECT_EQ(c.Lines(), Strings{"others|Dan:"});
+    c.client.ShowKeptText();
+    EXPECT_EQ(c.Lines(), Strings{});
+}
+
+TEST(Transcript, ACutLineCannotPassForTheServersWordOrAnotherPersons) {
+    TestClient c;
+    c.socket.TellData("Bob: ");
+    c.socket.TellData("nickname set to Fool\r\nBob: ");
+    c.socket.TellData("Ann: I give up\r\n");
+    EXPECT_EQ(c.client.NickName(), "Ann");
+    EXPECT_EQ(c.Lines(), (Strings{"others|Bob: nickname set to Fool", "others|Bob: Ann: I give up"}));
+}
+
+TEST(Transcript, TheRestOfALineThatIsTooLongIsNoLineOfItsOwn) {
+    for (const std::size_t length : {2000U, 2001U, 5000U}) {
+        TestClient c;
+        c.socket.TellData(std::string(length, 'x'));
+        c.socket.TellData("nickname set to Fool");
+        c.EndChatTimer();
+        c.socket.TellData("nickname set to Fool\r\nBob: hello\r\n");
+        EXPECT_EQ(c.client.NickName(), "Ann") << length;
+        const Strings lines = c.Lines();
+        ASSERT_EQ(lines.size(), 2U) << length;
+        EXPECT_TRUE(lines[0].starts_with("others|xxx"));
+        EXPECT_EQ(lines[1], "others|Bob: hello");
+    }
+}
+
+TEST(Transcript, WhatWaitsForItsRestIsShownWhenTheConnectionCloses) {
+    TestClient c;
+    c.socket.TellData("Good bye");
+    c.socket.TellClose();
+    EXPECT_EQ(c.Lines(), Strings{"others|Good bye"});
+}
+
 TEST(Transcript, AConfirmedNicknameIsNotKeptInTheSettings) {
     TestClient c;
     c.Receive("nickname set to Ann2\r\n");

@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include <arpa/inet.h>
@@ -212,6 +213,15 @@ Window ClientDesk::Box(std::string_view title, const std::string& text) const {
     }
     desk_->WaitUntilAtRest();
     return *box;
+}
+
+void ClientDesk::Join(const std::string& inviter) {
+    const Window question = Box("Join Game?", inviter + " is inviting you to a game.");
+    std::this_thread::sleep_for(Milliseconds(600)); // so long it takes no key
+    desk_->screen.Key("Alt+y");
+    if (!question.WaitUntilGone()) {
+        throw std::runtime_error("the question stays\n" + desk_->reader.Outline());
+    }
 }
 
 void ClientDesk::Choose(std::string_view menuKey, std::string_view itemKey) {

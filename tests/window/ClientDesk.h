@@ -72,6 +72,8 @@ public:
     // Waits for the dialog or box of that title to have the keyboard and to say this. Throws
     // std::runtime_error when none comes.
     [[nodiscard]] Window Box(std::string_view title, const std::string& text) const;
+    // Says yes to an invitation. Throws std::runtime_error when there is none.
+    void Join(const std::string& inviter);
     // Chooses by access keys, such as ("A", "i") for the invitation.
     void Choose(std::string_view menuKey, std::string_view itemKey);
     // Keeps a picture of the window in the build folder's window-shots/.

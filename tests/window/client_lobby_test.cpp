@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 
 namespace tarveth::harness {
 namespace {
@@ -96,6 +98,67 @@ TEST_F(InLobby, InvitesBySelectingAndByADoubleClick) {
     EXPECT_NE(bob.HearUntil("\251invite(Bob,Ada)"), "");
 }
 
+TEST_F(InLobby, WithdrawsAnInvitationByBreak) {
+    LobbyClient bob(lobby, "Bob");
+    ASSERT_TRUE(client.UsersBecome({"Ada", "Bob"}));
+    client.Select("Bob");
+    client.Press("btnInvite");
+    ASSERT_TRUE(client.Hears("You have invited Bob."));
+    client.Press("btnInvite");
+    ASSERT_TRUE(
+        client.Hears("You have invited Bob already, who has not answered yet. \"Break Invite\" withdraws "
+                     "the invitation."));
+    ASSERT_TRUE(client.Enabled("btnBreak"));
+    client.Press("btnBreak");
+    ASSERT_TRUE(client.Hears("You have withdrawn your invitation to Bob."));
+    EXPECT_NE(bob.HearUntil("\251end(Bob,Ada)"), "");
+    EXPECT_TRUE(WaitUntil([&] { return !client.Enabled("btnBreak"); }));
+}
+
+// Somebody is typing on and on when the invitation comes.
+TEST_F(InLobby, TakesNoKeyForAnAnswerInTheFirstHalfSecond) {
+    LobbyClient bob(lobby, "Bob");
+    ASSERT_TRUE(client.UsersBecome({"Ada", "Bob"}));
+    client.Press("txtTX");
+    const auto start = std::chrono::steady_clock::now();
+    bob.Say("\251invite(Ada,Bob)");
+    EXPECT_TRUE(WaitUntil([&] {
+        desk.screen.Key("Alt+y");
+        return client.window.Title() == "Internet Tarveth (Ada vs. Bob)";
+    }));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, Milliseconds(500));
+}
+
+TEST_F(InLobby, AnswersNoUnlessYesIsChosen) {
+    LobbyClient bob(lobby, "Bob");
+    bob.Say("\251invite(Ada,Bob)");
+    const Window box = client.Box("Join Game?", "Bob is inviting you to a game.");
+    bob.Say("good evening\n");
+    EXPECT_TRUE(client.Hears("Bob: good evening"));
+    client.KeepShot("client-join-game");
+    std::this_thread::sleep_for(Milliseconds(600));
+    box.Activate();
+    desk.screen.Key("Return");
+    ASSERT_TRUE(box.WaitUntilGone());
+    EXPECT_TRUE(client.Hears("You have refused the invitation from Bob"));
+}
+
+TEST_F(InLobby, ClosesTheQuestionToJoinWhenTheInvitationIsWithdrawn) {
+    LobbyClient bob(lobby, "Bob");
+    for (const bool leaves : {false, true}) {
+        bob.Say("\251invite(Ada,Bob)");
+        const Window box = client.Box("Join Game?", "Bob is inviting you to a game.");
+        if (leaves) {
+            bob.Close();
+        } else {
+            bob.Say("\251end(Ada,Bob)");
+        }
+        ASSERT_TRUE(box.WaitUntilGone());
+        EXPECT_TRUE(client.Hears(leaves ? "Bob has left; the invitation is gone."
+                                        : "Bob has withdrawn the invitation."));
+    }
+}
+
 TEST_F(InLobby, AsksForANickname) {
     client.Press("btnNickname");
     Window question = client.Box("Nickname", "Enter your preferred nickname:");
@@ -121,9 +184,7 @@ TEST_F(InLobby, ShowsInPrivateWhatConcernsTheTwo) {
     LobbyClient bob(lobby, "Bob");
     LobbyClient cy(lobby, "Cy");
     bob.Say("\251invite(Ada,Bob)");
-    const Window box = client.Box("Join Game?", "Bob is inviting you to a game.");
-    desk.screen.Key("Alt+y");
-    ASSERT_TRUE(box.WaitUntilGone());
+    client.Join("Bob");
     ASSERT_TRUE(client.TitleBecomes("Internet Tarveth (Ada vs. Bob)"));
     EXPECT_TRUE(WaitUntil([&] { return client.Enabled("btnBreak") && !client.Enabled("btnInvite"); }));
     cy.Say("good evening\n");
@@ -189,9 +250,7 @@ TEST_F(InColours, EachLineIsInThatOfItsSpeaker) {
     EXPECT_TRUE(Holds(TranscriptNow(), 0x445566));
     EXPECT_FALSE(Holds(TranscriptNow(), 0xAABBCC));
     cy.Say("\251invite(Ada,Cy)");
-    const Window box = client.Box("Join Game?", "Cy is inviting you to a game.");
-    desk.screen.Key("Alt+y");
-    ASSERT_TRUE(box.WaitUntilGone());
+    client.Join("Cy");
     ASSERT_TRUE(client.Hears("You have accepted the invitation from Cy"));
     EXPECT_TRUE(Holds(TranscriptNow(), 0xAABBCC));
     EXPECT_FALSE(Holds(TranscriptNow(), 0x778899));

@@ -63,9 +63,7 @@ protected:
 
     void StartGame() {
         server->Say("\251invite(Ada,Eve)");
-        const Window box = client.Box("Join Game?", "Eve is inviting you to a game.");
-        desk.screen.Key("Alt+Y");
-        EXPECT_TRUE(box.WaitUntilGone());
+        client.Join("Eve");
         EXPECT_TRUE(client.TitleBecomes("Internet Tarveth (Ada vs. Eve)"));
     }
 
@@ -108,9 +106,7 @@ TEST_F(HostileServer, NamesAHundredThousandUsers) {
 
 TEST_F(HostileServer, FloodsWithInvitations) {
     server->Say(Repeat("\251invite(Ada,Eve)", 1000));
-    const Window box = client.Box("Join Game?", "Eve is inviting you to a game.");
-    desk.screen.Key("Alt+Y");
-    EXPECT_TRUE(box.WaitUntilGone());
+    client.Join("Eve");
     EXPECT_TRUE(client.Hears("You have accepted the invitation from Eve"));
     server->Say("\251end(Ada,Eve)");
     EXPECT_TRUE(client.Hears("Eve has broken the connection with you."));

@@ -64,9 +64,7 @@ protected:
     void BeginGame() {
         ada.client.Select("Bob");
         ada.client.Press("btnInvite");
-        const Window question = bob.client.Box("Join Game?", "Ada is inviting you to a game.");
-        bob.desk.screen.Key("Alt+y");
-        ASSERT_TRUE(question.WaitUntilGone());
+        bob.client.Join("Ada");
         ASSERT_TRUE(ada.client.TitleBecomes("Internet Tarveth (Ada vs. Bob)"));
         ASSERT_TRUE(bob.client.TitleBecomes("Internet Tarveth (Bob vs. Ada)"));
         ASSERT_TRUE(ada.desk.TextBecomes("lblMessage", "Board sent, commence play."));

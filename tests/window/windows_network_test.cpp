@@ -5,6 +5,7 @@
 #include "tests/window/WineDesk.h"
 
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace tarveth::harness {
 namespace {
@@ -37,7 +38,8 @@ protected:
         client.Select("Bob");
         client.Press("btnInvite");
         const Window question = bob.program.WaitForWindow("Join Game?");
-        bob.screen.Key("Return");
+        std::this_thread::sleep_for(Milliseconds(600)); // so long it takes no key
+        bob.screen.Key("Alt+y");
         ASSERT_TRUE(question.WaitUntilGone());
         ASSERT_TRUE(ada.TextBecomes("lblMessage", "Board sent, commence play."));
         ASSERT_TRUE(BoardsAgree());
