@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 
 namespace tarveth::platform {
 
@@ -10,6 +11,10 @@ void RaiseOpenFileLimit();
 
 // Ignores SIGPIPE, so that the process survives when the reader of its standard error stream has gone.
 void IgnoreSigpipe();
+
+// Writes a line to the standard error stream if that takes it without waiting; false if its reader is behind.
+// A line longer than a pipe takes at once is cut.
+bool WriteWithoutWaiting(std::string_view line);
 
 // Whether a listening socket should set SO_REUSEADDR. On POSIX systems a restarted server needs it, because
 // connections in TIME_WAIT would keep its port taken. On Windows it would let two programs share a port.

@@ -47,6 +47,11 @@ void Lobby::Configure(const Limits& limits, std::string messageOfTheDay) {
     messageOfTheDay_ = std::move(messageOfTheDay);
 }
 
+void Lobby::Note(const Session& session, const std::string& event) const {
+    if (journal_)
+        journal_(session, event);
+}
+
 std::optional<Refusal> Lobby::Enter(Session& session, Time now) {
     now_ = now;
     if (connections_ >= limits_.maxClients)
@@ -131,7 +136,7 @@ void Lobby::Offend(Session& session, double offences) {
     ++figures_.flooders;
     Tell(session,
          "You have sent too much that could not be passed on, so the lobby has closed your connection.");
-    Dismiss(session);
+    Dismiss(session, "it was put out for sending too much that was dropped");
 }
 
 void Lobby::HandleFrame(Session& session, const Frame& frame) {
@@ -187,7 +192,7 @@ void Lobby::RunTimer(Session& session, TimerKind kind) {
         } else {
             ++figures_.silent;
             Tell(session, "You took too long to say who you are.");
-            Dismiss(session);
+            Dismiss(session, "it did not complete the handshake in time");
         }
     }
 }
@@ -204,7 +209,8 @@ void Lobby::Leave(Session& session) {
     Outgoing::Discard(session.box);
 }
 
-void Lobby::Dismiss(Session& session) {
+void Lobby::Dismiss(Session& session, std::string_view reason) {
+    session.dismissal = reason;
     RemoveUser(session);
     session.stage = Stage::Dismissed;
     session.paused = false;
@@ -323,6 +329,7 @@ void Lobby::AddUser(Session& session) {
     session.place = static_cast<std::uint32_t>(users_.size());
     users_.push_back(&session);
     roster_.Add(session);
+    Note(session, "is here as " + session.nick);
     Announce({kMarkerText, "addnick(", session.nick, ",", StatusText(session), ")"});
 }
 
@@ -335,6 +342,7 @@ void Lobby::RenameUser(Session& session, const std::string& nick) {
     usersBySkeleton_.erase(NicknameSkeleton(session.nick));
     usersBySkeleton_.emplace(NicknameSkeleton(nick), &session);
     const std::string old = std::exchange(session.nick, nick);
+    Note(session, "was called " + old + " and is now " + nick);
     if (session.partner != nullptr)
         KeepFormerNick(session, old);
     roster_.UserChanged();

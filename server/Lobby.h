@@ -13,10 +13,12 @@
 #include "server/Timers.h"
 #include "server/names.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace tarveth {
@@ -26,6 +28,10 @@ public:
     // Every user is told the message of the day after the list of users, line by line; an empty one is not
     // told.
     Lobby(const Limits& limits, std::string messageOfTheDay);
+
+    // Tells what a client does, for the operator's log: "is here as Ann". Private texts are never told.
+    using Journal = std::function<void(const Session&, const std::string& event)>;
+    void SetJournal(Journal journal) { journal_ = std::move(journal); }
 
     // Replaces limits and message of the day for all that follows.
     void Configure(const Limits& limits, std::string messageOfTheDay);
@@ -70,7 +76,8 @@ public:
     // Counts a message or a line that is dropped. A client that sends too many of them is put out.
     void CountDropped(Session& session);
     // Closes the connection after the client has been sent what is queued.
-    void Dismiss(Session& session);
+    // reason: for the log.
+    void Dismiss(Session& session, std::string_view reason);
     // Finds the user of that nickname, ignoring letter case; null if there is none.
     Session* FindUser(std::string_view nick) const;
     // Whether the text looks like the nickname of a user who is present, or like a reserved one.
@@ -100,7 +107,10 @@ private:
     std::string FreeNickname(const Session& session, const std::string& nick);
     bool IsFree(const Session& session, std::string_view nick) const;
 
+    void Note(const Session& session, const std::string& event) const;
+
     Limits limits_;
+    Journal journal_;
     ReservedNames reservedNames_;
     AddressBook addresses_;
     std::size_t connections_ = 0;

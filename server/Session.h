@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarveth {
@@ -51,6 +52,7 @@ struct Session {
     ClientAddress address;
     Session* partner = nullptr; // in an accepted game
     std::string nick;
+    std::string_view dismissal;           // why the lobby has dismissed the client, for the log
     std::vector<std::string> formerNicks; // nicknames by which the partner's program may still name this user
     std::vector<Invitation> invited;      // sent by this user, and not answered yet
     std::vector<Invitation> invitedBy;    // sent to this user, and not answered yet

@@ -1,6 +1,7 @@
 #include "server/Transport.h"
 
 #include "platform/server_process.h"
+#include "text/codepage.h"
 
 #include <spdlog/spdlog.h>
 
@@ -45,6 +46,12 @@ ClientAddress LobbyAddress(const asio::ip::address& address) {
     return {address.to_v6().to_bytes()};
 }
 
+// Names a client in the log.
+std::string ClientText(const Session& session) {
+    const std::string address = AddressText(session.address);
+    return session.nick.empty() ? address : FromWire(session.nick) + " (" + address + ")";
+}
+
 std::size_t SendSome(TcpSocket& socket, const std::vector<std::string_view>& parts, asio::error_code& error) {
     if (parts.size() == 1)
         return socket.write_some(asio::buffer(parts.front()), error);
@@ -68,6 +75,9 @@ Transport::Transport(asio::io_context& io, const ListenOptions& listen, const Li
       trim_(io),
       reserveMemory_(kMemoryReserve),
       lobby_(limits, std::move(messageOfTheDay)) {
+    lobby_.SetJournal([](const Session& session, const std::string& event) {
+        spdlog::info("{} {}", AddressText(session.address), FromWire(event));
+    });
     acceptor_.non_blocking(true);
     reserve_.open(asio::ip::tcp::v4());
     WaitForClients();
@@ -113,9 +123,10 @@ void Transport::AcceptClients() {
 void Transport::Admit(TcpSocket socket, const asio::ip::address& address) {
     auto connection = std::make_unique<Connection>(std::move(socket), LobbyAddress(address), lobby_.Bounds());
     if (const auto refusal = lobby_.Enter(connection->session, Clock::now())) {
-        Refuse(connection->socket, *refusal);
+        Refuse(connection->socket, connection->session.address, *refusal);
         return;
     }
+    spdlog::info("{} has connected", ClientText(connection->session));
     connection->place = connections_.size();
     asio::error_code ignored;
     connection->socket.non_blocking(true, ignored);
@@ -129,18 +140,19 @@ void Transport::Admit(TcpSocket socket, const asio::ip::address& address) {
 bool Transport::RefuseForLackOfSockets() {
     asio::error_code error;
     reserve_.close(error);
+    asio::ip::tcp::endpoint peer;
     TcpSocket socket(io_);
-    acceptor_.accept(socket, error);
+    acceptor_.accept(socket, peer, error);
     const bool accepted = !error;
     if (accepted)
-        Refuse(socket, Refusal::LobbyFull);
+        Refuse(socket, LobbyAddress(peer.address()), Refusal::LobbyFull);
     reserve_.open(asio::ip::tcp::v4(), error);
     return accepted && !error;
 }
 
-void Transport::Refuse(TcpSocket& socket, Refusal refusal) {
+void Transport::Refuse(TcpSocket& socket, const ClientAddress& address, Refusal refusal) {
     const std::string text = lobby_.Refuse(refusal);
-    spdlog::debug("A client was refused: {}", RefusalReason(refusal));
+    spdlog::info("{} was refused: {}", AddressText(address), RefusalReason(refusal));
     asio::error_code ignored;
     socket.non_blocking(true, ignored);
     socket.write_some(asio::buffer(text), ignored);
@@ -164,8 +176,7 @@ void Transport::Read(Connection& connection) {
     asio::error_code error;
     const std::size_t size = connection.socket.read_some(asio::buffer(scratch_), error);
     if (error && error != asio::error::would_block) {
-        spdlog::debug("A client has gone: {}", error.message());
-        Drop(connection);
+        Drop(connection, error == asio::error::eof ? "it closed the connection" : error.message());
         return;
     }
     if (size > 0 && !stopping_)
@@ -206,14 +217,12 @@ bool Transport::Flush(Connection& connection) {
     if (lobby_.Out().HeldBy(box) <= lobby_.Bounds().unsentBytes)
         return true;
     ++lobby_.Counts().slowReaders;
-    spdlog::info("{} was dropped: {} bytes wait to be read, and hold {}", connection.session.nick, box.unsent,
-                 lobby_.Out().HeldBy(box));
     return false;
 }
 
 void Transport::FinishOrDrop(Connection& connection, bool sent) {
     if (!sent) {
-        Drop(connection);
+        DropUnsent(connection);
         return;
     }
     const bool leaving = stopping_ || connection.session.stage == Stage::Dismissed;
@@ -224,7 +233,17 @@ void Transport::FinishOrDrop(Connection& connection, bool sent) {
     connection.socket.shutdown(TcpSocket::shutdown_send, ignored);
 }
 
-void Transport::Drop(Connection& connection) {
+void Transport::DropUnsent(Connection& connection) {
+    const std::size_t held = lobby_.Out().HeldBy(connection.session.box);
+    Drop(connection, held <= lobby_.Bounds().unsentBytes
+                         ? "a write has failed"
+                         : "it does not read, and " + std::to_string(held) + " bytes are held for it");
+}
+
+void Transport::Drop(Connection& connection, const std::string& reason) {
+    const Session& session = connection.session;
+    spdlog::info("{} has left: {}", ClientText(session),
+                 session.dismissal.empty() ? reason : session.dismissal);
     lobby_.Leave(connection.session);
     connection.closed = true;
     asio::error_code ignored;
@@ -288,9 +307,7 @@ bool Transport::DropSlowest() {
     if (slowest == nullptr)
         return false;
     ++lobby_.Counts().memoryDrops;
-    spdlog::info("{} was dropped: the memory for all clients is full, and it holds {} bytes",
-                 slowest->session.nick, most);
-    Drop(*slowest);
+    Drop(*slowest, "the memory for all clients is full, and it holds " + std::to_string(most) + " bytes");
     return true;
 }
 
@@ -333,7 +350,7 @@ void Transport::ServeDue() {
             if (connection.closed)
                 continue;
             if (session->cutOff) {
-                Drop(connection);
+                Drop(connection, "it did not read that it was dismissed");
                 continue;
             }
             const bool sent = Flush(connection);
@@ -351,7 +368,7 @@ void Transport::SendAnnouncements() {
             lost.push_back(user->connection);
     lobby_.Out().EndTurn();
     for (Connection* connection : lost)
-        Drop(*connection);
+        DropUnsent(*connection);
 }
 
 void Transport::SetTimer() {

@@ -39,14 +39,15 @@ private:
     void AcceptClients();
     void Admit(TcpSocket socket, const asio::ip::address& address);
     bool RefuseForLackOfSockets();
-    void Refuse(TcpSocket& socket, Refusal refusal);
+    void Refuse(TcpSocket& socket, const ClientAddress& address, Refusal refusal);
 
     void WaitToRead(Connection& connection);
     void Read(Connection& connection);
     void WaitToWrite(Connection& connection);
     bool Flush(Connection& connection);
     void FinishOrDrop(Connection& connection, bool sent);
-    void Drop(Connection& connection);
+    void DropUnsent(Connection& connection);
+    void Drop(Connection& connection, const std::string& reason);
     void FreeWhenIdle(Connection& connection);
 
     void AfterEvent();

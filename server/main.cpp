@@ -1,14 +1,15 @@
 // tarveth-lobby: reads the command line, starts the transport, and hands it the signals.
 #include "platform/server_process.h"
+#include "server/LogSink.h"
 #include "server/Transport.h"
 #include "server/options.h"
 #include "version.h"
 
-#include <spdlog/sinks/stdout_sinks.h>
 #include <spdlog/spdlog.h>
 
 #include <csignal>
 #include <exception>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,10 +18,9 @@ namespace tarveth {
 namespace {
 
 void StartLog(const std::string& level) {
-    spdlog::set_default_logger(spdlog::stderr_logger_st("lobby"));
+    spdlog::set_default_logger(std::make_shared<spdlog::logger>("lobby", std::make_shared<LogSink>()));
     spdlog::set_level(spdlog::level::from_str(level));
     spdlog::set_pattern("%Y-%m-%d %H:%M:%S.%e %l: %v");
-    spdlog::flush_on(spdlog::level::debug);
 }
 
 void WaitForFigures(asio::signal_set& signal, Transport& transport) {

@@ -22,7 +22,7 @@ void HandleClientVersion(Lobby& lobby, Session& session, const ClientMessage& me
         return;
     }
     lobby.Send(session, {kMarkerText, "oldver()"});
-    lobby.Dismiss(session);
+    lobby.Dismiss(session, "its version is too old");
 }
 
 void HandleNick(Lobby& lobby, Session& session, const ClientMessage& message) {

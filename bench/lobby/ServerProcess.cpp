@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -66,8 +67,14 @@ double ServerProcess::MemoryBytes() const {
 }
 
 std::string ServerProcess::Figures() const {
+    // The log may fill the pipe, and then leaves lines out.
+    for (pollfd waiting{log_, POLLIN, 0}; poll(&waiting, 1, 0) == 1;)
+        ReadLine();
     kill(process_, SIGUSR1);
-    return ReadLine();
+    std::string line = ReadLine();
+    while (!line.empty() && line.find(" connections, ") == std::string::npos)
+        line = ReadLine();
+    return line;
 }
 
 double SecondsNow() {

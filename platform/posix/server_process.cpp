@@ -1,11 +1,15 @@
 #include "platform/server_process.h"
 
+#include <algorithm>
+#include <climits>
 #include <csignal>
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
 namespace tarveth::platform {
 
@@ -35,6 +39,14 @@ void RaiseOpenFileLimit() {
 
 void IgnoreSigpipe() {
     std::signal(SIGPIPE, SIG_IGN);
+}
+
+bool WriteWithoutWaiting(std::string_view line) {
+    pollfd stream{STDERR_FILENO, POLLOUT, 0};
+    if (poll(&stream, 1, 0) != 1 || (stream.revents & POLLOUT) == 0)
+        return false;
+    // A pipe that is ready for writing takes this much at once.
+    return write(STDERR_FILENO, line.data(), std::min<std::size_t>(line.size(), PIPE_BUF)) > 0;
 }
 
 bool ListenerSetsReuseAddress() {

@@ -1,6 +1,7 @@
 #include "platform/server_process.h"
 
 #include <csignal>
+#include <cstdio>
 
 #include <winsock2.h>
 
@@ -23,6 +24,11 @@ void RaiseOpenFileLimit() {}
 
 // Windows has no SIGPIPE: writing to a pipe without a reader is an ordinary error.
 void IgnoreSigpipe() {}
+
+bool WriteWithoutWaiting(std::string_view line) {
+    const bool written = std::fwrite(line.data(), 1, line.size(), stderr) == line.size();
+    return std::fflush(stderr) == 0 && written;
+}
 
 bool ListenerSetsReuseAddress() {
     return false;

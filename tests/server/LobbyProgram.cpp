@@ -112,6 +112,13 @@ std::string LobbyProgram::LogLine() {
     return line;
 }
 
+std::string LobbyProgram::LogLineWith(std::string_view text) {
+    for (std::string line = LogLine(); !line.empty(); line = LogLine())
+        if (line.find(text) != std::string::npos)
+            return line;
+    return {};
+}
+
 int LobbyProgram::WaitForEnd() {
     int status = 0;
     waitpid(std::exchange(process_, -1), &status, 0);

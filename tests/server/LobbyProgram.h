@@ -29,13 +29,14 @@ public:
     void Signal(int signal) const;
     // Gives the resident size of the process in bytes.
     std::size_t ResidentBytes() const;
-    // Waits for the next line of the log.
-    std::string LogLine();
+    // Waits for a line of the log that holds the text, and gives it; empty if none comes.
+    std::string LogLineWith(std::string_view text);
     // Waits until the program ends, and gives its exit code; -1 if a signal ended it.
     int WaitForEnd();
 
 private:
     void Kill();
+    std::string LogLine();
 
     pid_t process_ = -1;
     int log_ = -1;

@@ -167,7 +167,7 @@ TEST(Handshake, ADismissedClientIsNotHeard) {
     auto& bob = t.Join("Bob");
     auto& ann = t.Join("Ann");
     t.ForgetAll();
-    t.lobby.Dismiss(ann.session);
+    t.lobby.Dismiss(ann.session, "a test");
     t.Say(ann, "hello\r\n\251invite(Bob,Ann)");
     t.Pass(1000ms);
     EXPECT_EQ(t.Heard(bob), "@removenick(Ann)");

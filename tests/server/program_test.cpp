@@ -50,7 +50,36 @@ TEST(LobbyProgram, LogsItsFiguresWhenAsked) {
     LobbyClient bob(program, "Bob");
     StartGame(ann, "Ann", bob, "Bob");
     program.Signal(SIGUSR1);
-    EXPECT_NE(program.LogLine().find("2 connections, 2 users, 1 games; 2 arrivals"), std::string::npos);
+    EXPECT_NE(program.LogLineWith("2 connections, 2 users, 1 games; 2 arrivals"), "");
+}
+
+TEST(LobbyProgram, LogsWhoComesAndGoesAndWhyButNoPrivateText) {
+    LobbyProgram program({"--exempt-loopback=false", "--per-address", "2"});
+    LobbyClient ann(program, "Ren\xE9");
+    EXPECT_NE(program.LogLineWith("127.0.0.1 has connected"), "");
+    EXPECT_NE(program.LogLineWith("127.0.0.1 is here as Ren\xC3\xA9"), "");
+    LobbyClient bob(program, "Bob");
+    LobbyClient(program).HearToTheEnd();
+    EXPECT_NE(program.LogLineWith("127.0.0.1 was refused: There are too many connections"), "");
+    StartGame(ann, "Ren\xE9", bob, "Bob");
+    ann.Say("\251play(Bob,X(secret))");
+    bob.HearUntil("secret");
+    bob.Close();
+    const std::string line = program.LogLineWith("Bob");
+    EXPECT_NE(line.find("Bob (127.0.0.1) has left: it closed the connection"), std::string::npos) << line;
+    program.Signal(SIGTERM);
+    EXPECT_EQ(program.LogLineWith("secret"), "");
+}
+
+TEST(LobbyProgram, ALogThatNobodyReadsStopsNothing) {
+    constexpr int kMoreThanAPipeHolds = 1500; // clients, of two lines each
+    const LobbyProgram program;
+    LobbyClient ann(program, "Ann");
+    for (int i = 0; i < kMoreThanAPipeHolds; ++i)
+        LobbyClient(program).Abort();
+    const LobbyClient bob(program, "Bob");
+    ann.Say("hello\n");
+    EXPECT_NE(ann.HearUntil("Ann: hello"), "");
 }
 
 TEST(LobbyProgram, TellsTheMessageOfTheDay) {
@@ -127,12 +156,11 @@ TEST(LobbyProgram, ReadsItsFilesAgainWithoutDroppingAnybody) {
     StartGame(ann, "Ann", bob, "Bob");
     file.Write("message-of-the-day = Two\nhandshake = 0\n");
     program.Signal(SIGHUP);
-    const std::string fault = program.LogLine();
-    EXPECT_NE(fault.find("stays as it is: " + file.Path() + ", line 2: "), std::string::npos) << fault;
+    EXPECT_NE(program.LogLineWith("stays as it is: " + file.Path() + ", line 2: "), "");
     EXPECT_NE(LobbyClient(program, "Cid").HearUntil("\251sys(One)"), "");
     file.Write("message-of-the-day = Two\n");
     program.Signal(SIGHUP);
-    EXPECT_NE(program.LogLine().find("read again"), std::string::npos);
+    EXPECT_NE(program.LogLineWith("read again"), "");
     EXPECT_NE(LobbyClient(program, "Dan").HearUntil("\251sys(Two)"), "");
     ann.Say("\251play(Bob,M(1, 1))");
     EXPECT_NE(bob.HearUntil("\251play(Bob,M(1, 1))"), "");
