@@ -79,48 +79,29 @@ void Searcher::Forget() {
     history_.Clear();
 }
 
-SearchResult Searcher::Think(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
-                             const SearchLimits& limits, const std::stop_token& stop,
-                             const std::function<void(const SearchResult&)>& tell) {
+void Searcher::Begin(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
+                     const SearchLimits& limits, const std::stop_token& stop) {
     limits_ = limits;
     stop_ = stop;
     stopped_ = false;
-    nodes_ = 0;
+    nodes_ = nextCheck_ = 0;
     depthDone_ = 0;
-    nextCheck_ = 0;
-    history_.Age();
     path_ = earlier;
     path_.push_back(position.Key());
     pathStarts_.assign(1, 0);
+}
+
+SearchResult Searcher::Think(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
+                             const SearchLimits& limits, const std::stop_token& stop,
+                             const std::function<void(const SearchResult&)>& tell) {
+    Begin(position, earlier, limits, stop);
+    history_.Age();
     SearchResult result;
-    TurnPicker first(position, {}, history_, 0, scratch_, TurnPicker::Scope::All);
-    result.turn = first.Next();
+    result.turn = TurnPicker(position, {}, history_, 0, scratch_, TurnPicker::Scope::All).Next();
     if (result.turn.IsNone())
         return result;
     for (int depth = limits.firstDepth; depth <= std::min(limits.depth, kDeepestPly - 1); ++depth) {
-        int width = depth < 4 ? kInfinite : 25;
-        int alpha = std::max(result.value - width, -kInfinite);
-        int beta = std::min(result.value + width, kInfinite);
-        while (true) {
-            rootDepth_ = depth;
-            const int value = Search(position, depth, alpha, beta, 0);
-            if (stopped_ && (depth == 1 || lines_[0].empty() || value <= alpha))
-                break;
-            if (!lines_[0].empty() && value > alpha) {
-                result.turn = lines_[0].front();
-                result.line = lines_[0];
-            }
-            if (stopped_)
-                break;
-            result.value = value;
-            if (value > alpha && value < beta)
-                break;
-            width *= 3;
-            if (value <= alpha)
-                alpha = std::max(value - width, -kInfinite);
-            else
-                beta = std::min(value + width, kInfinite);
-        }
+        SearchDepth(position, depth, result);
         result.nodes = nodes_;
         if (stopped_)
             break;
@@ -128,22 +109,41 @@ SearchResult Searcher::Think(const SearchPosition& position, const std::vector<s
         if (tell)
             tell(result);
         if (std::abs(result.value) > kSurelyWon && kWin - std::abs(result.value) <= depth)
-            break;
+            break; // nothing ends the game sooner
     }
-    result.nodes = nodes_;
     return result;
+}
+
+// One depth of the deepening. The value is expected near that of the depth before: a narrow window is quickly
+// searched, and widened where the value is outside. A search that is stopped leaves the best turn it has
+// found.
+void Searcher::SearchDepth(const SearchPosition& position, int depth, SearchResult& result) {
+    rootDepth_ = depth;
+    int width = depth < 4 ? kInfinite : 25;
+    int alpha = std::max(result.value - width, -kInfinite);
+    int beta = std::min(result.value + width, kInfinite);
+    while (true) {
+        const int value = Search(position, depth, alpha, beta, 0);
+        if (value > alpha && !lines_[0].empty()) {
+            result.line = lines_[0];
+            result.turn = result.line.front();
+        }
+        if (stopped_)
+            return;
+        result.value = value;
+        if (value > alpha && value < beta)
+            return;
+        width *= 3;
+        if (value <= alpha)
+            alpha = std::max(value - width, -kInfinite);
+        else
+            beta = std::min(value + width, kInfinite);
+    }
 }
 
 int Searcher::ValueOf(const SearchPosition& position, int depth, const SearchLimits& limits,
                       const std::stop_token& stop) {
-    limits_ = limits;
-    stop_ = stop;
-    stopped_ = false;
-    nodes_ = 0;
-    depthDone_ = 0;
-    nextCheck_ = 0;
-    path_.assign(1, position.Key());
-    pathStarts_.assign(1, 0);
+    Begin(position, {}, limits, stop);
     rootDepth_ = std::max(depth, 1);
     return Search(position, depth, -kInfinite, kInfinite, 0);
 }

@@ -79,7 +79,9 @@ private:
         int standing; // evaluation
     };
 
-    int SearchRoot(int depth, int guess);
+    void Begin(const SearchPosition& position, const std::vector<std::uint64_t>& earlier,
+               const SearchLimits& limits, const std::stop_token& stop);
+    void SearchDepth(const SearchPosition& position, int depth, SearchResult& result);
     int Search(const SearchPosition& position, int depth, int alpha, int beta, int ply,
                bool afterPass = false);
     int SearchTurns(const SearchPosition& position, const Node& node, SearchTurn first);

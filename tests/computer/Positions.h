@@ -3,8 +3,8 @@
 
 #include "computer/GameRecord.h"
 #include "computer/positionline.h"
+#include "engine/rules/positiontext.h"
 #include "tests/Dice.h"
-#include "tests/TestGame.h"
 #include "tests/engine/RandomPosition.h"
 
 #include <string_view>
@@ -13,7 +13,9 @@ namespace tarveth::test {
 
 // From the items of engine/positiontext: "turn B | BM 4D | jail RP".
 inline computer::GameRecord RecordOf(std::string_view items) {
-    return computer::GameRecord(TestGame(items).game);
+    Game game;
+    SetPosition(game, items);
+    return computer::GameRecord(game);
 }
 
 inline computer::SearchTurn OneOfItsTurns(const computer::GameRecord& record, Dice& dice) {

@@ -95,8 +95,7 @@ TEST_P(EveryLevel, FromTheThirdOnSeesALossInOneTurn) {
     Player player(GetParam());
     for (std::uint64_t seed = 1; seed <= (GetParam() < 4 ? 20U : 2U); ++seed) {
         player.BeginGame(seed);
-        GameRecord next(
-            TestGame("turn B | BM 1A | BO 4D | BO 6D | RO 4E | RM 1C | RM 8H | jail BM BM RM").game);
+        GameRecord next = RecordOf("turn B | BM 1A | BO 4D | BO 6D | RO 4E | RM 1C | RM 8H | jail BM BM RM");
         next.Play(ChoiceOf(player, record));
         const auto replies = ListTurns(next.Rules());
         EXPECT_TRUE(std::none_of(replies.begin(), replies.end(), [&](SearchTurn reply) {
