@@ -25,8 +25,8 @@ constexpr std::array<LevelTraits, kStrongestLevel> kTraits{{
      .missedReplies = 33,
      .seesLosses = false,
      .tolerance = 28},
-    {.likeAPerson = true, .ahead = 2, .missedFar = 4, .missedReplies = 4, .tolerance = 8},
-    {.likeAPerson = true, .ahead = 2, .missedFar = 1, .missedReplies = 0, .tolerance = 4},
+    {.likeAPerson = true, .ahead = 2, .missedFar = 8, .missedReplies = 10, .tolerance = 14},
+    {.likeAPerson = true, .ahead = 2, .missedFar = 2, .missedReplies = 2, .tolerance = 6},
     {.nodes = 20'000, .leastDepth = 5},
     {},
     {},
@@ -100,14 +100,21 @@ private:
         if (traits_.seesLosses && LosesAtOnce(next))
             return 2 - kWin;
         const bool missed = Happens(traits_.missedReplies);
-        if (nodes_ >= kMostNodes || (missed && !traits_.seesLosses))
-            return -Evaluate(next);
-        SearchLimits limits = limits_;
-        limits.nodes = kMostNodes - nodes_ + 1;
-        const int value = -searcher_.ValueOf(next, traits_.ahead, limits, stop_);
-        nodes_ += searcher_.Nodes();
+        const auto found = missed && !traits_.seesLosses ? std::nullopt : SearchFrom(next);
         // A level that sees losses also sees the wins that it can force.
-        return missed && value < kSurelyWon ? -Evaluate(next) : value;
+        return found && (!missed || *found >= kSurelyWon) ? *found : -Evaluate(next);
+    }
+
+    // What the turn that led here is worth; nothing when there is no time or patience left.
+    std::optional<int> SearchFrom(const SearchPosition& next) {
+        const std::uint64_t most = limits_.nodes == 0 ? kMostNodes : std::min(limits_.nodes, kMostNodes);
+        if (nodes_ >= most)
+            return std::nullopt;
+        SearchLimits limits = limits_;
+        limits.nodes = most - nodes_;
+        const auto value = searcher_.ValueOf(next, traits_.ahead, limits, stop_);
+        nodes_ += searcher_.Nodes();
+        return value ? std::optional(-*value) : std::nullopt;
     }
 
     bool LosesAtOnce(const SearchPosition& next) const {

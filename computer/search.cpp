@@ -141,11 +141,12 @@ void Searcher::SearchDepth(const SearchPosition& position, int depth, SearchResu
     }
 }
 
-int Searcher::ValueOf(const SearchPosition& position, int depth, const SearchLimits& limits,
-                      const std::stop_token& stop) {
+std::optional<int> Searcher::ValueOf(const SearchPosition& position, int depth, const SearchLimits& limits,
+                                     const std::stop_token& stop) {
     Begin(position, {}, limits, stop);
     rootDepth_ = std::max(depth, 1);
-    return Search(position, depth, -kInfinite, kInfinite, 0);
+    const int value = Search(position, depth, -kInfinite, kInfinite, 0);
+    return stopped_ ? std::nullopt : std::optional(value);
 }
 
 void Searcher::CheckLimits() {

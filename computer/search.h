@@ -48,9 +48,9 @@ public:
                        const SearchLimits& limits, const std::stop_token& stop,
                        const std::function<void(const SearchResult&)>& tell = {});
 
-    // The value of a position searched to this depth, with a full window.
-    int ValueOf(const SearchPosition& position, int depth, const SearchLimits& limits,
-                const std::stop_token& stop);
+    // The value of a position searched to this depth, with a full window; nothing when a limit came first.
+    std::optional<int> ValueOf(const SearchPosition& position, int depth, const SearchLimits& limits,
+                               const std::stop_token& stop);
 
     std::uint64_t Nodes() const { return nodes_; }
     // Gives the evaluation a small disturbance, so that games differ; 0 for none.

@@ -109,6 +109,14 @@ TEST_P(EveryLevel, FromTheThirdOnSeesALossInOneTurn) {
 INSTANTIATE_TEST_SUITE_P(Levels, EveryLevel,
                          testing::Range(computer::kWeakestLevel, computer::kStrongestLevel + 1));
 
+TEST(Levels, WhatThereWasNoTimeToSearchIsJudgedByWhatStandsOnTheBoard) {
+    const auto record = RecordOf("turn B | BM 1A | BM 8A | BO 4D | BP 1B | RM 8H | RM 1H | RO 4E | RP 8G");
+    for (const std::uint64_t nodes : {1U, 20U, 60U, 100U, 200U}) {
+        Player player(4, 1);
+        EXPECT_EQ(WriteTurn(player.Choose(record.Position(), {}, {std::nullopt, nodes}).turn), "4D-4E");
+    }
+}
+
 TEST(Levels, OtherSeedsPlayOtherGames) {
     const GameRecord record(computer::StartOf(kImperialBoard));
     for (int level = 1; level <= 6; ++level) {

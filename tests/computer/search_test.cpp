@@ -43,7 +43,7 @@ int PlainValue(const SearchPosition& position, int depth) {
     TranspositionTable table(kMebibytes);
     Searcher searcher(table);
     searcher.SearchPlainly();
-    return searcher.ValueOf(position, depth, {}, {});
+    return searcher.ValueOf(position, depth, {}, {}).value();
 }
 
 // Positions of few turns: three deep without pruning they are counted in seconds.
@@ -169,6 +169,14 @@ TEST(Search, TheSameNodesGiveTheSameTurn) {
         EXPECT_EQ(first.value, second.value);
         EXPECT_EQ(first.nodes, second.nodes);
     }
+}
+
+TEST(Search, AValueThatWasNotSearchedToTheEndIsNone) {
+    const auto record = GameRecord(computer::StartOf(kImperialBoard));
+    TranspositionTable table(kMebibytes);
+    Searcher searcher(table);
+    EXPECT_EQ(searcher.ValueOf(record.Position(), 6, Nodes(100), {}), std::nullopt);
+    EXPECT_NE(searcher.ValueOf(record.Position(), 2, {}, {}), std::nullopt);
 }
 
 TEST(Search, EndsAtItsNodes) {
