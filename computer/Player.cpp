@@ -99,7 +99,7 @@ SearchResult Player::SearchTogether(const SearchPosition& position, const std::v
             helpers_[i]->SetSeed(seed_);
             helpers_[i]->Think(position, earlier, own, done.get_token());
         });
-    const SearchResult result = searcher_->Think(position, earlier, limits, stop, tell);
+    SearchResult result = searcher_->Think(position, earlier, limits, stop, tell);
     done.request_stop();
     return result;
 }

@@ -56,9 +56,10 @@ int TranspositionTable::Worth(std::uint64_t data) const {
 }
 
 void TranspositionTable::Store(std::uint64_t key, const TableEntry& entry) {
-    Slot* worst = nullptr;
+    Bucket& bucket = BucketOf(key);
+    Slot* worst = bucket.slots.data();
     TableEntry stored = entry;
-    for (Slot& slot : BucketOf(key).slots) {
+    for (Slot& slot : bucket.slots) {
         const std::uint64_t data = slot.data.load(std::memory_order_relaxed);
         if ((slot.check.load(std::memory_order_relaxed) ^ data) == key) {
             if (stored.turn.IsNone())
@@ -66,7 +67,7 @@ void TranspositionTable::Store(std::uint64_t key, const TableEntry& entry) {
             worst = &slot;
             break;
         }
-        if (worst == nullptr || Worth(data) < Worth(worst->data.load(std::memory_order_relaxed)))
+        if (Worth(data) < Worth(worst->data.load(std::memory_order_relaxed)))
             worst = &slot;
     }
     const std::uint64_t data = Pack(stored, generation_);

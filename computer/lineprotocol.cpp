@@ -9,7 +9,7 @@ namespace tarveth::computer {
 
 namespace {
 
-constexpr std::int64_t kLongestThought = 24 * 60 * 60 * 1000; // milliseconds
+constexpr std::int64_t kLongestThought = std::int64_t{24} * 60 * 60 * 1000; // milliseconds
 
 template <class Number>
 std::optional<Number> NumberIn(std::string_view text, Number least, Number most) {

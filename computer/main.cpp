@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
+#include <exception>
 #include <iostream>
 #include <string>
 
@@ -21,7 +23,7 @@ void ServeProtocol(int level) {
 
 } // namespace
 
-int main(int count, char** arguments) {
+int main(int count, char** arguments) try {
     CLI::App app("A player of Tarveth that thinks", "tarveth-computer");
     bool protocol = false;
     int level = tarveth::computer::kDefaultLevel;
@@ -34,4 +36,7 @@ int main(int count, char** arguments) {
     CLI11_PARSE(app, count, arguments);
     ServeProtocol(level);
     return 0;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "tarveth-computer: %s\n", error.what());
+    return 1;
 }

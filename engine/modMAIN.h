@@ -12,7 +12,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -36,9 +35,8 @@ public:
     void NewGame();
     // Replaces the game on the board and its history by a position that CheckGame finds sound. To be called
     // between two passes. A position from a file is shown at once, and its side picks a piece. Before one
-    // from the opponent, the log of the old game is written; the next pass shows the position, and says the
-    // news behind the words that play may go on.
-    void SetUpPosition(Game position, PositionSource source, std::string_view news = {});
+    // from the opponent, the log of the old game is written; the next pass shows the position.
+    void SetUpPosition(Game position, PositionSource source);
     // Asks for a return that may be due and ends a turn that is over. To be called before the game is written
     // to a file, which cannot hold these states.
     void FinishTurn();
@@ -114,7 +112,6 @@ private:
     const GameOptions& options_;
     Ports ports_;
     CommandGate gate_;
-    std::string boardNews_; // what the opponent has done to the board that has arrived
 };
 
 } // namespace tarveth

@@ -29,8 +29,7 @@ void modMAIN::AwaitBoard() {
     SetGameState(kGetBoard);
 }
 
-void modMAIN::SetUpPosition(Game position, PositionSource source, std::string_view news) {
-    boardNews_ = news;
+void modMAIN::SetUpPosition(Game position, PositionSource source) {
     const bool fromFile = source == PositionSource::File;
     if (!fromFile)
         ports_.record.BeginReceivedRecord();
@@ -74,8 +73,7 @@ void modMAIN::HandleBoardTransfer() {
     } else if (game_.GameState == kBoardArrived) {
         ports_.board.RedrawBoard();
         SetGameState(kPickPiece);
-        ports_.window.ShowMessage("Play may commence." + (boardNews_.empty() ? "" : " " + boardNews_));
-        boardNews_.clear();
+        ports_.window.ShowMessage("Play may commence.");
     }
 }
 

@@ -199,13 +199,10 @@ void modTools::FinishBoard() {
 // The first board of a link is what both have agreed on; a later one is the opponent's doing, of which the
 // user is told.
 void modTools::TakeBoard(const Game& board) {
-    std::string news;
-    if (std::exchange(sharesBoard_, true)) {
-        news = opponent_.OpponentNick() +
-               (IsFreshBoard(board) ? " has begun a new game." : " has loaded a game.");
-        opponent_.ShowNotice(news);
-    }
-    main_.SetUpPosition(board, PositionSource::Opponent, news);
+    if (std::exchange(sharesBoard_, true))
+        opponent_.ShowNotice(opponent_.OpponentNick() +
+                             (IsFreshBoard(board) ? " has begun a new game." : " has loaded a game."));
+    main_.SetUpPosition(board, PositionSource::Opponent);
 }
 
 void modTools::AwaitFirstBoard() {

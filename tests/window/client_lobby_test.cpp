@@ -132,7 +132,7 @@ TEST_F(InLobby, TakesNoKeyForAnAnswerInTheFirstHalfSecond) {
 TEST_F(InLobby, AnswersNoUnlessYesIsChosen) {
     LobbyClient bob(lobby, "Bob");
     bob.Say("\251invite(Ada,Bob)");
-    const Window box = client.Box("Join Game?", "Bob is inviting you to a game.");
+    Window box = client.Box("Join Game?", "Bob is inviting you to a game.");
     bob.Say("good evening\n");
     EXPECT_TRUE(client.Hears("Bob: good evening"));
     client.KeepShot("client-join-game");

@@ -91,7 +91,12 @@ private:
                 if (answer.starts_with(word))
                     return answer;
             if (answer.starts_with("illegal"))
-                throw std::runtime_error(command_ + " answered \"" + answer + "\" to \"" + line + "\"");
+                throw std::runtime_error(std::string(command_)
+                                             .append(" answered \"")
+                                             .append(answer)
+                                             .append("\" to \"")
+                                             .append(line)
+                                             .append("\""));
             answer.clear();
         }
         throw std::runtime_error(command_ + " has ended");
