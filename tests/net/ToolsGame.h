@@ -1,4 +1,4 @@
-// A game whose opponent's messages come from the test, and where what is sent to him can be read.
+// A game whose opponent's messages come from the test, which can also read what is sent to that opponent.
 #pragma once
 
 #include "net/modTools.h"

@@ -70,7 +70,7 @@ void TwoPrograms::Invite() {
     CompareBoards();
 }
 
-// The receiver's history begins with the board, the sender's has what he had before.
+// The receiver's history begins with the board that was sent; the sender keeps the lines of before.
 void TwoPrograms::ShareHistoryFrom(ProgramInLobby& sender) {
     for (ProgramInLobby* program : programs_)
         program->historyStart = program->game.lstHistory.size();

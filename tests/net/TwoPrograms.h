@@ -18,7 +18,7 @@
 
 namespace tarveth::test {
 
-// Windows in front of which a person sits who says yes to all and returns what he is told to.
+// The windows of a person who says yes to all questions and returns the piece that the test names.
 class SilentWindows : public MainWindowPort,
                       public BoardPort,
                       public PersonPort,

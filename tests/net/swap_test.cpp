@@ -51,7 +51,7 @@ TEST(Swap, LeavesTheBoardAsItIs) {
     g.Receive("C(swap)");
     EXPECT_EQ(g.game, before);
     g.Receive("M(4, 4)");
-    EXPECT_EQ(g.On("4D"), 12) << "he places the piece that was selected here";
+    EXPECT_EQ(g.On("4D"), 12) << "the opponent places the piece that was selected here";
 }
 
 TEST(Swap, HandsAReturnThatIsDueToTheOther) {
@@ -59,16 +59,16 @@ TEST(Swap, HandsAReturnThatIsDueToTheOther) {
     ToolsGame mine(capture); // Blue
     mine.port.returnChoice = Officer;
     mine.Move("4D", "4E");
-    ToolsGame his(capture);
-    his.tools.SetLocalRed();
-    his.Receive("M(4, 4)M(4, 5)C(swap)");
-    EXPECT_EQ(his.port.returnQuestions, 1) << "his to choose now, and not what the other had chosen";
-    his.Click("1A");
-    EXPECT_EQ(his.port.sent, Strings{"R(1,1,8,1)"});
-    mine.Receive("C(swap)" + his.port.sent.back());
-    EXPECT_EQ(mine.game.PieceTable, his.game.PieceTable);
-    EXPECT_EQ(mine.game.JailTable, his.game.JailTable);
-    EXPECT_EQ(mine.game.lstHistory, his.game.lstHistory);
+    ToolsGame theirs(capture);
+    theirs.tools.SetLocalRed();
+    theirs.Receive("M(4, 4)M(4, 5)C(swap)");
+    EXPECT_EQ(theirs.port.returnQuestions, 1) << "theirs to choose now, and not what the other had chosen";
+    theirs.Click("1A");
+    EXPECT_EQ(theirs.port.sent, Strings{"R(1,1,8,1)"});
+    mine.Receive("C(swap)" + theirs.port.sent.back());
+    EXPECT_EQ(mine.game.PieceTable, theirs.game.PieceTable);
+    EXPECT_EQ(mine.game.JailTable, theirs.game.JailTable);
+    EXPECT_EQ(mine.game.lstHistory, theirs.game.lstHistory);
     EXPECT_EQ(mine.game.Turn, Red);
 }
 

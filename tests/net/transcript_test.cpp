@@ -15,7 +15,7 @@ TEST(Transcript, ALineIsAnothersUnlessItBeginsWithANameAndAColon) {
                        "others|Bobby: no", "others|ann: no", "others|: no"}));
 }
 
-TEST(Transcript, WithoutAnOpponentNobodySpeaksForHim) {
+TEST(Transcript, WithoutAnOpponentNoLineIsTheOpponents) {
     TestClient c;
     c.Receive(": hm\r\nBob: hey\r\n");
     EXPECT_EQ(c.Lines(), (Strings{"others|: hm", "others|Bob: hey"}));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ctime>
 #include <random>
 
 namespace tarveth {
@@ -125,6 +126,21 @@ TEST(UserList, StaysInOrderWhateverIsTakenOutOfIt) {
             ASSERT_EQ(users.Entries(), plain) << step;
         }
     }
+}
+
+// Looking each of them up from the front of the list takes a hundred times as long.
+TEST(UserList, FindsTheLastOfAHundredThousandUsersInLittleTime) {
+    UserList users;
+    const auto nick = [](int number) { return "user" + std::to_string(number); };
+    const std::clock_t start = std::clock();
+    for (int i = 0; i < 100'000; ++i)
+        users.Add(nick(i), 0);
+    for (int i = 99'000; i < 100'000; ++i)
+        EXPECT_TRUE(users.Change(nick(i), nick(i) + "x", 1));
+    for (int i = 98'999; i >= 91'000; --i)
+        EXPECT_TRUE(users.Remove(nick(i)));
+    EXPECT_EQ(users.Entries().size(), 92'000U);
+    EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 2.0);
 }
 
 TEST(UserList, OnlyAListedUserIsSelected) {

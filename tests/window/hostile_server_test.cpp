@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 #include <memory>
 #include <random>
@@ -117,6 +118,16 @@ TEST_F(HostileServer, FloodsWithMoves) {
     StartGame();
     server->Say(Repeat("\251play(Ada,M(4, 5))", 20'000) + "\251end(Ada,Eve)");
     EXPECT_TRUE(client.TitleBecomes("Internet Tarveth (Ada vs. <nobody>)"));
+    ExpectAlive(60);
+}
+
+// To change a label takes the toolkit long, and each of these asked for two.
+TEST_F(HostileServer, FloodsWithTurns) {
+    StartGame();
+    const auto start = desk.program.Usage().cpuTime;
+    server->Say(Repeat("\251play(Ada,T(2))\251play(Ada,T(1))", 47'500) + "\251end(Ada,Eve)");
+    EXPECT_TRUE(client.TitleBecomes("Internet Tarveth (Ada vs. <nobody>)"));
+    EXPECT_LT(desk.program.Usage().cpuTime - start, std::chrono::seconds(2));
     ExpectAlive(60);
 }
 
