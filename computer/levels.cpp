@@ -15,17 +15,17 @@ constexpr std::array<LevelTraits, kStrongestLevel> kTraits{{
     {.likeAPerson = true,
      .ahead = 0,
      .missedWins = 50,
-     .missedFar = 30,
-     .missedReplies = 97,
+     .missedFar = 60,
+     .missedReplies = 95,
      .seesLosses = false,
-     .tolerance = 1500},
+     .tolerance = 220},
     {.likeAPerson = true,
      .ahead = 0,
      .missedFar = 20,
-     .missedReplies = 37,
+     .missedReplies = 33,
      .seesLosses = false,
      .tolerance = 28},
-    {.likeAPerson = true, .ahead = 2, .missedFar = 9, .missedReplies = 12, .tolerance = 15},
+    {.likeAPerson = true, .ahead = 2, .missedFar = 10, .missedReplies = 13, .tolerance = 16},
     {.likeAPerson = true, .ahead = 2, .missedFar = 1, .missedReplies = 0, .tolerance = 4},
     {.nodes = 20'000, .leastDepth = 5},
     {},
@@ -130,17 +130,13 @@ private:
     // Every `tolerance` below the best halve the chance; all in whole numbers, the same
     // everywhere.
     void TakeOne(const std::vector<Candidate>& seen, SearchResult& result) {
-        constexpr std::uint64_t kWhole = std::uint64_t{1} << 32U;
+        constexpr std::uint64_t kWhole = 1 << 16;
         const int best = std::max_element(seen.begin(), seen.end(), [](const auto& a, const auto& b) {
                              return a.value < b.value;
                          })->value;
         const auto weight = [&](const Candidate& candidate) -> std::uint64_t {
-            const auto below = static_cast<std::uint64_t>(best - candidate.value);
-            if (best >= kSurelyWon && below > 0)
-                return 0;
-            const auto tolerance = static_cast<std::uint64_t>(traits_.tolerance);
-            const std::uint64_t whole = kWhole >> std::min<std::uint64_t>(below / tolerance, 63);
-            return whole - whole / 2 * (below % tolerance) / tolerance;
+            const int below = best - candidate.value;
+            return best >= kSurelyWon && below > 0 ? 0 : kWhole >> std::min(below / traits_.tolerance, 63);
         };
         std::uint64_t sum = 0;
         for (const Candidate& candidate : seen)
