@@ -162,10 +162,8 @@ bool modTools::TakeCommand(const GameFields& fields) {
 
 void modTools::TakeSwap() {
     SwapSides();
-    const std::string news = opponent_.OpponentNick() + " has swapped sides; you play " +
-                             (net_.PlayingBlue ? "Blue" : "Red") + " now.";
-    opponent_.ShowNotice(news);
-    window_.ShowMessage(news);
+    opponent_.ShowNotice(opponent_.OpponentNick() + " has swapped sides; you play " +
+                         (net_.PlayingBlue ? "Blue" : "Red") + " now.");
 }
 
 bool modTools::TakeLine(const GameFields& fields) {

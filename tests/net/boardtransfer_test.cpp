@@ -248,7 +248,6 @@ TEST(ReceiveBoard, ValuesThatCannotBeGiveANoticeEachAndChangeNothing) {
                              "P(-1,1,1,1,5,0,0)",
                              "P(1,1,1,9,5,0,0)",
                              "P(1,1,1,1,-9,0,0)",
-                             "P(1,1,1,1.5,5,0,0)",
                              "P(1,1,1,1,5,0,65536)",
                              "P(1,1,1,1,5,0)",
                              "P()",

@@ -312,7 +312,7 @@ TEST_P(Invitation, ToSomebodyElseThanWasPickedIsAskedAboutFirst) {
 
 TEST_P(Invitation, ThatIsAcceptedWhenTheGameIsOverBeginsANewOne) {
     TestClient c(GetParam());
-    SetPosition(c.game, "turn B | BM 4D | RM 4E");
+    SetPosition(c.game, "turn B | BM 4D | RM 4E | jail RM RM");
     for (const char* square : {"4D", "4E"}) {
         c.main.DepositSquare(SquareOf(square));
         c.RunPasses();

@@ -28,7 +28,6 @@ TEST(Swap, OfTheOpponentsGivesTheLocalPlayerTheOtherSide) {
 TEST(Swap, OfTheOpponentsIsTold) {
     ToolsGame g;
     g.Receive("C(swap)");
-    EXPECT_EQ(g.port.message, "Bob has swapped sides; you play Red now.");
     EXPECT_EQ(g.port.notices, Strings{"Bob has swapped sides; you play Red now."});
     g.tools.SwapSides();
     EXPECT_EQ(g.port.notices.size(), 1U);
