@@ -8,7 +8,7 @@ namespace tarveth::platform {
 namespace {
 
 // A new-handler is a function without arguments, so that what it gives up must be found here.
-void* reserve = nullptr;
+void* reserve = nullptr; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables): for that reason
 
 void GiveUpReserve() {
     if (reserve == nullptr)
