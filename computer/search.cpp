@@ -35,8 +35,8 @@ constexpr Reductions MakeReductions() {
     Reductions reductions{};
     for (std::size_t depth = 1; depth < kMostTurns; ++depth)
         for (std::size_t index = 1; index < kMostTurns; ++index)
-            // NOLINTNEXTLINE(bugprone-incorrect-roundings): positive, and std::lround is no constant
-            // expression
+            // All are positive, and std::lround is no constant expression.
+            // NOLINTNEXTLINE(bugprone-incorrect-roundings)
             reductions[depth][index] = static_cast<std::int8_t>(0.5 + logs[depth] * logs[index] / 1.9);
     return reductions;
 }
