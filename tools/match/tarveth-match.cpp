@@ -7,6 +7,8 @@
 #include <CLI/CLI.hpp>
 
 #include <chrono>
+#include <cstdio>
+#include <exception>
 #include <iomanip>
 #include <iostream>
 #include <random>
@@ -178,18 +180,16 @@ void AddOptions(CLI::App& app, MatchOptions& options) {
 
 } // namespace tarveth::match
 
-int main(int count, char** arguments) {
+int main(int count, char** arguments) try {
     CLI::App app("Matches between players of Tarveth", "tarveth-match");
     tarveth::match::MatchOptions options;
     tarveth::match::AddOptions(app, options);
     CLI11_PARSE(app, count, arguments);
-    try {
-        tarveth::match::Match match(options);
-        match.Play();
-        match.Print();
-    } catch (const std::exception& error) {
-        std::cerr << error.what() << '\n';
-        return 1;
-    }
+    tarveth::match::Match match(options);
+    match.Play();
+    match.Print();
     return 0;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "tarveth-match: %s\n", error.what());
+    return 1;
 }
