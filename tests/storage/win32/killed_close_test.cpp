@@ -1,6 +1,6 @@
 // A program that is killed while it writes tarveth.ini, as it does when its window closes.
 #include "platform/leftovers.h"
-#include "storage/settings.h"
+#include "storage/settingsfile.h"
 #include "storage/window_positions.h"
 #include "tests/platform/TempFolder.h"
 #include "tests/platform/win32/KilledProcess.h"
