@@ -29,6 +29,7 @@ std::vector<SearchTurn> PickAll(const GameRecord& record, SearchTurn first, Turn
 
 std::vector<std::uint32_t> Sorted(const std::vector<SearchTurn>& turns) {
     std::vector<std::uint32_t> bits;
+    bits.reserve(turns.size());
     for (const SearchTurn turn : turns)
         bits.push_back(turn.Bits());
     std::sort(bits.begin(), bits.end());
