@@ -55,6 +55,7 @@ ClientOptions OptionsOf(const Settings& settings) {
 template <std::size_t count>
 std::vector<std::string> Captions(const std::array<const SettingRow*, count>& boxes) {
     std::vector<std::string> captions;
+    captions.reserve(count);
     for (const SettingRow* row : boxes)
         captions.emplace_back(row->box.caption);
     return captions;
