@@ -133,7 +133,8 @@ LobbyClient::LobbyClient(const LobbyProgram& program, int receiveBuffer, const s
     address.sin_family = AF_INET;
     if (!from.empty()) {
         inet_pton(AF_INET, from.c_str(), &address.sin_addr);
-        bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address);
+        if (bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+            throw std::runtime_error("no client can come from " + from);
     }
     address.sin_port = htons(static_cast<std::uint16_t>(program.Port()));
     inet_pton(AF_INET, program.Address().c_str(), &address.sin_addr);

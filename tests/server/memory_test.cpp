@@ -47,6 +47,7 @@ struct Memory : testing::Test {
 
     static std::vector<LobbyClient> DeafClients(const LobbyProgram& program, int count) {
         std::vector<LobbyClient> clients;
+        clients.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             clients.emplace_back(program, "Deaf " + std::to_string(i), kSmallBuffer);
         return clients;

@@ -137,7 +137,7 @@ TEST(Outgoing, ASlowBoxHoldsLittleMoreThanItsUnsentBytes) {
         out.SkipAnnouncement(slow);
         out.EndTurn();
     }
-    constexpr std::size_t kBlocksOfTheWriters = 3 * 65536;
+    constexpr std::size_t kBlocksOfTheWriters = std::size_t{3} * 65536;
     EXPECT_EQ(slow.unsent, expected.size());
     EXPECT_GE(out.HeldBy(slow), slow.unsent);
     EXPECT_LT(out.HeldBy(slow), 2 * slow.unsent + kBlocksOfTheWriters);

@@ -1,6 +1,7 @@
 // Tests of the program from outside: its command line, its signals, its log.
 #include "tests/server/LobbyProgram.h"
 
+#include "tests/platform/TempFolder.h"
 #include "version.h"
 
 #include <gtest/gtest.h>
@@ -91,20 +92,14 @@ TEST(LobbyProgram, TellsTheMessageOfTheDay) {
 // A file that goes with the test.
 class TestFile {
 public:
-    explicit TestFile(const std::string& text)
-        : path_(testing::TempDir() + "lobby_" + std::to_string(getpid()) + "_" + std::to_string(++count_)) {
-        Write(text);
-    }
-    ~TestFile() { std::filesystem::remove(path_); }
-    TestFile(const TestFile&) = delete;
-    TestFile& operator=(const TestFile&) = delete;
+    explicit TestFile(const std::string& text) { Write(text); }
 
     void Write(const std::string& text) const { std::ofstream(path_, std::ios::binary) << text; }
     const std::string& Path() const { return path_; }
 
 private:
-    static inline int count_ = 0;
-    std::string path_;
+    TempFolder folder_;
+    std::string path_ = folder_.File("file");
 };
 
 TEST(LobbyProgram, ShowsTheFileOfTheDayInTheClientsCodePage) {
