@@ -31,7 +31,7 @@ Program::Program()
       writableFolder_(platform::WritableFolder(programFolder_)),
       window_(new frmMain),
       ini_(ShowIniError),
-      sounds_(settings_, speaker_),
+      sounds_(settings_, speaker_, Folders()),
       board_(game_, settings_, pictures_, *window_, *window_),
       zones_(game_, board_, *window_, *window_),
       record_(game_, settings_, *window_, writableFolder_),
@@ -86,7 +86,7 @@ void Program::BeginGame(const std::string& gameFile) {
     try {
         files_.OpenGame(gameFile);
     } catch (const platform::FileError& error) {
-        AddProblem(std::string("The game is not loaded.\n") + error.what());
+        Tell(std::string("The game is not loaded.\n") + error.what());
     }
 }
 
@@ -96,10 +96,10 @@ void Program::LoadEverything() {
     const std::vector<SettingProblem> more = LoadClientOptions(settings_, ini_, writableFolder_);
     problems.insert(problems.end(), more.begin(), more.end());
     std::cerr << ProblemLines(problems, writableFolder_ + kSettingsFile);
-    AddProblem(LoadPictures());
+    Tell(LoadPictures());
     if (!platform::CanCreateFileIn(writableFolder_))
-        AddProblem("Settings, logs and games cannot be kept: neither " + writableFolder_ +
-                   " nor a data folder of your own can be written.");
+        Tell("Settings, logs and games cannot be kept: neither " + writableFolder_ +
+             " nor a data folder of your own can be written.");
 }
 
 // The folders that are searched, in this order, for a file given by a relative name.
@@ -137,14 +137,13 @@ void Program::ApplyOptions() {
     board_.RedrawBoard();
     if (client_)
         client_->ApplySettings();
-    if (!problems.empty())
-        window_->ShowMessageBox(problems);
+    Tell(problems);
 }
 
-void Program::AddProblem(const std::string& text) {
-    if (!problems_.empty() && !text.empty())
-        problems_ += "\n\n";
-    problems_ += text;
+// Shows a text in a message box, once the window is there; nothing when the text is empty.
+void Program::Tell(const std::string& text) {
+    if (!text.empty())
+        window_->ShowMessageBox(text);
 }
 
 void Program::ShowWindow() {
@@ -152,8 +151,7 @@ void Program::ShowWindow() {
         [this](WindowPosition& position) { LoadMainPosition(position, ini_, writableFolder_); });
     window_->CallAfter([this] {
         window_->TakeIcons(programFolder_);
-        if (!problems_.empty())
-            window_->ShowMessageBox(problems_);
+        window_->TellWhatWaits();
     });
 }
 

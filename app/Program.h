@@ -35,7 +35,7 @@ public:
 private:
     void LoadEverything();
     void BeginGame(const std::string& gameFile);
-    void AddProblem(const std::string& text);
+    void Tell(const std::string& text);
     std::string LoadPictures();
     void ShowOptions();
     void ApplyOptions();
@@ -50,7 +50,6 @@ private:
 
     std::string programFolder_;  // of the executable, with what ships beside it
     std::string writableFolder_; // of settings and logs: the same one where it can be written
-    std::string problems_;       // found while starting; told once the window is there
 
     frmMain* window_;             // owned by the toolkit, which destroys it when it has closed
     wxWeakRef<frmClient> client_; // null while the client window is closed; owned by the toolkit

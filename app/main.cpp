@@ -5,6 +5,7 @@
 #include "platform/text_path.h"
 #include "version.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include <wx/app.h>
+#include <wx/log.h>
 
 namespace tarveth {
 
@@ -63,6 +65,17 @@ public:
     // gameFile: the saved game to load; empty for a new game.
     explicit TarvethApp(std::string gameFile) : gameFile_(std::move(gameFile)) {}
 
+    // Says in words of its own where there is no desktop; the toolkit's are about its own parts.
+    bool Initialize(int& argc, wxChar** argv) override {
+        const wxLogNull silence;
+        const bool done = wxApp::Initialize(argc, argv);
+        if (!done)
+            std::cerr
+                << "tarveth: no desktop is found to show the game's window on. Start it from a desktop, "
+                   "or set DISPLAY or WAYLAND_DISPLAY to one.\n";
+        return done;
+    }
+
     bool OnInit() override {
         SetAppName("Tarveth");
         platform::BeginReadingFonts();
@@ -86,5 +99,7 @@ int main(int argc, char** argv) {
     // The toolkit deletes the object when it ends.
     wxApp::SetInstance(
         new tarveth::TarvethApp(arguments.size() < 2 ? std::string() : tarveth::Absolute(arguments[1])));
-    return wxEntry(argc, argv);
+    // The toolkit needs no file's name, and would warn of one that is not UTF-8.
+    int count = std::min(argc, 1);
+    return wxEntry(count, argv) == 0 ? 0 : 1;
 }

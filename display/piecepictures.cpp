@@ -85,10 +85,7 @@ std::string FindPicture(const std::string& name, const std::vector<std::string>&
     const std::string path = WithOwnSeparators(name);
     if (StandsAlone(name))
         return platform::FileExists(path) ? path : std::string{};
-    for (const std::string& folder : folders)
-        if (platform::FileExists(folder + path))
-            return folder + path;
-    return {};
+    return platform::FindInFolders(path, folders);
 }
 
 } // namespace tarveth

@@ -39,11 +39,10 @@ std::vector<Server> ParseServerList(std::string_view text) {
 }
 
 std::vector<Server> ReadServerList(const std::vector<std::string>& folders) {
-    for (const std::string& folder : folders)
-        if (platform::FileExists(folder + "servers.txt"))
-            return ParseServerList(
-                platform::TextFromFile(platform::ReadWholeFile(folder + "servers.txt", kLongestFile)));
-    return {};
+    const std::string file = platform::FindInFolders("servers.txt", folders);
+    if (file.empty())
+        return {};
+    return ParseServerList(platform::TextFromFile(platform::ReadWholeFile(file, kLongestFile)));
 }
 
 } // namespace tarveth

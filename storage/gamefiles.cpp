@@ -26,13 +26,19 @@ std::string WithExtension(const std::string& name) {
     return FoldAscii(name.substr(start)) == kExtension ? name : name + std::string(kExtension);
 }
 
+// Whether a dialog may begin in the folder.
+bool Suits(const std::filesystem::path& folder, FileQuestion::Purpose purpose) {
+    std::error_code missing;
+    return std::filesystem::is_directory(folder, missing) &&
+           (purpose != FileQuestion::Purpose::Save || platform::CanCreateFileIn(folder.string()));
+}
+
 } // namespace
 
 std::pair<std::string, std::string> DialogStart(const FileQuestion& question) {
     const std::filesystem::path proposed = platform::PathFromText(question.name);
     const std::filesystem::path file = platform::PathFromText(question.folder) / proposed;
-    std::error_code missing;
-    if (std::filesystem::is_directory(file.parent_path(), missing))
+    if (Suits(file.parent_path(), question.purpose))
         return {file.parent_path().string(), file.filename().string()};
     std::string name = proposed.is_absolute() ? file.filename().string() : question.name;
     std::replace(name.begin(), name.end(), platform::PathSeparator(), '-');

@@ -39,7 +39,8 @@ struct GameFilesPort {
 };
 
 // Gives the folder and the plain file name that a file dialog begins with. Where the question proposes a path
-// whose folder exists, the dialog begins in that folder. Path separators in a plain name (a date may have
+// whose folder exists, the dialog begins in that folder; but one that is to save, only if the folder takes a
+// file. Path separators in a plain name (a date may have
 // them) become "-", since no file name can hold them.
 std::pair<std::string, std::string> DialogStart(const FileQuestion& question);
 

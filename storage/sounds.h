@@ -6,6 +6,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace tarveth {
 
@@ -22,8 +23,10 @@ public:
     using Time = std::chrono::steady_clock::time_point;
     using Clock = std::function<Time()>;
 
-    // The settings and the port outlive the object.
-    Sounds(const Settings& settings, SoundPort& port, Clock clock = std::chrono::steady_clock::now);
+    // The settings and the port outlive the object. A sound with a relative name is looked for in `folders`
+    // (with trailing separators), in this order.
+    Sounds(const Settings& settings, SoundPort& port, std::vector<std::string> folders,
+           Clock clock = std::chrono::steady_clock::now);
 
     // Plays the winner's or the loser's sound, or beeps when there is no such file.
     void GameEndSound(bool localPlayerWon);
@@ -32,8 +35,11 @@ public:
     void NewUserSound();
 
 private:
+    std::string Find(const std::string& name) const;
+
     const Settings& settings_;
     SoundPort& port_;
+    std::vector<std::string> folders_;
     Clock clock_;
     Time nextNewUserSound_ = Time::min();
 };

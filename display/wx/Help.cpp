@@ -13,14 +13,6 @@ Help::Help(wxWindow* parent, std::vector<std::string> folders)
 
 Help::~Help() = default;
 
-// Gives the path of a file in the first of the folders that has it; empty when none has.
-std::string Help::Find(const std::string& name) const {
-    for (const std::string& folder : folders_)
-        if (platform::FileExists(folder + name))
-            return folder + name;
-    return {};
-}
-
 void Help::Show() {
     if (ShowInSystemViewer())
         return;
@@ -35,13 +27,13 @@ void Help::Close() {
 }
 
 bool Help::ShowInSystemViewer() const {
-    const std::string file = Find("tarveth.hlp");
+    const std::string file = platform::FindInFolders("tarveth.hlp", folders_);
     return !file.empty() && platform::WinHelpA(parent_->GetHandle(), file, platform::kHelpContents, 0);
 }
 
 // Opens the manual in a window of the program. Gives a sentence about what failed; empty on success.
 std::string Help::ShowInWindow() {
-    const std::string book = Find("tarveth.htb");
+    const std::string book = platform::FindInFolders("tarveth.htb", folders_);
     if (book.empty())
         return "The manual is missing: there is no tarveth.htb in " + folders_.back() + ".";
     std::string problem;

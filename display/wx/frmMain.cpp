@@ -153,8 +153,17 @@ void frmMain::Beep() {
 }
 
 void frmMain::ShowMessageBox(std::string_view text) {
+    if (!IsShown()) {
+        untold_ += (untold_.empty() ? "" : "\n\n") + std::string(text);
+        return;
+    }
     UpdatePlayer();
     wxMessageBox(ToWx(text), "Tarveth", wxOK, this);
+}
+
+void frmMain::TellWhatWaits() {
+    if (const std::string text = std::exchange(untold_, {}); !text.empty())
+        ShowMessageBox(text);
 }
 
 void frmMain::GameEndSound(bool localPlayerWon) {

@@ -45,7 +45,7 @@ public:
     frmMain();
     ~frmMain() override;
 
-    // Joins the window to the game. To be called once, before any other call.
+    // Joins the window to the game. To be called once, before any other call but ShowMessageBox.
     void Connect(const MainWindowParts& parts);
 
     // Loads the window's icons from pics/ in the folder (with its trailing separator), if they exist.
@@ -64,7 +64,10 @@ public:
     void ShowHistory() override;
 
     void Beep() override;
+    // What is to be told before the window is on the screen waits for TellWhatWaits, and blocks nobody.
     void ShowMessageBox(std::string_view text) override;
+    // Tells it in one message box, if there is any.
+    void TellWhatWaits();
     void GameEndSound(bool localPlayerWon) override;
     PieceKind ChooseReturn(std::int16_t side) override;
 
@@ -94,6 +97,7 @@ private:
     wxString player_;                        // what lblCurPlayer is to show
     std::uint32_t playerColour_ = 0;
     bool playerChanged_ = false;
+    std::string untold_; // the sentences for TellWhatWaits, with an empty line between two
 
     wxMenu* mnuOptions = nullptr;
     wxWindow* surface = nullptr; // holds all the controls

@@ -33,7 +33,7 @@ struct TestClient {
     Settings settings;
     RecordingPort port; // the main window, the board, the files
     SilentSounds noise;
-    Sounds sounds{settings, noise};
+    Sounds sounds{settings, noise, {}};
     RecordingClient window;
     FakeSocket socket;
     modMAIN main;

@@ -86,7 +86,7 @@ struct ProgramInLobby {
     NetGame net;
     Settings settings;
     SilentWindows windows{game};
-    Sounds sounds{settings, windows};
+    Sounds sounds{settings, windows, {}};
     FakeSocket socket;
     modMAIN main;
     modClient client;

@@ -39,7 +39,9 @@ protected:
     Settings settings;
     RecordingSounds port;
     Sounds::Time now{};
-    Sounds sounds{settings, port, [this] { return now; }};
+    std::string mine = folder.File("mine/");
+    std::string shipped = folder.File("shipped/");
+    Sounds sounds{settings, port, {mine, shipped}, [this] { return now; }};
 };
 
 TEST_F(GameSounds, OfAGameEndAreTheWinnersAndTheLosers) {
@@ -64,6 +66,22 @@ TEST_F(GameSounds, OfAGameEndAreOneBeepWithoutTheFile) {
     settings.SoundLoser = folder.Name();
     sounds.GameEndSound(false);
     EXPECT_EQ(port.heard, (Heard{"beep", "beep"})) << "a folder is no sound";
+}
+
+TEST_F(GameSounds, OfARelativeNameAreTheUsersOwnOrElseTheShippedOnes) {
+    settings.SoundVictor = "sounds/victor.wav";
+    settings.NewUserSound = "sounds/arrival.wav";
+    for (const std::string& where : {mine, shipped})
+        std::filesystem::create_directories(where + "sounds");
+    for (const char* file : {"victor.wav", "arrival.wav"})
+        PutBytes(shipped + "sounds/" + file, "RIFF");
+    PutBytes(mine + "sounds/arrival.wav", "RIFF");
+    sounds.GameEndSound(true);
+    sounds.NewUserSound();
+    EXPECT_EQ(port.heard, (Heard{shipped + "sounds/victor.wav", mine + "sounds/arrival.wav"}));
+    settings.SoundLoser = "sounds/none.wav";
+    sounds.GameEndSound(false);
+    EXPECT_EQ(port.heard.back(), "beep");
 }
 
 TEST_F(GameSounds, OfAGameEndAskNeitherTheSwitchNorTheTime) {

@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include <unistd.h>
+
 namespace tarveth::harness {
 
 namespace {
@@ -40,6 +42,16 @@ Rect SquareIn(const Rect& board, std::string_view square) {
 }
 
 } // namespace
+
+GameDeskOptions InReadOnlyFolder(const GameFolder& folder, const std::string& data) {
+    std::filesystem::permissions(folder.Path(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    GameDeskOptions options{.environment = {{"XDG_DATA_HOME", data}}};
+    if (geteuid() == 0) { // root may write everywhere, unless they give up that right
+        options.through = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
+    }
+    return options;
+}
 
 GameDesk::GameDesk(const GameFolder& folder, const GameDeskOptions& options)
     : program(screen, ForProgram(folder, options)),
@@ -179,12 +191,24 @@ void GameDesk::AnswerFileDialog(const std::string& title, const std::string& pat
     if (!reader.WaitFor(typed)) {
         throw std::runtime_error(path + " cannot be typed\n" + reader.Outline());
     }
-    // While it still reads the folder, the toolkit's dialog loses the key, and may show a spinner for ever.
+    PressReturnIn(dialog);
+}
+
+void GameDesk::TakeProposedFile(const std::string& title) {
+    const Window dialog = program.WaitForWindow(title);
+    if (!reader.WaitFor(WithRoleAndName("push button", "Cancel"))) {
+        throw std::runtime_error("no file dialog\n" + reader.Outline());
+    }
+    PressReturnIn(dialog);
+}
+
+// While it still reads the folder, the toolkit's file dialog loses the key, and may show a spinner for ever.
+void GameDesk::PressReturnIn(const Window& dialog) {
     constexpr Milliseconds kLook{2'000};
     for (int keys = 0; dialog.Visible(); ++keys) {
         constexpr int kMostKeys = 20;
         if (keys == kMostKeys) {
-            throw std::runtime_error("the dialog does not take " + path + "\n" + reader.Outline());
+            throw std::runtime_error("the dialog does not take its file\n" + reader.Outline());
         }
         screen.Key("Return");
         ComesToRest(kLook);

@@ -21,6 +21,10 @@ struct GameDeskOptions {
     int scale = 1;                         // pixels of the screen in one of the toolkit's units
 };
 
+// Makes the folder one that cannot be written, as that of an installed program, and gives the options for the
+// program in it, with the user's own data folder in `data`.
+GameDeskOptions InReadOnlyFolder(const GameFolder& folder, const std::string& data);
+
 class GameDesk {
 public:
     // Starts the program of `folder`, which must live as long as this does, and waits for the board.
@@ -66,6 +70,9 @@ public:
     // Waits for the file dialog of that title and enters a path. Throws std::runtime_error when the dialog
     // does not close.
     void AnswerFileDialog(const std::string& title, const std::string& path);
+    // Waits for such a dialog and takes the file that it proposes. Throws std::runtime_error when it does not
+    // close.
+    void TakeProposedFile(const std::string& title);
     // Closes the window. Gives the program's exit status; nothing if it does not end.
     std::optional<int> Close();
 
@@ -75,6 +82,7 @@ public:
     ScreenReader reader;
 
 private:
+    void PressReturnIn(const Window& dialog);
     bool ComesToRest(Milliseconds patience);
 
     int scale_;

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 namespace tarveth::harness {
 namespace {
 
@@ -68,17 +66,6 @@ std::string Bitmap(std::int32_t width, std::int32_t height) {
            number(width, 4) + number(height, 4) + number(1, 2) + number(1, 2) + number(0, 4) +
            number(pixels, 4) + number(0, 16) + number(0xFF00FF, 4) + number(0, 4) +
            std::string(static_cast<std::size_t>(pixels), '\0');
-}
-
-// Runs the program in a folder that cannot be written, with its data folder at `data`.
-GameDeskOptions InReadOnlyFolder(const GameFolder& folder, const std::string& data) {
-    std::filesystem::permissions(folder.Path(),
-                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    GameDeskOptions options{.environment = {{"XDG_DATA_HOME", data}}};
-    if (geteuid() == 0) { // root may write everywhere, unless they give up that right
-        options.through = {"setpriv", "--bounding-set=-all", "--inh-caps=-all"};
-    }
-    return options;
 }
 
 TEST(SettingsFile, IsWrittenWholeAtTheFirstClose) {

@@ -55,6 +55,26 @@ TEST_F(Sounds, OfTheVictoryAreHeardAndNothingOfThemIsLoadedBefore) {
     EXPECT_EQ(desk.Close(), 0);
 }
 
+TEST_F(Sounds, OfARelativeNameAreFoundBesideAnInstalledProgram) {
+    const GameFolder home;
+    const std::string data = (home.Path() / "data").string();
+    std::filesystem::create_directories(home.Path() / "data/tarveth");
+    home.Write("data/tarveth/tarveth.ini",
+               "[Options]\r\nAnimateMoves=0\r\n[Sounds]\r\nSoundVictor=sounds/arrival.wav\r\n");
+    std::filesystem::copy(TARVETH_SOURCE_DIR "/sounds", folder.Path() / "sounds");
+    GameDeskOptions options = With("disk");
+    options.environment["SDL_DISKAUDIOFILE"] = (home.Path() / "played.raw").string();
+    const GameDeskOptions installed = InReadOnlyFolder(folder, data);
+    options.environment.insert(installed.environment.begin(), installed.environment.end());
+    options.through = installed.through;
+    GameDesk desk(folder, options);
+    desk.Move("4D", "4E");
+    ASSERT_TRUE(desk.PromptBecomes("Game Over"));
+    const std::string samples = FileBytes(TARVETH_SOURCE_DIR "/sounds/arrival.wav").substr(44);
+    EXPECT_TRUE(WaitUntil([&] { return home.Read("played.raw").find(samples) != std::string::npos; }));
+    EXPECT_EQ(desk.Close(), 0);
+}
+
 TEST_F(Sounds, DoNotDisturbTheGameOnASystemWithoutSound) {
     GameDesk desk(folder, With("of no system"));
     desk.Move("4D", "4E");
