@@ -1,6 +1,8 @@
 #include "platform/leftovers.h"
 
 #include <chrono>
+#include <mutex>
+#include <set>
 #include <string_view>
 #include <system_error>
 
@@ -77,6 +79,17 @@ void RemoveLeftovers(const fs::path& folder) {
             IsAbandoned(entry->path(), *maker))
             RemoveUnlessOpen(entry->path());
     }
+}
+
+void RemoveLeftoversOnce(const fs::path& folder) {
+    static std::mutex mutex;
+    static std::set<fs::path> seen;
+    {
+        const std::lock_guard lock(mutex);
+        if (!seen.insert(folder).second)
+            return;
+    }
+    RemoveLeftovers(folder);
 }
 
 } // namespace tarveth::platform

@@ -25,6 +25,10 @@ std::optional<ProcessId> MakerOf(const std::filesystem::path& name);
 // Removes what killed programs left in the folder, by the rule above. What cannot be looked at stays.
 void RemoveLeftovers(const std::filesystem::path& folder);
 
+// The same, but only the first time that this process asks for this folder, because looking through a folder
+// of many files takes longer than writing a file.
+void RemoveLeftoversOnce(const std::filesystem::path& folder);
+
 // The system's part of it.
 ProcessId OwnProcess();
 bool IsRunning(ProcessId process);

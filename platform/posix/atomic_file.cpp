@@ -119,7 +119,7 @@ void WriteFileAtomically(const std::string& file, std::string_view bytes) {
         Fail(file, "cannot be written", errno);
     removal.Keep();
     SyncFolder(target.parent_path());
-    RemoveLeftovers(target.parent_path());
+    RemoveLeftoversOnce(target.parent_path());
 }
 
 std::string ReadWholeFile(const std::string& file, std::uintmax_t limit) {

@@ -104,7 +104,7 @@ void NewFile::TakePlace() {
     if (!MoveOver(path_, target_))
         Fail(file_, kCannotBeWritten);
     placed_ = true;
-    RemoveLeftovers(target_.parent_path());
+    RemoveLeftoversOnce(target_.parent_path());
 }
 
 } // namespace tarveth::platform

@@ -50,6 +50,19 @@ TEST(Leftovers, AreRemovedByASaveIntoTheirFolder) {
     EXPECT_EQ(GetBytes(folder.File("a.tsg")), "a game");
 }
 
+TEST(Leftovers, AreLookedForOnceInEachFolder) {
+    const TempFolder folder;
+    platform::RemoveLeftoversOnce(folder.Path());
+    PutBytes(folder.File(kOfNoProcess), "half a game");
+    platform::RemoveLeftoversOnce(folder.Path());
+    EXPECT_EQ(folder.FileCount(), 1U) << "the second time nothing is looked for";
+
+    const TempFolder another;
+    PutBytes(another.File(kOfNoProcess), "half a game");
+    platform::RemoveLeftoversOnce(another.Path());
+    EXPECT_EQ(another.FileCount(), 0U);
+}
+
 TEST(Leftovers, AreFilesOfTheirNamesOnly) {
     const TempFolder folder;
     fs::create_directory(folder.File(kOfNoProcess));

@@ -85,7 +85,8 @@ KilledProcess::KilledProcess(const std::string& test, const std::string& file, i
     STARTUPINFOW start = {};
     start.cb = sizeof start;
     EXPECT_TRUE(
-        CreateProcessW(program, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process_));
+        CreateProcessW(program, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process_))
+        << "error " << GetLastError();
 }
 
 KilledProcess::~KilledProcess() {
