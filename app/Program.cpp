@@ -1,11 +1,11 @@
 #include "app/Program.h"
 
-#include "display/wx/frmMainMenu.h"
 #include "engine/wx/frmReturn.h"
 #include "platform/file_error.h"
 #include "platform/leftovers.h"
 #include "platform/program_folder.h"
 #include "platform/text_path.h"
+#include "storage/lastmove.h"
 #include "storage/wx/frmClientOptions.h"
 #include "storage/wx/frmSplash.h"
 
@@ -47,12 +47,13 @@ MainWindowParts Program::Parts() {
     const auto closeOthers = [this] { CloseOtherWindows(); };
     const auto gameEndSound = [this](bool won) { sounds_.GameEndSound(won); };
     const auto chooseReturn = [this](std::int16_t side) { return AskReturn(window_, pictures_, side); };
-    return {game_,      settings_, pictures_,   main_,        board_,      mouse_,
-            Commands(), save,      closeOthers, gameEndSound, chooseReturn};
+    const auto marks = [this](bool boardHasFocus) { return Marks(boardHasFocus); };
+    return {game_,      settings_, pictures_,   main_,        board_,       mouse_,
+            Commands(), save,      closeOthers, gameEndSound, chooseReturn, marks};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {
-    return {
+    std::map<int, std::function<void()>> commands = {
         {mnuFileNew, [this] { main_.NewGame(); }},
         {mnuFileLoad, [this] { files_.LoadGame(); }},
         {mnuFileSave, [this] { files_.SaveGame(); }},
@@ -66,6 +67,26 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
         {mnuHelpAbout, [this] { frmSplash(window_, pictures_).ShowModal(); }},
     };
+    for (const ViewSwitch& view : kViewSwitches)
+        commands[view.item] = [this, &view] { Switch(view); };
+    return commands;
+}
+
+void Program::Switch(const ViewSwitch& view) {
+    std::int16_t& setting = settings_.*view.setting;
+    setting = setting != 0 ? std::int16_t{0} : std::int16_t{-1};
+    window_->ApplyDisplaySettings();
+}
+
+BoardMarks Program::Marks(bool boardHasFocus) const {
+    MarkedView view;
+    view.mayPlay = !net_.GameInProgress() || net_.IsLocalSide(game_.Turn);
+    view.hidden = board_.ZonePainted;
+    view.lookedAt = {mouse_.Pointed};
+    if (mouse_.Cursor.Visible && boardHasFocus)
+        view.lookedAt.push_back(mouse_.Cursor.At);
+    view.last = ReadLastMove(game_.lstHistory);
+    return FindMarks(game_, settings_, view);
 }
 
 void Program::Start(const std::string& gameFile) {
@@ -181,6 +202,7 @@ void Program::SaveEverything(const WindowPosition& position) {
     SaveClientOptions(settings_, ini_, writableFolder_);
     SaveSettings(settings_, ini_, writableFolder_);
     SaveMainPosition(position, ini_, writableFolder_);
+    SaveLaterSections(settings_, ini_, writableFolder_);
     ini_.IniFlush(); // on purpose, an error is not reported
 }
 

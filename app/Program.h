@@ -7,6 +7,7 @@
 #include "display/wx/GameFileDialogs.h"
 #include "display/wx/Help.h"
 #include "display/wx/frmMain.h"
+#include "display/wx/frmMainMenu.h"
 #include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
 #include "net/wx/frmClient.h"
@@ -47,6 +48,8 @@ private:
     void CloseOtherWindows();
     MainWindowParts Parts();
     std::map<int, std::function<void()>> Commands();
+    void Switch(const ViewSwitch& view);
+    BoardMarks Marks(bool boardHasFocus) const;
 
     std::string programFolder_;  // of the executable, with what ships beside it
     std::string writableFolder_; // of settings and logs: the same one where it can be written

@@ -12,11 +12,11 @@ namespace {
 
 constexpr int kGapBelowBoard = 120; // twips
 
+} // namespace
+
 Pixel ColourOf(const BoardColor& colour) {
     return Rgb(colour.R, colour.G, colour.B);
 }
-
-} // namespace
 
 BoardDisplay::BoardDisplay(Game& game, const Settings& settings, PiecePictures& pictures, PersonPort& person,
                            DisplayPort& port)
@@ -89,6 +89,7 @@ int BoardDisplay::PixelOf(Currency squareNumber) const {
 void BoardDisplay::PresentBoard() {
     StretchPixels(picBoard.Pixels, picDisplay.Pixels);
     StretchPixels(picJail.Pixels, picDisplayJail.Pixels);
+    ZonePainted = false;
     MoveMarker();
     port_.RefreshDisplay();
 }

@@ -33,6 +33,9 @@ struct MarkerShape {
     int Left = 0, Top = 0, Width = 0, Height = 0;
 };
 
+// Gives the colour of a kind of square.
+Pixel ColourOf(const BoardColor& colour);
+
 class BoardDisplay : public BoardPort {
 public:
     // All of these outlive the object.
@@ -45,6 +48,7 @@ public:
     PictureBox picDisplay;     // picBoard, stretched to the size that the window shows
     PictureBox picDisplayJail; // picJail, stretched to the size that the window shows
     MarkerShape Shape1;        // the selection marker, round the square of the piece last picked
+    bool ZonePainted = false;  // zones are painted over picDisplay, until it is presented again
 
     // Sets the size of the visible board and jail in pixels and presents them again.
     void SetDisplaySize(int boardEdge, int jailHeight);

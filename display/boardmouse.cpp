@@ -3,6 +3,7 @@
 #include "engine/boardinput.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarveth {
 
@@ -13,7 +14,22 @@ Square BoardMouse::SquareUnder(double x, double y) const {
     return SquareAt(x, y, board_.picDisplay.Pixels.Width(), board_.picDisplay.Pixels.Height());
 }
 
+bool BoardMouse::Point(double x, double y) {
+    const Square under = SquareUnder(x, y);
+    if (under != clicked_)
+        clicked_ = {};
+    const Square pointed = under == clicked_ ? Square{} : under;
+    return std::exchange(Pointed, pointed) != pointed;
+}
+
+// What a click has done is marked by itself; a mark of what the next one could do would only be in its way.
+void BoardMouse::ForgetPointed(Square clicked) {
+    clicked_ = clicked;
+    Pointed = {};
+}
+
 void BoardMouse::MouseDown(MouseButton button, double x, double y) {
+    ForgetPointed(SquareUnder(x, y));
     if (button == MouseButton::Right && settings_.ShowsZoneOnRightClick())
         zones_.ShowZoneAt(SquareUnder(x, y));
 }

@@ -21,6 +21,11 @@ public:
     BoardMouse(const Settings& settings, BoardDisplay& board, ZoneDisplay& zones, modMAIN& main);
 
     BoardCursor Cursor;
+    Square Pointed; // the square under the pointer; (0, 0) for none, and while it stays where it has clicked
+
+    // Is to be called when the pointer moves over the visible board, and with a place outside it when the
+    // pointer leaves. Says whether Pointed has changed.
+    bool Point(double x, double y);
 
     // Positions are in pixels of the visible board.
     void MouseDown(MouseButton button, double x, double y);
@@ -36,6 +41,9 @@ public:
 
 private:
     Square SquareUnder(double x, double y) const;
+    void ForgetPointed(Square clicked);
+
+    Square clicked_; // the square that was clicked last, while the pointer is still on it
 
     const Settings& settings_;
     BoardDisplay& board_;

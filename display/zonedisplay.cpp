@@ -30,6 +30,7 @@ void ZoneDisplay::PaintMap(const ZoneMap& map, int kind) {
         for (int row = 1; row <= kBoardSize; ++row)
             if (const int zone = map[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)])
                 PaintZoneSquare(column, row, kind == kAsTheMapSays ? zone : kind);
+    board_.ZonePainted = true;
     port_.RefreshDisplay();
 }
 

@@ -56,12 +56,21 @@ struct Settings : GameOptions {
     std::string ChatTextFontName = "MS Sans Serif";
     std::int16_t ChatTextFontSize = 8;
 
+    std::int16_t LegalMoves = -1; // marks where a piece may go, and which pieces may be picked
+    std::int16_t LastMove = -1;   // marks what the last move and return have done
+    std::int16_t Zones = 0;       // shows the zones of the side to move as long as it is on
+    std::int16_t BothZones = 0;   // with Zones: those of the other side too
+
     friend bool operator==(const Settings&, const Settings&) = default;
 
     bool ShowsZoneOnRightClick() const { return ZOCRight != 0; }
     bool ShowsGridLabels() const { return GridLabels != 0; }
     bool ShowsHistory() const { return History != 0; }
     bool SavesLogAtGameEnd() const { return AutoSaveLog != 0; }
+    bool MarksLegalMoves() const { return LegalMoves != 0; }
+    bool MarksLastMove() const { return LastMove != 0; }
+    bool ShowsZones() const { return Zones != 0; }
+    bool ShowsBothZones() const { return BothZones != 0; }
     bool PlaysNewUserSound() const { return UseNewUserSound != 0; }
 };
 

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <variant>
 
@@ -91,7 +92,19 @@ inline constexpr std::array kSettings = std::to_array<SettingRow>({
     {"ClientOptions", "UserListFontSize", At<&Settings::UserListFontSize>},
     {"ClientOptions", "ChatTextFontName", At<&Settings::ChatTextFontName>},
     {"ClientOptions", "ChatTextFontSize", At<&Settings::ChatTextFontSize>},
+    {"View", "LegalMoves", At<&Settings::LegalMoves>},
+    {"View", "LastMove", At<&Settings::LastMove>},
+    {"View", "Zones", At<&Settings::Zones>},
+    {"View", "BothZones", At<&Settings::BothZones>},
 });
+
+// The sections that are written only once something in them is not as it is built in. Earlier releases do not
+// know them, and a first tarveth.ini is to be as those wrote it.
+inline constexpr std::array<std::string_view, 1> kLaterSections = {"View"};
+
+constexpr bool IsInLaterSection(const SettingRow& row) {
+    return std::ranges::find(kLaterSections, std::string_view(row.section)) != kLaterSections.end();
+}
 
 constexpr std::size_t CountCheckBoxes(OptionsPage page) {
     return static_cast<std::size_t>(std::ranges::count_if(kSettings, [page](const SettingRow& row) {

@@ -4,8 +4,10 @@
 #include "storage/settings_table.h"
 #include "text/trim.h"
 
+#include <algorithm>
 #include <limits>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 namespace tarveth {
@@ -82,6 +84,10 @@ bool IsNoClientOption(const SettingRow& row) {
     return !IsClientOption(row);
 }
 
+bool IsAlwaysWritten(const SettingRow& row) {
+    return IsNoClientOption(row) && !IsInLaterSection(row);
+}
+
 std::vector<SettingProblem> Load(Choice chosen, Settings& settings, modINI& ini, const std::string& folder) {
     std::vector<SettingProblem> problems;
     SectionRegister sections(ini, folder);
@@ -97,7 +103,8 @@ std::vector<SettingProblem> Load(Choice chosen, Settings& settings, modINI& ini,
     return problems;
 }
 
-void Save(Choice chosen, Settings settings, modINI& ini, const std::string& folder) {
+template <typename Chosen>
+void Save(Chosen chosen, Settings settings, modINI& ini, const std::string& folder) {
     SectionRegister sections(ini, folder);
     for (const SettingRow& row : kSettings) {
         if (!chosen(row))
@@ -105,6 +112,28 @@ void Save(Choice chosen, Settings settings, modINI& ini, const std::string& fold
         sections.Enter(row.section);
         std::visit(Writer{ini, row.key}, row.member(settings));
     }
+}
+
+// Whether a member has another value in each of the two.
+bool Differ(const SettingRow& row, Settings& one, Settings& other) {
+    return std::visit(
+        [](const auto* a, const auto* b) {
+            if constexpr (std::is_same_v<decltype(a), decltype(b)>)
+                return *a != *b;
+            else
+                return true;
+        },
+        row.member(one), row.member(other));
+}
+
+// Whether the section of the file says something else than the settings. A missing key says its built-in
+// value.
+bool IsOutOfDate(std::string_view section, Settings settings, modINI& ini, const std::string& folder) {
+    Settings inFile;
+    LoadSettings(inFile, ini, folder);
+    return std::ranges::any_of(kSettings, [&](const SettingRow& row) {
+        return row.section == section && Differ(row, settings, inFile);
+    });
 }
 
 } // namespace
@@ -122,7 +151,13 @@ std::vector<SettingProblem> LoadClientOptions(Settings& settings, modINI& ini, c
 }
 
 void SaveSettings(const Settings& settings, modINI& ini, const std::string& folder) {
-    Save(IsNoClientOption, settings, ini, folder);
+    Save(IsAlwaysWritten, settings, ini, folder);
+}
+
+void SaveLaterSections(const Settings& settings, modINI& ini, const std::string& folder) {
+    for (const std::string_view section : kLaterSections)
+        if (IsOutOfDate(section, settings, ini, folder))
+            Save([section](const SettingRow& row) { return row.section == section; }, settings, ini, folder);
 }
 
 void SaveClientOptions(const Settings& settings, modINI& ini, const std::string& folder) {

@@ -30,9 +30,14 @@ void SetDefaultSettings(Settings& settings);
 std::vector<SettingProblem> LoadSettings(Settings& settings, modINI& ini, const std::string& folder);
 std::vector<SettingProblem> LoadClientOptions(Settings& settings, modINI& ini, const std::string& folder);
 
-// Write every key of the same sections, changed or not. They are on the disk after the next IniFlush.
+// Write every key of the same sections but kLaterSections, changed or not. They are on the disk after the
+// next IniFlush.
 void SaveSettings(const Settings& settings, modINI& ini, const std::string& folder);
 void SaveClientOptions(const Settings& settings, modINI& ini, const std::string& folder);
+
+// Writes those of kLaterSections whose settings are not what the file says, each with all its keys. To be
+// called last, so that new sections stand at the end.
+void SaveLaterSections(const Settings& settings, modINI& ini, const std::string& folder);
 
 // The problems found in the file, each on a line of its own for standard error.
 std::string ProblemLines(const std::vector<SettingProblem>& problems, const std::string& iniPath);

@@ -61,6 +61,8 @@ BoardView::BoardView(wxWindow* parent) : PictureView(parent, wxWANTS_CHARS) {
         Bind(type, &BoardView::OnMouseDown, this);
     for (const auto& type : {wxEVT_LEFT_UP, wxEVT_RIGHT_UP})
         Bind(type, &BoardView::OnMouseUp, this);
+    Bind(wxEVT_MOTION, &BoardView::OnPointerMove, this);
+    Bind(wxEVT_LEAVE_WINDOW, &BoardView::OnPointerMove, this);
     Bind(wxEVT_MOUSE_CAPTURE_LOST, &BoardView::OnCaptureLost, this);
     Bind(wxEVT_KEY_DOWN, &BoardView::OnKeyDown, this);
     Bind(wxEVT_KEY_UP, &BoardView::OnKeyUp, this);
@@ -88,6 +90,17 @@ void BoardView::PaintOver(wxDC& dc) {
         DrawCursor(dc, {(cursor.At.column - 1) * square, (cursor.At.row - 1) * square, square, square});
 }
 
+// A window that opens under the pointer is entered without a movement; then nothing is pointed at.
+void BoardView::OnPointerMove(wxMouseEvent& event) {
+    event.Skip();
+    if (mouse_ == nullptr)
+        return;
+    const double scale = GetContentScaleFactor();
+    const bool outside = event.Leaving();
+    if (mouse_->Point(outside ? -1 : event.GetX() * scale, outside ? -1 : event.GetY() * scale))
+        RefreshMarks();
+}
+
 void BoardView::OnMouseDown(wxMouseEvent& event) {
     SetFocus();
     // The mouse is captured only for a zone, which ends when the button is released, even outside the window.
@@ -95,6 +108,7 @@ void BoardView::OnMouseDown(wxMouseEvent& event) {
         CaptureMouse();
     const double scale = GetContentScaleFactor();
     mouse_->MouseDown(ButtonOf(event), event.GetX() * scale, event.GetY() * scale);
+    RefreshMarks();
 }
 
 void BoardView::OnMouseUp(wxMouseEvent& event) {
@@ -139,7 +153,7 @@ void BoardView::OnKeyDown(wxKeyEvent& event) {
         event.Skip();
         return;
     }
-    Refresh(false);
+    RefreshMarks();
 }
 
 void BoardView::OnKeyUp(wxKeyEvent& event) {
@@ -152,7 +166,7 @@ void BoardView::OnKeyUp(wxKeyEvent& event) {
 void BoardView::OnFocusChange(wxFocusEvent& event) {
     if (mouse_ != nullptr && event.GetEventType() == wxEVT_KILL_FOCUS)
         mouse_->ReleaseCursorZone(); // without the focus this window will not get the key-up event
-    Refresh(false);
+    RefreshMarks();
     event.Skip();
 }
 

@@ -24,6 +24,7 @@ protected:
     void PaintOver(wxDC& dc) override;
 
 private:
+    void OnPointerMove(wxMouseEvent& event);
     void OnMouseDown(wxMouseEvent& event);
     void OnMouseUp(wxMouseEvent& event);
     void OnCaptureLost(wxMouseCaptureLostEvent& event);

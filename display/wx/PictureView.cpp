@@ -1,5 +1,7 @@
 #include "display/wx/PictureView.h"
 
+#include <utility>
+
 #include <wx/dcclient.h>
 #include <wx/rawbmp.h>
 
@@ -34,14 +36,27 @@ PictureView::PictureView(wxWindow* parent, long style)
 
 void PictureView::ShowPixels(const PixelBuffer& pixels) {
     pixels_ = &pixels;
+    RefreshMarks();
+}
+
+void PictureView::MarkWith(std::function<std::optional<PixelBuffer>(const PixelBuffer&)> marked) {
+    marked_ = std::move(marked);
+}
+
+void PictureView::RefreshMarks() {
     bitmap_ = wxBitmap();
     Refresh(false);
+}
+
+wxBitmap PictureView::MakeBitmap() const {
+    const std::optional<PixelBuffer> marked = marked_ ? marked_(*pixels_) : std::nullopt;
+    return ToBitmap(marked ? *marked : *pixels_, GetContentScaleFactor());
 }
 
 void PictureView::OnPaint(wxPaintEvent&) {
     wxPaintDC dc(this);
     if (!bitmap_.IsOk() && pixels_ != nullptr)
-        bitmap_ = ToBitmap(*pixels_, GetContentScaleFactor());
+        bitmap_ = MakeBitmap();
     if (bitmap_.IsOk())
         dc.DrawBitmap(bitmap_, 0, 0);
     PaintOver(dc);

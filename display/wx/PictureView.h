@@ -3,6 +3,9 @@
 
 #include "display/pixels.h"
 
+#include <functional>
+#include <optional>
+
 #include <wx/bitmap.h>
 #include <wx/window.h>
 
@@ -18,6 +21,12 @@ public:
     // Has the pixels painted when the window is next repainted. They outlive the window.
     void ShowPixels(const PixelBuffer& pixels);
 
+    // Has the picture painted with the marks that this function gives a picture of it with; it gives nothing
+    // while there are none.
+    void MarkWith(std::function<std::optional<PixelBuffer>(const PixelBuffer&)> marked);
+    // Has the marks drawn anew when the window is next repainted.
+    void RefreshMarks();
+
     // The picture takes no keyboard focus.
     bool AcceptsFocus() const override { return false; }
 
@@ -27,9 +36,11 @@ protected:
 
 private:
     void OnPaint(wxPaintEvent& event);
+    wxBitmap MakeBitmap() const;
 
     const PixelBuffer* pixels_ = nullptr;
-    wxBitmap bitmap_; // a copy of the pixels; invalid if they have changed since it was made
+    std::function<std::optional<PixelBuffer>(const PixelBuffer&)> marked_;
+    wxBitmap bitmap_; // the pixels with their marks; invalid if these have changed since it was made
 };
 
 } // namespace tarveth

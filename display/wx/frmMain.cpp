@@ -62,6 +62,7 @@ void frmMain::CreateMenus() {
 void frmMain::Connect(const MainWindowParts& parts) {
     parts_ = std::make_unique<MainWindowParts>(parts);
     picDisplay->Connect(parts.board, parts.mouse, [this] { parts_->main.RunPasses(); });
+    MarkPictures();
     for (const auto& [item, command] : parts_->commands) {
         GetMenuBar()->Enable(item, true);
         Bind(
@@ -71,6 +72,15 @@ void frmMain::Connect(const MainWindowParts& parts) {
     ApplyDisplaySettings();
     picDisplay->SetFocus();
     CallAfter([this] { NameControls(); }); // screen readers need the names only once the window is shown
+}
+
+// The marks are found when they are painted, so that they are always those of the game at that moment.
+void frmMain::MarkPictures() {
+    picDisplay->MarkWith([this](const PixelBuffer& board) {
+        return MarkedBoard(board, parts_->marks(picDisplay->HasFocus()), parts_->settings);
+    });
+    picDisplayJail->MarkWith(
+        [this](const PixelBuffer& jail) { return MarkedJail(jail, parts_->marks(false).jailSlot); });
 }
 
 // In a dark theme the sides' pure colours would be hard to read, so labels in such a colour get a light
@@ -101,6 +111,11 @@ void frmMain::TakeIcons(const std::string& folder) {
 
 void frmMain::CheckBoardVariant() {
     mnuOptions->Check(parts_->settings.UsesImperialBoard() ? mnuOptionsImperial : mnuOptionsDraume, true);
+}
+
+void frmMain::CheckViewSwitches() {
+    for (const ViewSwitch& view : kViewSwitches)
+        GetMenuBar()->Check(view.item, parts_->settings.*view.setting != 0);
 }
 
 void frmMain::ShowMessage(std::string_view text) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "display/board.h"
+#include "display/boardmarks.h"
 #include "display/boardmouse.h"
 #include "display/layout.h"
 #include "display/wx/PlacedFrame.h"
@@ -38,6 +39,7 @@ struct MainWindowParts {
     std::function<void()> closeOthers; // closes the other windows; called when the loop has been ended
     std::function<void(bool localPlayerWon)> gameEndSound;
     std::function<PieceKind(std::int16_t side)> chooseReturn; // Officer or Pawn; blocks until chosen
+    std::function<BoardMarks(bool boardHasFocus)> marks;      // of the board as it is now
 };
 
 class frmMain : public PlacedFrame, public MainWindowPort, public PersonPort, public DisplayPort {
@@ -51,7 +53,7 @@ public:
     // Loads the window's icons from pics/ in the folder (with its trailing separator), if they exist.
     void TakeIcons(const std::string& folder);
 
-    // Applies the settings for grid labels and history, and lays out the window.
+    // Applies the settings for grid labels, history and marks, and lays out the window.
     void ApplyDisplaySettings();
     void ShowGridLabels();
 
@@ -85,7 +87,9 @@ private:
     LayoutMetrics Metrics() const;
     void LayOut();
     void TakeThemeColours();
+    void MarkPictures();
     void CheckBoardVariant();
+    void CheckViewSwitches();
     void UpdatePlayer();
 
     void OnSize(wxSizeEvent& event);

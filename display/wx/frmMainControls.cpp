@@ -137,6 +137,7 @@ void frmMain::LayOut() {
 }
 
 void frmMain::ApplyDisplaySettings() {
+    CheckViewSwitches();
     ShowGridLabels();
     const bool history = parts_->settings.ShowsHistory();
     if (history && lstHistory == nullptr)
@@ -145,6 +146,7 @@ void frmMain::ApplyDisplaySettings() {
         lstHistory->Show(history);
     Line1->Show(history);
     LayOut();
+    RefreshDisplay();
 }
 
 void frmMain::ShowGridLabels() {

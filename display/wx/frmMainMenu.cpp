@@ -21,6 +21,10 @@ MainMenu CreateMainMenu() {
     mnuOptions->AppendSeparator();
     mnuOptions->Append(mnuSetColors, "&Options...");
 
+    auto* mnuView = new wxMenu;
+    for (const ViewSwitch& view : kViewSwitches)
+        mnuView->AppendCheckItem(view.item, view.caption);
+
     auto* mnuHelp = new wxMenu;
     mnuHelp->Append(mnuHelpHelp, "&Help on Tarveth");
     mnuHelp->AppendSeparator();
@@ -32,6 +36,7 @@ MainMenu CreateMainMenu() {
     auto* bar = new wxMenuBar;
     bar->Append(mnuFile, "&File");
     bar->Append(mnuOptions, "&Options");
+    bar->Append(mnuView, "&View");
     bar->Append(mnuHelp, "&Help");
     for (int item = mnuFirst; item <= mnuLast; ++item)
         bar->Enable(item, item == mnuFileExit);

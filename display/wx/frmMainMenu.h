@@ -1,6 +1,11 @@
 // The menu bar of the main window.
 #pragma once
 
+#include "storage/settings.h"
+
+#include <array>
+#include <cstdint>
+
 #include <wx/defs.h>
 
 class wxMenu;
@@ -24,8 +29,31 @@ enum MainMenuItem : int {
     mnuOptionsShowZOC,
     mnuOptionsShowZOCAll,
     mnuHelpAbout,
-    mnuLast = mnuHelpAbout,
+    mnuViewLegalMoves,
+    mnuViewLastMove,
+    mnuViewZones,
+    mnuViewBothZones,
+    mnuViewCoordinates,
+    mnuViewHistory,
+    mnuLast = mnuViewHistory,
 };
+
+// A check item of the View menu, and the setting that it turns on and off.
+struct ViewSwitch {
+    MainMenuItem item;
+    const char* caption;
+    std::int16_t Settings::*setting;
+};
+
+// In the order of the menu. A new one is a row here, its item above, and its setting.
+inline constexpr std::array kViewSwitches = std::to_array<ViewSwitch>({
+    {mnuViewLegalMoves, "&Legal Moves", &Settings::LegalMoves},
+    {mnuViewLastMove, "La&st Move", &Settings::LastMove},
+    {mnuViewZones, "&Zones", &Settings::Zones},
+    {mnuViewBothZones, "Zones of &Both Sides", &Settings::BothZones},
+    {mnuViewCoordinates, "&Coordinates", &Settings::GridLabels},
+    {mnuViewHistory, "&History", &Settings::History},
+});
 
 struct MainMenu {
     wxMenuBar* bar = nullptr; // to be owned by the frame that it is given to

@@ -26,6 +26,7 @@ protected:
         SaveClientOptions(settings, ini, folder.Name());
         SaveSettings(settings, ini, folder.Name());
         SaveMainPosition(position, ini, folder.Name());
+        SaveLaterSections(settings, ini, folder.Name());
         return ini.IniFlush();
     }
 
@@ -86,6 +87,34 @@ TEST_F(SettingsFile, GivesBackEverySettingThatWasSaved) {
     EXPECT_TRUE(LoadSettings(read, ini, folder.Name()).empty());
     EXPECT_TRUE(LoadClientOptions(read, ini, folder.Name()).empty());
     EXPECT_EQ(read, settings);
+}
+
+// Lines of the section [View], the last of the file.
+std::string ViewSection(const std::string& file) {
+    const std::string text = WithoutBlanksBeforeValues(GetBytes(file));
+    const auto at = text.find("[View]");
+    return at == std::string::npos ? std::string() : text.substr(at);
+}
+
+TEST_F(SettingsFile, ALaterSectionIsWrittenAtTheEndOnceSomethingInItHasChanged) {
+    settings.Zones = -1;
+    EXPECT_TRUE(Close());
+    const std::string changed = Lines("[View]\nLegalMoves=-1\nLastMove=-1\nZones=-1\nBothZones=0\n");
+    EXPECT_EQ(ViewSection(file), changed);
+    Settings read;
+    EXPECT_TRUE(LoadSettings(read, ini, folder.Name()).empty());
+    EXPECT_EQ(read, settings);
+}
+
+TEST_F(SettingsFile, ALaterSectionOnceWrittenFollowsBackToTheBuiltInValues) {
+    settings.LegalMoves = 0;
+    EXPECT_TRUE(Close());
+    settings.LegalMoves = -1;
+    EXPECT_TRUE(Close());
+    EXPECT_EQ(ViewSection(file), Lines("[View]\nLegalMoves=-1\nLastMove=-1\nZones=0\nBothZones=0\n"));
+    Settings read;
+    LoadSettings(read, ini, folder.Name());
+    EXPECT_EQ(read, Settings());
 }
 
 TEST_F(SettingsFile, AValueWithALineBreakCannotSmuggleInAnother) {

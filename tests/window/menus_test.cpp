@@ -24,6 +24,13 @@ Options
   Draume Crown Board
   ----
   Options...
+View
+  Legal Moves
+  Last Move
+  Zones
+  Zones of Both Sides
+  Coordinates
+  History
 Help
   Help on Tarveth
   ----
