@@ -24,7 +24,8 @@ void TestClient::RunPasses() {
 }
 
 bool TestClient::AnswerJoinQuestion() {
-    if (window.joinQuestion.empty() || window.leavesJoinQuestionOpen)
+    const bool closes = window.unloads > 0; // a window that is about to close takes no answer any more
+    if (window.joinQuestion.empty() || window.leavesJoinQuestionOpen || closes)
         return false;
     client.AnswerInvitation(window.TakeAnswer());
     return true;
