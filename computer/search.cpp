@@ -1,47 +1,16 @@
 #include "computer/search.h"
 
 #include "computer/attacks.h"
+#include "computer/reductions.h"
 #include "computer/weights.h"
 #include "computer/zobrist.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 
 namespace tarveth::computer {
 
 namespace {
-
-constexpr int kMostTurns = 64;
-
-using Reductions = std::array<std::array<std::int8_t, kMostTurns>, kMostTurns>;
-
-// The natural logarithm by its series, the same on every system.
-constexpr double Log(int number) {
-    const double y = (number - 1.0) / (number + 1.0);
-    double power = y;
-    double sum = 0;
-    for (int k = 1; k < 400; k += 2, power *= y * y)
-        sum += power / k;
-    return 2 * sum;
-}
-
-// By depth and by how many turns were tried before: late turns are seldom the best and are searched less
-// deep.
-constexpr Reductions MakeReductions() {
-    std::array<double, kMostTurns> logs{};
-    for (int i = 1; i < kMostTurns; ++i)
-        logs[static_cast<std::size_t>(i)] = Log(i);
-    Reductions reductions{};
-    for (std::size_t depth = 1; depth < kMostTurns; ++depth)
-        for (std::size_t index = 1; index < kMostTurns; ++index)
-            // All are positive, and std::lround is no constant expression.
-            // NOLINTNEXTLINE(bugprone-incorrect-roundings)
-            reductions[depth][index] = static_cast<std::int8_t>(0.5 + logs[depth] * logs[index] / 1.9);
-    return reductions;
-}
-
-constexpr Reductions kReductions = MakeReductions();
 
 // Values of won positions count from the root in the search, from the position itself in the table.
 int ToTable(int value, int ply) {
@@ -270,8 +239,7 @@ int Searcher::ReductionOf(const Node& node, const SearchPosition& position, Sear
                           bool goodCapture) const {
     if (plain_ || node.depth < 2 || index < 2 || goodCapture)
         return 0;
-    int reduction = kReductions[static_cast<std::size_t>(std::min(node.depth, kMostTurns - 1))]
-                               [static_cast<std::size_t>(std::min(index, kMostTurns - 1))];
+    int reduction = LateMoveReduction(node.depth, index);
     if (node.pv)
         --reduction;
     if (node.danger)
