@@ -9,9 +9,11 @@
 #include "storage/wx/frmClientOptions.h"
 #include "storage/wx/frmSplash.h"
 
+#include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include <wx/msgdlg.h>
@@ -40,7 +42,10 @@ Program::Program()
       mouse_(settings_, board_, zones_, main_),
       fileDialogs_(window_),
       files_(game_, net_, record_, main_, Ports{*window_, board_, *window_, record_, network_}, fileDialogs_,
-             writableFolder_) {}
+             writableFolder_),
+      keeper_(KeeperParts()) {
+    record_.Watch = &keeper_;
+}
 
 MainWindowParts Program::Parts() {
     const auto save = [this](const WindowPosition& position) { SaveEverything(position); };
@@ -48,8 +53,15 @@ MainWindowParts Program::Parts() {
     const auto gameEndSound = [this](bool won) { sounds_.GameEndSound(won); };
     const auto chooseReturn = [this](std::int16_t side) { return AskReturn(window_, pictures_, side); };
     const auto marks = [this](bool boardHasFocus) { return Marks(boardHasFocus); };
+    const auto chooseInBar = [this](BarChoice choice) { keeper_.Choose(choice); };
     return {game_,      settings_, pictures_,   main_,        board_,       mouse_,
-            Commands(), save,      closeOthers, gameEndSound, chooseReturn, marks};
+            Commands(), save,      closeOthers, gameEndSound, chooseReturn, marks, chooseInBar};
+}
+
+GameKeeperParts Program::KeeperParts() {
+    const auto now = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
+    const auto runLater = [this](std::function<void()> work) { window_->CallAfter(std::move(work)); };
+    return {game_, net_, settings_, record_, files_, network_, *window_, writableFolder_, now, runLater};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {
@@ -97,6 +109,7 @@ void Program::Start(const std::string& gameFile) {
     LoadEverything();
     window_->Connect(Parts());
     BeginGame(gameFile);
+    keeper_.OfferAbandoned();
     ShowWindow();
 }
 
@@ -199,6 +212,7 @@ void Program::SaveClient(const WindowPosition& position) {
 }
 
 void Program::SaveEverything(const WindowPosition& position) {
+    keeper_.Close();
     SaveClientOptions(settings_, ini_, writableFolder_);
     SaveSettings(settings_, ini_, writableFolder_);
     SaveMainPosition(position, ini_, writableFolder_);

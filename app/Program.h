@@ -12,6 +12,7 @@
 #include "engine/modMAIN.h"
 #include "net/wx/frmClient.h"
 #include "storage/gamefiles.h"
+#include "storage/gamekeeper.h"
 #include "storage/gamerecord.h"
 #include "storage/modINI.h"
 #include "storage/settingsfile.h"
@@ -47,6 +48,7 @@ private:
     void SaveEverything(const WindowPosition& position);
     void CloseOtherWindows();
     MainWindowParts Parts();
+    GameKeeperParts KeeperParts();
     std::map<int, std::function<void()>> Commands();
     void Switch(const ViewSwitch& view);
     BoardMarks Marks(bool boardHasFocus) const;
@@ -72,6 +74,7 @@ private:
     Help help_{window_, {writableFolder_, programFolder_}};
     GameFileDialogs fileDialogs_;
     GameFiles files_;
+    GameKeeper keeper_;
 };
 
 } // namespace tarveth

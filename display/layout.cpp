@@ -13,7 +13,7 @@ constexpr int kLineWidth = 2;
 
 int LargestSquare(int width, int height, const LayoutMetrics& m) {
     const int forBoard = width - 3 * m.margin - m.gridWidth - m.gap - m.sideWidth;
-    const int forBoardAndJail = height - 2 * m.margin - m.gridHeight - m.gap;
+    const int forBoardAndJail = height - m.barHeight - 2 * m.margin - m.gridHeight - m.gap;
     const int square = std::min(forBoard / kBoardSize, forBoardAndJail / (kBoardSize + kJailRows));
     return std::max(square, kSmallestSquare);
 }
@@ -22,7 +22,8 @@ void LayOutGrid(MainLayout& layout, int square, const LayoutMetrics& m) {
     for (int i = 0; i < kBoardSize; ++i) {
         const auto index = static_cast<std::size_t>(i);
         layout.grid[index] = {m.margin, layout.display.y + i * square, m.gridWidth, square};
-        layout.grid[index + kBoardSize] = {layout.display.x + i * square, m.margin, square, m.gridHeight};
+        layout.grid[index + kBoardSize] = {layout.display.x + i * square, m.barHeight + m.margin, square,
+                                           m.gridHeight};
     }
 }
 
@@ -32,7 +33,8 @@ MainLayout LayOutMainWindow(int width, int height, const LayoutMetrics& m) {
     const int square = LargestSquare(width, height, m);
     const int edge = square * kBoardSize;
     MainLayout layout;
-    layout.display = {m.margin + m.gridWidth, m.margin + m.gridHeight, edge, edge};
+    layout.bar = {0, 0, width, m.barHeight};
+    layout.display = {m.margin + m.gridWidth, m.barHeight + m.margin + m.gridHeight, edge, edge};
     layout.displayJail = {layout.display.x, layout.display.Bottom() + m.gap, edge, square * kJailRows};
     LayOutGrid(layout, square, m);
 

@@ -19,6 +19,7 @@ struct LayoutBox {
 struct LayoutMetrics {
     int margin = 12;       // between the window's edge and its parts
     int gap = 8;           // between the parts
+    int barHeight = 0;     // of the bar along the top edge; 0 while there is none
     int gridWidth = 0;     // of the row letters; 0 when grid labels are off
     int gridHeight = 0;    // of the column numbers; 0 when grid labels are off
     int rowHeight = 20;    // of a line of the labels beside the board
@@ -29,6 +30,7 @@ struct LayoutMetrics {
 };
 
 struct MainLayout {
+    LayoutBox bar;                   // along the top edge, empty while there is none
     LayoutBox display;               // picDisplay
     LayoutBox displayJail;           // picDisplayJail
     std::array<LayoutBox, 16> grid;  // lblGrid: 0 to 7 down the left edge, 8 to 15 along the top

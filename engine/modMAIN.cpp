@@ -58,11 +58,14 @@ void modMAIN::SetTurn(std::int16_t side) {
 }
 
 void modMAIN::EndTurn() {
-    if (game_.Turn != NoSide) {
+    const bool played = game_.Turn != NoSide; // it is no side's turn while a game is set up
+    if (played) {
         assert(CheckGame(game_).empty());
         ports_.board.RedrawBoard();
     }
     SetTurn(game_.Turn == Blue ? Red : Blue);
+    if (played)
+        ports_.record.TurnEnded();
 }
 
 void modMAIN::ShowStatus(std::string_view text) {
@@ -85,8 +88,10 @@ bool modMAIN::Pass() {
     net_.RemoteMove = false;
     TakeRemoteSquare();
     if (game_.GameState != kReset && game_.GameState != kGetBoard && game_.GameState != kGameOver &&
-        CheckVictory())
+        CheckVictory()) {
         SetGameState(kGameOver);
+        ports_.record.GameEnded();
+    }
     return game_.GameState != kReset;
 }
 

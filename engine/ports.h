@@ -58,6 +58,11 @@ struct RecordPort {
     // Does the same before a board from the opponent, but writes no log of a game without moves: such a game
     // may have begun just for this board, and the log of the game before it has been written already.
     virtual void BeginReceivedRecord() = 0;
+    // Is called before a game from a file takes the place of the one on the board.
+    virtual void BeginLoadedRecord() {}
+    // Are called when a turn is over and the other side is to move, and when the game has been won.
+    virtual void TurnEnded() {}
+    virtual void GameEnded() {}
 };
 
 // The connection to the opponent's program.

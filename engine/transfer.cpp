@@ -31,9 +31,11 @@ void modMAIN::AwaitBoard() {
 
 void modMAIN::SetUpPosition(Game position, PositionSource source) {
     const bool fromFile = source == PositionSource::File;
-    if (!fromFile)
+    if (fromFile)
+        ports_.record.BeginLoadedRecord();
+    else
         ports_.record.BeginReceivedRecord();
-    else if (game_.GameState == kGameOver)
+    if (fromFile && game_.GameState == kGameOver)
         ports_.window.ShowMessage(""); // clears the winner of the game before
     net_.ClearQueues();                // squares that came before belong to the old board
     game_ = std::move(position);

@@ -21,6 +21,8 @@ constexpr std::string_view kExtension = ".tsg";
 constexpr char kFilter[] =
     "Tarveth Games (*.TSG)|*.TSG|All Files,*.*|*.*"; // the comma in the second label is meant
 
+constexpr std::string_view kNotSaved = "The game is not saved.";
+
 std::string WithExtension(const std::string& name) {
     const std::size_t start = name.size() - std::min(name.size(), kExtension.size());
     return FoldAscii(name.substr(start)) == kExtension ? name : name + std::string(kExtension);
@@ -62,19 +64,15 @@ void GameFiles::SaveGame() {
         return;
     }
     main_.FinishTurn();
-    Attempt("The game is not saved.", [&] { WriteGame(game_, record_.GameTitle, record_.GameFileName); });
+    Attempt(kNotSaved, [&] { WriteGame(game_, record_.GameTitle, record_.GameFileName); });
 }
 
 void GameFiles::SaveGameAs() {
     main_.FinishTurn();
-    std::string name = AskName(FileQuestion::Purpose::Save, "Save Game As", ProposedName());
+    const std::string name = AskSaveName(ProposedName());
     if (name.empty())
         return;
-    name = WithExtension(name);
-    if (platform::FileExists(name) &&
-        questions_.AskYesNoCancel(name + "\nThis file already exists. Overwrite it?") != YesNoCancel::Yes)
-        return;
-    Attempt("The game is not saved.", [&] {
+    Attempt(kNotSaved, [&] {
         WriteGame(game_, TitleOf(name), name);
         record_.GameFileName = name;
         ShowTitle();
@@ -88,12 +86,20 @@ void GameFiles::LoadGame() {
 }
 
 void GameFiles::OpenGame(const std::string& path) {
-    Game loaded = ReadGame(path);
+    TakeUp(ReadGame(path), path);
+}
+
+void GameFiles::TakeUp(Game game, const std::string& path) {
+    main_.SetUpPosition(std::move(game), PositionSource::File);
     record_.GameFileName = path;
-    main_.SetUpPosition(std::move(loaded), PositionSource::File);
     ShowTitle();
     if (net_.GameInProgress())
         ports_.network.SendBoard();
+}
+
+bool GameFiles::SaveOther(const Game& game, const std::string& proposedName) {
+    const std::string name = AskSaveName(proposedName);
+    return !name.empty() && Attempt(kNotSaved, [&] { WriteGame(game, TitleOf(name), name); });
 }
 
 // Gives the part of the path behind the program's folder for a file in that folder, else the whole path. Only
@@ -119,16 +125,34 @@ std::string GameFiles::AskName(FileQuestion::Purpose purpose, std::string title,
         questions_.AskFile({purpose, std::move(title), folder, std::move(name), kFilter}).value_or(""));
 }
 
-void GameFiles::ShowTitle() {
-    record_.GameTitle = TitleOf(record_.GameFileName);
-    ports_.window.ShowCaption(record_.GameTitle + " (Tarveth)");
+// Asks for the name to save under, with the ending of saved games; empty when the user cancels or leaves the
+// file of that name as it is.
+std::string GameFiles::AskSaveName(std::string proposal) {
+    std::string name = AskName(FileQuestion::Purpose::Save, "Save Game As", std::move(proposal));
+    if (name.empty())
+        return name;
+    name = WithExtension(name);
+    if (platform::FileExists(name) &&
+        questions_.AskYesNoCancel(name + "\nThis file already exists. Overwrite it?") != YesNoCancel::Yes)
+        name.clear();
+    return name;
 }
 
-void GameFiles::Attempt(std::string_view failure, const std::function<void()>& work) {
+// A game without a file has no title, and the window the program's own.
+void GameFiles::ShowTitle() {
+    const std::string& path = record_.GameFileName;
+    record_.GameTitle = path.empty() ? "" : TitleOf(path);
+    ports_.window.ShowCaption(path.empty() ? "Tarveth" : record_.GameTitle + " (Tarveth)");
+}
+
+// False when the work has failed, which the user has then been told.
+bool GameFiles::Attempt(std::string_view failure, const std::function<void()>& work) {
     try {
         work();
+        return true;
     } catch (const platform::FileError& error) {
         ports_.person.ShowMessageBox(std::string(failure) + '\n' + error.what());
+        return false;
     }
 }
 

@@ -62,12 +62,20 @@ public:
     // game on the board is then unchanged.
     void OpenGame(const std::string& path);
 
+    // Puts a game that was kept on the board, under the name of the file that it was last loaded from or
+    // saved to; with an empty name, as one never saved.
+    void TakeUp(Game game, const std::string& path);
+    // Asks for a file name and saves a game that is not the one on the board. False when it is not saved: the
+    // user has cancelled, or has been told why.
+    bool SaveOther(const Game& game, const std::string& proposedName);
+
 private:
     std::string TitleOf(const std::string& path) const;
     std::string ProposedName();
     std::string AskName(FileQuestion::Purpose purpose, std::string title, std::string name);
+    std::string AskSaveName(std::string proposal);
     void ShowTitle();
-    void Attempt(std::string_view failure, const std::function<void()>& work);
+    bool Attempt(std::string_view failure, const std::function<void()>& work);
 
     const Game& game_;
     const NetGame& net_;

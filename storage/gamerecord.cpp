@@ -17,27 +17,49 @@ std::string GameRecord::LogPath() const {
 
 void GameRecord::RecordMove(int index) {
     HistoryAddMove(game_, index);
+    Tell(&GameWatch::LineAdded);
 }
 
 void GameRecord::RecordCapture(int mover, int captured) {
     HistoryAddCapture(game_, mover, captured);
+    Tell(&GameWatch::LineAdded);
 }
 
 void GameRecord::RecordReturn(Square square) {
     HistoryAddReturn(game_, square);
+    Tell(&GameWatch::LineAdded);
 }
 
 void GameRecord::BeginNewRecord() {
+    Tell(&GameWatch::GameGivesWay);
     WriteLog();
     GameTitle.clear();
     GameFileName.clear();
 }
 
 void GameRecord::BeginReceivedRecord() {
+    Tell(&GameWatch::GameGivesWay);
     if (!game_.lstHistory.empty())
         WriteLog();
     GameTitle.clear();
     GameFileName.clear();
+}
+
+void GameRecord::BeginLoadedRecord() {
+    Tell(&GameWatch::GameGivesWay);
+}
+
+void GameRecord::TurnEnded() {
+    Tell(&GameWatch::TurnEnded);
+}
+
+void GameRecord::GameEnded() {
+    Tell(&GameWatch::GameEnded);
+}
+
+void GameRecord::Tell(void (GameWatch::*what)()) {
+    if (Watch != nullptr)
+        (Watch->*what)();
 }
 
 void GameRecord::WriteLog() {

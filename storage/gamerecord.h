@@ -9,6 +9,15 @@
 
 namespace tarveth {
 
+// Who is told what becomes of the game on the board, to keep it.
+struct GameWatch {
+    virtual ~GameWatch() = default;
+    virtual void LineAdded() = 0; // to the history, by a move or a return
+    virtual void TurnEnded() = 0;
+    virtual void GameEnded() = 0;
+    virtual void GameGivesWay() = 0; // another game is about to take the place of this one
+};
+
 class GameRecord : public RecordPort {
 public:
     // The references outlive the object. `folder` is the one that the log is written to, with its trailing
@@ -18,6 +27,8 @@ public:
     std::string GameTitle;    // as the game was last loaded or saved; empty for a game never saved
     std::string GameFileName; // its full path
 
+    GameWatch* Watch = nullptr; // null where nobody watches; otherwise it outlives the last call
+
     void RecordMove(int index) override;
     void RecordCapture(int mover, int captured) override;
     void RecordReturn(Square square) override;
@@ -26,12 +37,16 @@ public:
     void BeginNewRecord() override;
     // Does the same, but writes no log of a game without moves.
     void BeginReceivedRecord() override;
+    void BeginLoadedRecord() override;
+    void TurnEnded() override;
+    void GameEnded() override;
     // Gives the game's own file name with ".log" added, or "lastgame.log" in the folder for a game that was
     // never saved.
     std::string LogPath() const;
 
 private:
     void WriteLog();
+    void Tell(void (GameWatch::*what)());
 
     Game& game_;
     const Settings& settings_;

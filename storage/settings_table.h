@@ -96,11 +96,13 @@ inline constexpr std::array kSettings = std::to_array<SettingRow>({
     {"View", "LastMove", At<&Settings::LastMove>},
     {"View", "Zones", At<&Settings::Zones>},
     {"View", "BothZones", At<&Settings::BothZones>},
+    {"Game", "KeepAside", At<&Settings::KeepAside>},
+    {"Game", "KeepGames", At<&Settings::KeepGames>},
 });
 
 // The sections that are written only once something in them is not as it is built in. Earlier releases do not
 // know them, and a first tarveth.ini is to be as those wrote it.
-inline constexpr std::array<std::string_view, 1> kLaterSections = {"View"};
+inline constexpr std::array<std::string_view, 2> kLaterSections = {"View", "Game"};
 
 constexpr bool IsInLaterSection(const SettingRow& row) {
     return std::ranges::find(kLaterSections, std::string_view(row.section)) != kLaterSections.end();

@@ -1,6 +1,7 @@
 #include "display/wx/frmMain.h"
 
 #include "display/wx/BoardView.h"
+#include "display/wx/GameBar.h"
 #include "display/wx/HistoryList.h"
 #include "display/wx/frmMainMenu.h"
 #include "display/wx/text.h"
@@ -91,6 +92,8 @@ void frmMain::TakeThemeColours() {
     if (!parts_)
         return;
     ShowLocalSide(localSide_);
+    if (bar != nullptr)
+        bar->TakeThemeColours();
     const wxColour jail = ground.ChangeLightness(ground.GetLuminance() < 0.5 ? 108 : 95);
     parts_->board.picJail.BackColor = Rgb(jail.Red(), jail.Green(), jail.Blue());
     parts_->board.RedrawBoard();

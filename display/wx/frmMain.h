@@ -8,6 +8,7 @@
 #include "display/layout.h"
 #include "display/wx/PlacedFrame.h"
 #include "engine/modMAIN.h"
+#include "storage/gamebar.h"
 
 #include <array>
 #include <functional>
@@ -23,6 +24,7 @@ class wxStaticText;
 namespace tarveth {
 
 class BoardView;
+class GameBar;
 class HistoryList;
 class PictureView;
 
@@ -40,9 +42,14 @@ struct MainWindowParts {
     std::function<void(bool localPlayerWon)> gameEndSound;
     std::function<PieceKind(std::int16_t side)> chooseReturn; // Officer or Pawn; blocks until chosen
     std::function<BoardMarks(bool boardHasFocus)> marks;      // of the board as it is now
+    std::function<void(BarChoice)> chooseInBar;               // a button of the bar has been pressed
 };
 
-class frmMain : public PlacedFrame, public MainWindowPort, public PersonPort, public DisplayPort {
+class frmMain : public PlacedFrame,
+                public MainWindowPort,
+                public PersonPort,
+                public DisplayPort,
+                public GameBarPort {
 public:
     frmMain();
     ~frmMain() override;
@@ -72,6 +79,8 @@ public:
     void TellWhatWaits();
     void GameEndSound(bool localPlayerWon) override;
     PieceKind ChooseReturn(std::int16_t side) override;
+
+    void ShowBar(const BarLine& line) override;
 
     void RefreshDisplay() override;
     void SetTimerInterval(int milliseconds) override;
@@ -107,6 +116,7 @@ private:
     wxWindow* surface = nullptr; // holds all the controls
     BoardView* picDisplay = nullptr;
     PictureView* picDisplayJail = nullptr;
+    GameBar* bar = nullptr;                  // null until first shown
     HistoryList* lstHistory = nullptr;       // null until first shown
     std::array<wxStaticText*, 16> lblGrid{}; // null until first shown
     std::array<wxStaticText*, 2> Label1{};

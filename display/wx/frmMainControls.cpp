@@ -2,6 +2,7 @@
 #include "display/wx/frmMain.h"
 
 #include "display/wx/BoardView.h"
+#include "display/wx/GameBar.h"
 #include "display/wx/HistoryList.h"
 #include "display/wx/NameControl.h"
 #include "display/wx/text.h"
@@ -79,6 +80,18 @@ void frmMain::CreateHistory() {
     ShowHistory();
 }
 
+void frmMain::ShowBar(const BarLine& line) {
+    if (line.text.empty() && bar == nullptr)
+        return;
+    if (bar == nullptr)
+        bar = new GameBar(surface, [this](BarChoice choice) {
+            picDisplay->SetFocus(); // the keys go to the board again
+            parts_->main.RunCommand([this, choice] { parts_->chooseInBar(choice); });
+        });
+    bar->ShowLine(line);
+    LayOut();
+}
+
 void frmMain::NameControls() {
     NameControl(picDisplay, "picDisplay", "Board");
     NameControl(picDisplayJail, "picDisplayJail", "Jail");
@@ -111,7 +124,12 @@ LayoutMetrics frmMain::Metrics() const {
 
 void frmMain::LayOut() {
     const wxSize inside = surface->GetClientSize();
-    const MainLayout layout = LayOutMainWindow(inside.x, inside.y, Metrics());
+    LayoutMetrics metrics = Metrics();
+    if (bar != nullptr && bar->IsShown())
+        metrics.barHeight = bar->HeightAt(inside.x);
+    const MainLayout layout = LayOutMainWindow(inside.x, inside.y, metrics);
+    if (bar != nullptr)
+        Place(bar, layout.bar);
     Place(picDisplay, layout.display);
     Place(picDisplayJail, layout.displayJail);
     for (std::size_t i = 0; i < lblGrid.size() && lblGrid[i] != nullptr; ++i)

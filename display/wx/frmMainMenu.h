@@ -35,7 +35,8 @@ enum MainMenuItem : int {
     mnuViewBothZones,
     mnuViewCoordinates,
     mnuViewHistory,
-    mnuLast = mnuViewHistory,
+    mnuViewKeepGames,
+    mnuLast = mnuViewKeepGames,
 };
 
 // A check item of the View menu, and the setting that it turns on and off.
@@ -53,6 +54,7 @@ inline constexpr std::array kViewSwitches = std::to_array<ViewSwitch>({
     {mnuViewBothZones, "Zones of &Both Sides", &Settings::BothZones},
     {mnuViewCoordinates, "&Coordinates", &Settings::GridLabels},
     {mnuViewHistory, "&History", &Settings::History},
+    {mnuViewKeepGames, "&Keep Finished Games", &Settings::KeepGames},
 });
 
 struct MainMenu {

@@ -7,7 +7,8 @@
 namespace tarveth::harness {
 namespace {
 
-constexpr const char* kMoving = "[Options]\r\nAnimateMoves=-1\r\nHistory=-1\r\n";
+// Without a bar above the board, so that the board is always where it was.
+constexpr const char* kMoving = "[Options]\r\nAnimateMoves=-1\r\nHistory=-1\r\n[Game]\r\nKeepAside=0\r\n";
 
 // The longest move of a new game: a Master's.
 constexpr const char* kFrom = "4H";

@@ -31,6 +31,7 @@ View
   Zones of Both Sides
   Coordinates
   History
+  Keep Finished Games
 Help
   Help on Tarveth
   ----
@@ -86,7 +87,7 @@ protected:
         ASSERT_TRUE(WaitUntil([&] { return desk.Text("lblCurPlayer") == "Red"; }));
     }
 
-    GameFolder folder{"[Options]\r\nAnimateMoves=0\r\n"};
+    GameFolder folder{"[Options]\r\nAnimateMoves=0\r\n[Game]\r\nKeepAside=0\r\n"}; // and so without a bar
     GameDesk desk{folder};
     Picture start = desk.Board();
 };

@@ -1,0 +1,254 @@
+#include "storage/gamekeeper.h"
+
+#include "engine/rules/captures.h"
+#include "platform/file_error.h"
+#include "storage/gamelibrary.h"
+#include "text/codepage.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarveth {
+
+namespace {
+
+constexpr char kUnfinishedFolder[] = "unfinished";
+
+std::string UnfinishedFolder(const std::string& folder) {
+    return folder + kUnfinishedFolder + folder.back(); // which is the separator
+}
+
+// Whether a piece is to come back before the turn is over, which the player has to place.
+bool AwaitsReturn(const Game& game) {
+    return game.GameState == kReturnPiece ||
+           (game.GameState == kAllowReturn && FindReturnCandidates(game, game.Return.CapturedPiece).Any());
+}
+
+bool IsTurnOver(const Game& game) {
+    return game.GameState == kTurnOver || (game.GameState == kAllowReturn && !AwaitsReturn(game));
+}
+
+} // namespace
+
+GameKeeper::GameKeeper(GameKeeperParts parts) : parts_(std::move(parts)) {
+    writer_.emplace([this, alive = std::weak_ptr(alive_), later = parts_.runLater,
+                     before = std::string()](const std::string& failure) mutable {
+        if (std::exchange(before, failure) == failure)
+            return; // the window is woken only for news
+        later([this, alive, failure] {
+            if (!alive.expired())
+                Report(failure);
+        });
+    });
+}
+
+void GameKeeper::OfferAbandoned() {
+    if (!parts_.settings.KeepsGameAside())
+        return;
+    for (KeptFile& file : TakeAbandonedFiles(UnfinishedFolder(parts_.folder)))
+        ReadAbandoned(std::move(file));
+    std::stable_sort(offers_.begin(), offers_.end(),
+                     [](const Kept& a, const Kept& b) { return a.kept.moment > b.kept.moment; });
+    ShowBar();
+}
+
+void GameKeeper::ReadAbandoned(KeptFile file) {
+    try {
+        KeptGame kept = ReadKeptGame(file.path);
+        offers_.push_back({std::move(kept), std::move(file)});
+    } catch (const platform::FileError&) {
+        problem_ = "A game that was kept is damaged. Its file is " + PutAwayDamagedFile(file.path) + '.';
+    }
+}
+
+void GameKeeper::TurnEnded() {
+    if (!parts_.settings.KeepsGameAside())
+        return;
+    NoteOpponent();
+    FileReplaced();
+    last_ = Snapshot();
+    Write(*last_);
+    ShowBar();
+}
+
+// A game that was won before it was loaded is in a file already.
+void GameKeeper::GameEnded() {
+    if (!moved_)
+        return;
+    NoteOpponent();
+    FileReplaced();
+    if (parts_.settings.KeepsFinishedGames())
+        FileInLibrary(Snapshot(), true, std::exchange(file_, std::nullopt));
+    else
+        Remove(std::exchange(file_, std::nullopt));
+    last_.reset();
+    moved_ = false;
+    ShowBar();
+}
+
+void GameKeeper::NoteOpponent() {
+    if (!parts_.net.GameInProgress())
+        return;
+    opponent_ = FromWire(parts_.network.OpponentNick());
+    side_ = parts_.net.PlayingBlue ? Blue : Red;
+}
+
+void GameKeeper::GameGivesWay() {
+    if (std::optional<KeptGame> settled = Settled()) {
+        FileReplaced();
+        WriteIfNew(*settled);
+        replaced_ = Kept{std::move(*settled), std::exchange(file_, std::nullopt)};
+    }
+    last_.reset();
+    moved_ = false;
+    opponent_.clear();
+    side_ = NoSide;
+    ShowBar();
+}
+
+KeptGame GameKeeper::Snapshot() const {
+    return {AtRest(parts_.game), parts_.now(), parts_.record.GameFileName, opponent_, side_};
+}
+
+// The game as it can be gone on with; nothing when no move has been made. In the middle of a turn that needs
+// its player, it is as it was before that turn.
+std::optional<KeptGame> GameKeeper::Settled() const {
+    if (!moved_ || !parts_.settings.KeepsGameAside())
+        return std::nullopt;
+    if (parts_.game.Animating || AwaitsReturn(parts_.game))
+        return last_;
+    KeptGame settled = Snapshot();
+    if (IsTurnOver(parts_.game))
+        settled.game.Turn = parts_.game.Turn == Blue ? Red : Blue;
+    if (last_)
+        settled.moment = last_->moment;
+    return settled;
+}
+
+// False when the folder takes no file; that is told, and tried again after the next turn.
+bool GameKeeper::HasFile() {
+    if (file_)
+        return true;
+    try {
+        file_ = NewKeptFile(UnfinishedFolder(parts_.folder));
+        lastFailure_.clear();
+    } catch (const platform::FileError& error) {
+        Report(error.what());
+    }
+    return file_.has_value();
+}
+
+// Turns that come faster than the disk wait for it, so that no kill ever costs more than the last one.
+void GameKeeper::Write(const KeptGame& kept) {
+    if (!HasFile())
+        return;
+    writer_->WaitForAll();
+    writer_->Submit([kept, file = *file_] { WriteKeptGame(kept, file.path); });
+}
+
+void GameKeeper::WriteIfNew(const KeptGame& kept) {
+    if (kept != last_)
+        Write(kept);
+}
+
+void GameKeeper::Remove(std::optional<KeptFile> file) {
+    if (file)
+        writer_->Submit([file = *file] { RemoveKeptFile(file.path); });
+}
+
+// The file aside goes when the game is in the library; where that fails, the game is offered again.
+void GameKeeper::FileInLibrary(const KeptGame& kept, bool finished, std::optional<KeptFile> file) {
+    writer_->Submit([file = std::move(file), game = LibraryGame{kept, parts_.settings.Nickname, finished},
+                     folder = parts_.folder] {
+        AddToLibrary(game, folder);
+        if (file)
+            RemoveKeptFile(file->path);
+    });
+}
+
+// The game on the board has a turn of its own, so the one before it can no longer be brought back by the bar.
+void GameKeeper::FileReplaced() {
+    if (!replaced_)
+        return;
+    FileInLibrary(replaced_->kept, false, std::move(replaced_->file));
+    replaced_.reset();
+}
+
+void GameKeeper::Choose(BarChoice choice) {
+    if (std::find(shown_.choices.begin(), shown_.choices.end(), choice) == shown_.choices.end())
+        return; // the bar has changed since the click
+    switch (choice) {
+    case BarChoice::GoOn:
+        TakeUp(TakeOffer());
+        break;
+    case BarChoice::BringBack:
+        TakeUp(*std::exchange(replaced_, std::nullopt));
+        break;
+    case BarChoice::SaveAs:
+        SaveOffered();
+        break;
+    case BarChoice::Discard:
+        Remove(TakeOffer().file);
+        break;
+    case BarChoice::Close:
+        problem_.clear();
+        break;
+    }
+    ShowBar();
+}
+
+GameKeeper::Kept GameKeeper::TakeOffer() {
+    Kept offer = std::move(offers_.front());
+    offers_.pop_front();
+    return offer;
+}
+
+void GameKeeper::TakeUp(Kept kept) {
+    parts_.files.TakeUp(kept.kept.game, kept.kept.fileName); // the game on the board gives way
+    opponent_ = kept.kept.opponent;
+    side_ = kept.kept.side;
+    moved_ = true;
+    last_ = std::move(kept.kept);
+    file_ = std::move(kept.file);
+}
+
+void GameKeeper::SaveOffered() {
+    const KeptGame kept = offers_.front().kept; // the dialog lets events run
+    if (!parts_.files.SaveOther(kept.game, kept.fileName.empty() ? ProposedName(kept) : kept.fileName))
+        return;
+    Remove(TakeOffer().file);
+}
+
+// A failure that lasts is told once.
+void GameKeeper::Report(const std::string& failure) {
+    if (const std::string before = std::exchange(lastFailure_, failure); failure.empty() || failure == before)
+        return;
+    problem_ = "The game cannot be kept: " + failure;
+    ShowBar();
+}
+
+void GameKeeper::ShowBar() {
+    BarLine line;
+    if (!problem_.empty())
+        line = ProblemLine(problem_);
+    else if (replaced_)
+        line = ReplacedLine(replaced_->kept);
+    else if (!offers_.empty())
+        line = OfferLine(offers_.front().kept, parts_.now());
+    if (line == shown_)
+        return;
+    shown_ = std::move(line);
+    parts_.bar.ShowBar(shown_);
+}
+
+void GameKeeper::Close() {
+    if (const std::optional<KeptGame> settled = Settled())
+        WriteIfNew(*settled);
+    alive_.reset();
+    writer_.reset();
+    file_.reset();
+    replaced_.reset();
+    offers_.clear();
+}
+
+} // namespace tarveth
