@@ -54,8 +54,8 @@ MainWindowParts Program::Parts() {
     const auto chooseReturn = [this](std::int16_t side) { return AskReturn(window_, pictures_, side); };
     const auto marks = [this](bool boardHasFocus) { return Marks(boardHasFocus); };
     const auto chooseInBar = [this](BarChoice choice) { keeper_.Choose(choice); };
-    return {game_,      settings_, pictures_,   main_,        board_,       mouse_,
-            Commands(), save,      closeOthers, gameEndSound, chooseReturn, marks, chooseInBar};
+    return {game_, settings_,   pictures_,    main_,        board_, mouse_,     Commands(),
+            save,  closeOthers, gameEndSound, chooseReturn, marks,  chooseInBar};
 }
 
 GameKeeperParts Program::KeeperParts() {

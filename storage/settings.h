@@ -60,8 +60,8 @@ struct Settings : GameOptions {
     std::int16_t LastMove = -1;   // marks what the last move and return have done
     std::int16_t Zones = 0;       // shows the zones of the side to move as long as it is on
     std::int16_t BothZones = 0;   // with Zones: those of the other side too
-    std::int16_t KeepAside = -1; // the game on the board, for the next start and to be brought back
-    std::int16_t KeepGames = -1; // finished games, in the library
+    std::int16_t KeepAside = -1;  // the game on the board, for the next start and to be brought back
+    std::int16_t KeepGames = -1;  // finished games, in the library
 
     friend bool operator==(const Settings&, const Settings&) = default;
 
