@@ -7,7 +7,8 @@
 namespace tarveth::harness {
 namespace {
 
-constexpr const char* kStill = "[Options]\r\nAnimateMoves=0\r\n";
+// Without a bar above the board, so that the board is always where it was.
+constexpr const char* kStill = "[Options]\r\nAnimateMoves=0\r\n[Game]\r\nKeepAside=0\r\n";
 
 class Marks : public testing::Test {
 protected:
