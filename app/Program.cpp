@@ -60,7 +60,7 @@ MainWindowParts Program::Parts() {
 
 GameKeeperParts Program::KeeperParts() {
     const auto now = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
-    const auto runLater = [this](std::function<void()> work) { window_->CallAfter(std::move(work)); };
+    const auto runLater = [this](const std::function<void()>& work) { window_->CallAfter(work); };
     return {game_, net_, settings_, record_, files_, network_, *window_, writableFolder_, now, runLater};
 }
 
