@@ -115,7 +115,7 @@ std::string AddToLibrary(const LibraryGame& game, const std::string& folder) {
     const platform::FileLock lock = LockLibrary(library + ".lock");
     const std::multimap<int, fs::path> games = GamesIn(platform::PathFromText(library));
     const int number = games.empty() ? 1 : games.rbegin()->first + 1;
-    const std::string path = library + NameOf(game, number);
+    std::string path = library + NameOf(game, number);
     WriteGame(game.kept.game, "", path);
     RemoveOldest(games);
     return path;
