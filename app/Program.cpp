@@ -5,6 +5,7 @@
 #include "platform/leftovers.h"
 #include "platform/program_folder.h"
 #include "platform/text_path.h"
+#include "play/wx/frmComputer.h"
 #include "storage/lastmove.h"
 #include "storage/wx/frmClientOptions.h"
 #include "storage/wx/frmSplash.h"
@@ -40,6 +41,8 @@ Program::Program()
       network_(game_, net_, settings_.Nickname, main_, *window_, [this] { sounds_.NewUserSound(); }),
       main_(game_, net_, settings_, Ports{*window_, board_, *window_, record_, network_}),
       mouse_(settings_, board_, zones_, main_),
+      computer_(game_, net_, main_, *window_,
+                [this](const std::function<void()>& work) { window_->CallAfter(work); }),
       fileDialogs_(window_),
       files_(game_, net_, record_, main_, Ports{*window_, board_, *window_, record_, network_}, fileDialogs_,
              writableFolder_),
@@ -54,8 +57,9 @@ MainWindowParts Program::Parts() {
     const auto chooseReturn = [this](std::int16_t side) { return AskReturn(window_, pictures_, side); };
     const auto marks = [this](bool boardHasFocus) { return Marks(boardHasFocus); };
     const auto chooseInBar = [this](BarChoice choice) { keeper_.Choose(choice); };
-    return {game_, settings_,   pictures_,    main_,        board_, mouse_,     Commands(),
-            save,  closeOthers, gameEndSound, chooseReturn, marks,  chooseInBar};
+    const auto followGame = [this] { computer_.Follow(); };
+    return {game_, settings_,   pictures_,    main_,        board_, mouse_,      Commands(),
+            save,  closeOthers, gameEndSound, chooseReturn, marks,  chooseInBar, followGame};
 }
 
 GameKeeperParts Program::KeeperParts() {
@@ -74,6 +78,10 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
         {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
         {mnuSetColors, [this] { ShowOptions(); }},
+        {mnuGamePlay, [this] { PlayAgainstComputer(); }},
+        {mnuGameMove, [this] { computer_.MoveNow(); }},
+        {mnuGameLevel, [this] { ChangeLevel(); }},
+        {mnuGameStop, [this] { computer_.StopPlaying(); }},
         {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
@@ -92,7 +100,7 @@ void Program::Switch(const ViewSwitch& view) {
 
 BoardMarks Program::Marks(bool boardHasFocus) const {
     MarkedView view;
-    view.mayPlay = !net_.GameInProgress() || net_.IsLocalSide(game_.Turn);
+    view.mayPlay = net_.IsPlayedHere(game_.Turn);
     view.hidden = board_.ZonePainted;
     view.lookedAt = {mouse_.Pointed};
     if (mouse_.Cursor.Visible && boardHasFocus)
@@ -101,12 +109,35 @@ BoardMarks Program::Marks(bool boardHasFocus) const {
     return FindMarks(game_, settings_, view);
 }
 
+void Program::PlayAgainstComputer() {
+    const auto choice = AskComputerGame(window_, settings_);
+    if (!choice)
+        return;
+    settings_.OwnSide = choice->ownSide;
+    settings_.ComputerLevel = choice->level;
+    settings_.BoardVariant = choice->boardVariant;
+    SetLevel();
+    computer_.PlaySide(OpponentOf(choice->ownSide));
+    main_.NewGame();
+}
+
+void Program::ChangeLevel() {
+    if (const auto level = AskLevel(window_, settings_.ComputerLevel))
+        settings_.ComputerLevel = *level;
+    SetLevel();
+}
+
+void Program::SetLevel() {
+    computer_.SetLevel(LevelIn(settings_.ComputerLevel));
+}
+
 void Program::Start(const std::string& gameFile) {
     // Titles of games may be relative paths, which so mean the same file at every start.
     std::error_code ignored;
     std::filesystem::current_path(platform::PathFromText(writableFolder_), ignored);
     platform::RemoveLeftovers(platform::PathFromText(writableFolder_));
     LoadEverything();
+    SetLevel();
     window_->Connect(Parts());
     BeginGame(gameFile);
     keeper_.OfferAbandoned();
@@ -221,6 +252,7 @@ void Program::SaveEverything(const WindowPosition& position) {
 }
 
 void Program::CloseOtherWindows() {
+    computer_.StopThinking();
     help_.Close();
     if (client_)
         client_->Close(true);

@@ -11,6 +11,7 @@
 #include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
 #include "net/wx/frmClient.h"
+#include "play/ComputerOpponent.h"
 #include "storage/gamefiles.h"
 #include "storage/gamekeeper.h"
 #include "storage/gamerecord.h"
@@ -52,6 +53,9 @@ private:
     std::map<int, std::function<void()>> Commands();
     void Switch(const ViewSwitch& view);
     BoardMarks Marks(bool boardHasFocus) const;
+    void PlayAgainstComputer();
+    void ChangeLevel();
+    void SetLevel();
 
     std::string programFolder_;  // of the executable, with what ships beside it
     std::string writableFolder_; // of settings and logs: the same one where it can be written
@@ -71,6 +75,7 @@ private:
     modClient network_;
     modMAIN main_;
     BoardMouse mouse_;
+    ComputerOpponent computer_;
     Help help_{window_, {writableFolder_, programFolder_}};
     GameFileDialogs fileDialogs_;
     GameFiles files_;

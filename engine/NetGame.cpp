@@ -2,10 +2,31 @@
 
 #include "engine/rules/modPieces.h"
 
+#include <string>
+
 namespace tarveth {
 
 bool NetGame::IsLocalSide(std::int16_t side) const {
     return !(side == Blue && !PlayingBlue) && !(side == Red && PlayingBlue);
+}
+
+bool NetGame::IsPlayedHere(std::int16_t side) const {
+    if (GameInProgress())
+        return IsLocalSide(side);
+    return !(side == Blue && ComputerPlaysBlue) && !(side == Red && ComputerPlaysRed);
+}
+
+void NetGame::AddSquare(Square square) {
+    RemoteX.Append(std::to_string(square.column));
+    RemoteY.Append(std::to_string(square.row));
+}
+
+void NetGame::AddReturn(Square square, const ReturnChoice& choice, std::string_view name) {
+    AddSquare({0, 0});
+    AddSquare(square);
+    ReturnPieceIndex.Append(std::to_string(choice.piece));
+    ReturnSlot.Append(std::to_string(choice.slot));
+    ReturnPieceName.Append(name);
 }
 
 bool NetGame::NextIsReturn() const {

@@ -1,5 +1,5 @@
-// What the turn machine knows of a network game: which side is played here, and the squares that the opponent
-// has sent.
+// What the turn machine knows of a side that is not played by clicks at this screen, but by an opponent's
+// program or by the computer: which side that is, and the squares that have come from there.
 #pragma once
 
 #include "engine/TextQueue.h"
@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 namespace tarveth {
 
@@ -22,6 +23,10 @@ struct NetGame {
     bool PlayingBlue = true; // in a local game too
     bool RemoteMove = false; // the pending square came from the opponent
 
+    // Which sides the computer plays, in a game at this screen.
+    bool ComputerPlaysBlue = false;
+    bool ComputerPlaysRed = false;
+
     // The squares that wait. A return is marked by a "0" in RemoteX and RemoteY, in front of its square, and
     // has one item in each of the other three queues.
     TextQueue RemoteX, RemoteY;
@@ -33,9 +38,14 @@ struct NetGame {
     bool NextIsReturn() const;
     // Takes the next item off the queues, which must not be empty.
     RemoteSquare TakeSquare();
+    // Put an item at the end of the queues.
+    void AddSquare(Square square);
+    void AddReturn(Square square, const ReturnChoice& choice, std::string_view name);
 
     bool GameInProgress() const { return NetConnected && InGame; }
     bool IsLocalSide(std::int16_t side) const;
+    // Whether clicks at this screen play the side.
+    bool IsPlayedHere(std::int16_t side) const;
     // Drops all items that wait. The caller clears the pending square.
     void ClearQueues();
 };

@@ -10,7 +10,7 @@ namespace tarveth {
 void modMAIN::DepositSquare(Square square) {
     if (game_.GameState == kGameOver || game_.Animating || Busy())
         return; // a pass is still waiting for an animation or for the choice of a returning piece
-    if (net_.GameInProgress() && !net_.IsLocalSide(game_.Turn)) {
+    if (!net_.IsPlayedHere(game_.Turn)) {
         ShowStatus("Not your turn.");
         return;
     }
@@ -82,7 +82,7 @@ void modMAIN::MovePiece(int index, Square to, int captured) {
 }
 
 bool modMAIN::MayPlaceReturn() const {
-    return !net_.GameInProgress() || net_.IsLocalSide(game_.Turn);
+    return net_.IsPlayedHere(game_.Turn);
 }
 
 // Whether the local player has to choose a return that was the opponent's to choose: the link has ended, or
@@ -98,7 +98,7 @@ void modMAIN::CheckReturnDue() {
         return;
     }
     game_.Return = {game_.Return.CapturedPiece, 0, 0};
-    if (MayPlaceReturn()) { // otherwise the opponent's program says which piece comes back
+    if (MayPlaceReturn()) { // otherwise who plays the side says which piece comes back
         const PieceKind only = candidates.officerSlot != 0 ? Officer : Pawn;
         DecideReturn(game_, candidates, candidates.Both() ? ports_.person.ChooseReturn(game_.Turn) : only);
     }

@@ -21,11 +21,6 @@ void DropMessage(std::string_view& text) {
     text.remove_prefix(closing == 0 ? text.size() : inside + static_cast<std::size_t>(closing));
 }
 
-void AppendNumbers(TextQueue& x, TextQueue& y, std::int16_t column, std::int16_t row) {
-    x.Append(std::to_string(column));
-    y.Append(std::to_string(row));
-}
-
 } // namespace
 
 struct modTools::Message {
@@ -78,7 +73,7 @@ bool modTools::QueueSquare(const GameFields& fields) {
         return false;
     if (*column == 0 && *row == 0)
         return true; // it names no square, and in the queue it would announce a return
-    AppendNumbers(net_.RemoteX, net_.RemoteY, *column, *row);
+    net_.AddSquare({*column, *row});
     LimitQueues();
     return true;
 }
@@ -91,10 +86,8 @@ bool modTools::QueueReturn(const GameFields& fields) {
     if (!column || !row || !piece || !slot)
         return false;
     const bool exists = *piece >= 1 && *piece <= game_.PieceCount();
-    AppendNumbers(net_.RemoteX, net_.RemoteY, 0, 0);
-    AppendNumbers(net_.RemoteX, net_.RemoteY, *column, *row);
-    AppendNumbers(net_.ReturnPieceIndex, net_.ReturnSlot, *piece, *slot);
-    net_.ReturnPieceName.Append(exists && game_.Piece(*piece).Kind == Pawn ? "Pawn" : "Officer");
+    net_.AddReturn({*column, *row}, {*piece, *slot},
+                   exists && game_.Piece(*piece).Kind == Pawn ? "Pawn" : "Officer");
     LimitQueues();
     return true;
 }

@@ -63,6 +63,9 @@ struct Settings : GameOptions {
     std::int16_t KeepAside = -1;  // the game on the board, for the next start and to be brought back
     std::int16_t KeepGames = -1;  // finished games, in the library
 
+    std::int16_t OwnSide = 0; // against the computer: a Side, or 0 for one by chance
+    std::int16_t ComputerLevel = 2;
+
     friend bool operator==(const Settings&, const Settings&) = default;
 
     bool ShowsZoneOnRightClick() const { return ZOCRight != 0; }

@@ -98,6 +98,8 @@ inline constexpr std::array kSettings = std::to_array<SettingRow>({
     {"View", "BothZones", At<&Settings::BothZones>},
     {"Game", "KeepAside", At<&Settings::KeepAside>},
     {"Game", "KeepGames", At<&Settings::KeepGames>},
+    {"Game", "OwnSide", At<&Settings::OwnSide>},
+    {"Game", "ComputerLevel", At<&Settings::ComputerLevel>},
 });
 
 // The sections that are written only once something in them is not as it is built in. Earlier releases do not

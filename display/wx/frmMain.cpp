@@ -220,6 +220,8 @@ void frmMain::OnIdle(wxIdleEvent& event) {
     // A pass after every event also handles what a command has done to the game.
     if (parts_ && parts_->main.RunPasses())
         event.RequestMore();
+    if (parts_)
+        parts_->afterPasses();
     UpdatePlayer();
     event.Skip();
 }

@@ -43,6 +43,7 @@ struct MainWindowParts {
     std::function<PieceKind(std::int16_t side)> chooseReturn; // Officer or Pawn; blocks until chosen
     std::function<BoardMarks(bool boardHasFocus)> marks;      // of the board as it is now
     std::function<void(BarChoice)> chooseInBar;               // a button of the bar has been pressed
+    std::function<void()> afterPasses;                        // what follows the game does its part
 };
 
 class frmMain : public PlacedFrame,

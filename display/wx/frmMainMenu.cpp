@@ -21,6 +21,13 @@ MainMenu CreateMainMenu() {
     mnuOptions->AppendSeparator();
     mnuOptions->Append(mnuSetColors, "&Options...");
 
+    auto* mnuGame = new wxMenu;
+    mnuGame->Append(mnuGamePlay, "&Play Against the Computer...");
+    mnuGame->Append(mnuGameMove, "&Let the Computer Move");
+    mnuGame->AppendSeparator();
+    mnuGame->Append(mnuGameLevel, "Change Le&vel...");
+    mnuGame->Append(mnuGameStop, "&Stop the Computer");
+
     auto* mnuView = new wxMenu;
     for (const ViewSwitch& view : kViewSwitches)
         mnuView->AppendCheckItem(view.item, view.caption);
@@ -36,6 +43,7 @@ MainMenu CreateMainMenu() {
     auto* bar = new wxMenuBar;
     bar->Append(mnuFile, "&File");
     bar->Append(mnuOptions, "&Options");
+    bar->Append(mnuGame, "&Game");
     bar->Append(mnuView, "&View");
     bar->Append(mnuHelp, "&Help");
     for (int item = mnuFirst; item <= mnuLast; ++item)

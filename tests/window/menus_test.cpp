@@ -24,6 +24,12 @@ Options
   Draume Crown Board
   ----
   Options...
+Game
+  Play Against the Computer...
+  Let the Computer Move
+  ----
+  Change Level...
+  Stop the Computer
 View
   Legal Moves
   Last Move
