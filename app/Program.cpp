@@ -46,8 +46,10 @@ Program::Program()
       fileDialogs_(window_),
       files_(game_, net_, record_, main_, Ports{*window_, board_, *window_, record_, network_}, fileDialogs_,
              writableFolder_),
+      recent_(writableFolder_),
       keeper_(KeeperParts()) {
     record_.Watch = &keeper_;
+    files_.FileUsed = [this](const std::string& path) { recent_.Note(path); };
 }
 
 MainWindowParts Program::Parts() {
@@ -56,10 +58,12 @@ MainWindowParts Program::Parts() {
     const auto gameEndSound = [this](bool won) { sounds_.GameEndSound(won); };
     const auto chooseReturn = [this](std::int16_t side) { return AskReturn(window_, pictures_, side); };
     const auto marks = [this](bool boardHasFocus) { return Marks(boardHasFocus); };
+    const auto recentGames = [this] { return recent_.Paths(); };
+    const auto openGame = [this](const std::string& path) { files_.OpenFile(path); };
     const auto chooseInBar = [this](BarChoice choice) { keeper_.Choose(choice); };
     const auto followGame = [this] { computer_.Follow(); };
     return {game_, settings_,   pictures_,    main_,        board_, mouse_,      Commands(),
-            save,  closeOthers, gameEndSound, chooseReturn, marks,  chooseInBar, followGame};
+            save,  closeOthers, gameEndSound, chooseReturn, marks, recentGames, openGame, chooseInBar, followGame};
 }
 
 GameKeeperParts Program::KeeperParts() {
@@ -131,7 +135,7 @@ void Program::SetLevel() {
     computer_.SetLevel(LevelIn(settings_.ComputerLevel));
 }
 
-void Program::Start(const std::string& gameFile) {
+void Program::Start(const StartRequest& request) {
     // Titles of games may be relative paths, which so mean the same file at every start.
     std::error_code ignored;
     std::filesystem::current_path(platform::PathFromText(writableFolder_), ignored);
@@ -139,7 +143,7 @@ void Program::Start(const std::string& gameFile) {
     LoadEverything();
     SetLevel();
     window_->Connect(Parts());
-    BeginGame(gameFile);
+    BeginGame(request.newest ? recent_.Newest() : request.gameFile);
     keeper_.OfferAbandoned();
     ShowWindow();
 }

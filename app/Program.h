@@ -16,6 +16,7 @@
 #include "storage/gamekeeper.h"
 #include "storage/gamerecord.h"
 #include "storage/modINI.h"
+#include "storage/recentgames.h"
 #include "storage/settingsfile.h"
 
 #include <functional>
@@ -27,13 +28,19 @@
 
 namespace tarveth {
 
+// What the command line asks for.
+struct StartRequest {
+    std::string gameFile = {}; // the absolute path of a saved game; empty for a new game
+    bool newest = false;       // instead, the newest of the recent games that is still there
+};
+
 class Program {
 public:
     Program();
 
-    // Reads the settings and the pictures, shows the main window and begins a new game or, if gameFile is not
-    // empty, loads the saved game with that absolute path.
-    void Start(const std::string& gameFile);
+    // Reads the settings and the pictures, shows the main window and begins a new game or loads the one that
+    // is asked for.
+    void Start(const StartRequest& request);
 
 private:
     void LoadEverything();
@@ -79,6 +86,7 @@ private:
     Help help_{window_, {writableFolder_, programFolder_}};
     GameFileDialogs fileDialogs_;
     GameFiles files_;
+    RecentGames recent_;
     GameKeeper keeper_;
 };
 

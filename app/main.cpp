@@ -23,10 +23,12 @@ namespace tarveth {
 namespace {
 
 constexpr char kUsage[] =
-    "Usage: tarveth [FILE.TSG | --version | --help]\n"
-    "Starts the game, or goes on with the saved game FILE.TSG. Settings, logs and saved games\n"
-    "are kept beside the program, or in your own data folder where the program's folder\n"
-    "cannot be written.\n";
+    "Usage: tarveth [FILE.TSG | --last | --version | --help]\n"
+    "Starts the game, or goes on with the saved game FILE.TSG, or with --last the one that was\n"
+    "opened or saved last. Settings, logs and saved games are kept beside the program, or in your\n"
+    "own data folder where the program's folder cannot be written.\n";
+
+constexpr char kLast[] = "--last";
 
 // Handles a command line that asks for something else than the game. Gives the exit status, or nothing if the
 // game is to start.
@@ -36,6 +38,8 @@ std::optional<int> Answer(const std::vector<std::string>& arguments) {
     const std::string& argument = arguments[1];
     // The desktop passes the name of a file that the user double-clicks.
     if (arguments.size() == 2 && !argument.starts_with('-') && !argument.empty())
+        return std::nullopt;
+    if (arguments.size() == 2 && argument == kLast)
         return std::nullopt;
     platform::WriteToConsole();
     if (argument == "--version") {
@@ -58,12 +62,20 @@ std::string Absolute(const std::string& name) {
     return error ? name : file.lexically_normal().string();
 }
 
+// Of a command line that Answer leaves to the game.
+StartRequest Request(const std::vector<std::string>& arguments) {
+    if (arguments.size() < 2)
+        return {};
+    if (arguments[1] == kLast)
+        return {.newest = true};
+    return {.gameFile = Absolute(arguments[1])};
+}
+
 } // namespace
 
 class TarvethApp : public wxApp {
 public:
-    // gameFile: the saved game to load; empty for a new game.
-    explicit TarvethApp(std::string gameFile) : gameFile_(std::move(gameFile)) {}
+    explicit TarvethApp(StartRequest request) : request_(std::move(request)) {}
 
     // Says in words of its own where there is no desktop; the toolkit's are about its own parts.
     bool Initialize(int& argc, wxChar** argv) override {
@@ -80,12 +92,12 @@ public:
         SetAppName("Tarveth");
         platform::BeginReadingFonts();
         program_ = std::make_unique<Program>();
-        program_->Start(gameFile_);
+        program_->Start(request_);
         return true;
     }
 
 private:
-    std::string gameFile_;
+    StartRequest request_;
     std::unique_ptr<Program> program_;
 };
 
@@ -97,8 +109,7 @@ int main(int argc, char** argv) {
     if (const std::optional<int> status = tarveth::Answer(arguments))
         return *status;
     // The toolkit deletes the object when it ends.
-    wxApp::SetInstance(
-        new tarveth::TarvethApp(arguments.size() < 2 ? std::string() : tarveth::Absolute(arguments[1])));
+    wxApp::SetInstance(new tarveth::TarvethApp(tarveth::Request(arguments)));
     // The toolkit needs no file's name, and would warn of one that is not UTF-8.
     int count = std::min(argc, 1);
     return wxEntry(count, argv) == 0 ? 0 : 1;

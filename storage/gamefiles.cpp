@@ -64,7 +64,10 @@ void GameFiles::SaveGame() {
         return;
     }
     main_.FinishTurn();
-    Attempt(kNotSaved, [&] { WriteGame(game_, record_.GameTitle, record_.GameFileName); });
+    Attempt(kNotSaved, [&] {
+        WriteGame(game_, record_.GameTitle, record_.GameFileName);
+        FileUsed(record_.GameFileName);
+    });
 }
 
 void GameFiles::SaveGameAs() {
@@ -76,17 +79,23 @@ void GameFiles::SaveGameAs() {
         WriteGame(game_, TitleOf(name), name);
         record_.GameFileName = name;
         ShowTitle();
+        FileUsed(name);
     });
 }
 
 void GameFiles::LoadGame() {
     const std::string name = AskName(FileQuestion::Purpose::Open, "Load Game", record_.GameFileName);
     if (!name.empty())
-        Attempt("The game is not loaded.", [&] { OpenGame(name); });
+        OpenFile(name);
+}
+
+void GameFiles::OpenFile(const std::string& path) {
+    Attempt("The game is not loaded.", [&] { OpenGame(path); });
 }
 
 void GameFiles::OpenGame(const std::string& path) {
     TakeUp(ReadGame(path), path);
+    FileUsed(path);
 }
 
 void GameFiles::TakeUp(Game game, const std::string& path) {
@@ -99,7 +108,10 @@ void GameFiles::TakeUp(Game game, const std::string& path) {
 
 bool GameFiles::SaveOther(const Game& game, const std::string& proposedName) {
     const std::string name = AskSaveName(proposedName);
-    return !name.empty() && Attempt(kNotSaved, [&] { WriteGame(game, TitleOf(name), name); });
+    return !name.empty() && Attempt(kNotSaved, [&] {
+        WriteGame(game, TitleOf(name), name);
+        FileUsed(name);
+    });
 }
 
 // Gives the part of the path behind the program's folder for a file in that folder, else the whole path. Only

@@ -48,6 +48,9 @@ std::pair<std::string, std::string> DialogStart(const FileQuestion& question);
 // a turn that is over is ended, and a user who may bring a piece back is asked which.
 class GameFiles {
 public:
+    // Is told the full path of every file that a game is opened from or saved to.
+    std::function<void(const std::string& path)> FileUsed = [](const std::string&) {};
+
     // All references outlive the object. `folder` is the program's folder, with its trailing separator.
     GameFiles(const Game& game, const NetGame& net, GameRecord& record, modMAIN& main, const Ports& ports,
               GameFilesPort& questions, std::string folder);
@@ -61,6 +64,8 @@ public:
     // Puts the game in the file on the board. Throws platform::FileError when the file is no sound game; the
     // game on the board is then unchanged.
     void OpenGame(const std::string& path);
+    // Does the same, but gives a message box for a file that is no sound game.
+    void OpenFile(const std::string& path);
 
     // Puts a game that was kept on the board, under the name of the file that it was last loaded from or
     // saved to; with an empty name, as one never saved.

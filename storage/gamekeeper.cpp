@@ -3,6 +3,7 @@
 #include "engine/rules/captures.h"
 #include "platform/file_error.h"
 #include "storage/gamelibrary.h"
+#include "storage/recentgames.h"
 #include "text/codepage.h"
 
 #include <algorithm>
@@ -160,7 +161,7 @@ void GameKeeper::Remove(std::optional<KeptFile> file) {
 void GameKeeper::FileInLibrary(const KeptGame& kept, bool finished, std::optional<KeptFile> file) {
     writer_->Submit([file = std::move(file), game = LibraryGame{kept, parts_.settings.Nickname, finished},
                      folder = parts_.folder] {
-        AddToLibrary(game, folder);
+        RecentGames(folder).Note(AddToLibrary(game, folder));
         if (file)
             RemoveKeptFile(file->path);
     });

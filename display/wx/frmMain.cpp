@@ -2,6 +2,7 @@
 
 #include "display/wx/BoardView.h"
 #include "display/wx/GameBar.h"
+#include "display/wx/GameDrop.h"
 #include "display/wx/HistoryList.h"
 #include "display/wx/frmMainMenu.h"
 #include "display/wx/text.h"
@@ -49,6 +50,7 @@ frmMain::~frmMain() = default;
 void frmMain::CreateMenus() {
     MainMenu menu = CreateMainMenu();
     mnuOptions = menu.mnuOptions;
+    mnuView = menu.mnuView;
     SetMenuBar(menu.bar);
     Bind(
         wxEVT_MENU, [this](wxCommandEvent&) { Close(); }, mnuFileExit);
@@ -56,8 +58,13 @@ void frmMain::CreateMenus() {
         parts_->mouse.ReleaseCursorZone(); // the menu, not the board, will get the key-up event
         if (event.GetMenu() == mnuOptions)
             CheckBoardVariant();
+        else if (event.GetMenu() == mnuView)
+            ShowRecentGames();
         event.Skip();
     });
+    Bind(
+        wxEVT_MENU, [this](wxCommandEvent& event) { OpenGame(recent_.PathOf(event.GetId())); },
+        RecentMenu::kFirstItem, RecentMenu::kLastItem);
 }
 
 void frmMain::Connect(const MainWindowParts& parts) {
@@ -72,7 +79,11 @@ void frmMain::Connect(const MainWindowParts& parts) {
     TakeThemeColours();
     ApplyDisplaySettings();
     picDisplay->SetFocus();
-    CallAfter([this] { NameControls(); }); // screen readers need the names only once the window is shown
+    CallAfter([this] {  // what is not needed before the window is shown
+        NameControls(); // for screen readers
+        ShowRecentGames();
+        surface->SetDropTarget(new GameDrop([this](const std::string& path) { OpenGame(path); }));
+    });
 }
 
 // The marks are found when they are painted, so that they are always those of the game at that moment.
@@ -110,6 +121,14 @@ void frmMain::TakeIcons(const std::string& folder) {
     }
     if (!icons.IsEmpty())
         SetIcons(icons);
+}
+
+void frmMain::ShowRecentGames() {
+    recent_.Show(mnuView, parts_->recentGames());
+}
+
+void frmMain::OpenGame(const std::string& path) {
+    parts_->main.RunCommand([this, path] { parts_->openGame(path); });
 }
 
 void frmMain::CheckBoardVariant() {

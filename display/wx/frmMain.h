@@ -7,6 +7,7 @@
 #include "display/boardmouse.h"
 #include "display/layout.h"
 #include "display/wx/PlacedFrame.h"
+#include "display/wx/RecentMenu.h"
 #include "engine/modMAIN.h"
 #include "storage/gamebar.h"
 
@@ -14,6 +15,8 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <wx/timer.h>
 
@@ -42,6 +45,8 @@ struct MainWindowParts {
     std::function<void(bool localPlayerWon)> gameEndSound;
     std::function<PieceKind(std::int16_t side)> chooseReturn; // Officer or Pawn; blocks until chosen
     std::function<BoardMarks(bool boardHasFocus)> marks;      // of the board as it is now
+    std::function<std::vector<std::string>()> recentGames;    // full paths, the newest first
+    std::function<void(const std::string& path)> openGame;    // tells of a failure itself
     std::function<void(BarChoice)> chooseInBar;               // a button of the bar has been pressed
     std::function<void()> afterPasses;                        // what follows the game does its part
 };
@@ -64,6 +69,8 @@ public:
     // Applies the settings for grid labels, history and marks, and lays out the window.
     void ApplyDisplaySettings();
     void ShowGridLabels();
+    // Lists the recent games in the View menu as they are now.
+    void ShowRecentGames();
 
     void ShowMessage(std::string_view text) override;
     void ShowPrompt(std::string_view text) override;
@@ -99,6 +106,7 @@ private:
     void TakeThemeColours();
     void MarkPictures();
     void CheckBoardVariant();
+    void OpenGame(const std::string& path);
     void CheckViewSwitches();
     void UpdatePlayer();
 
@@ -114,6 +122,8 @@ private:
     std::string untold_; // the sentences for TellWhatWaits, with an empty line between two
 
     wxMenu* mnuOptions = nullptr;
+    wxMenu* mnuView = nullptr;
+    RecentMenu recent_;
     wxWindow* surface = nullptr; // holds all the controls
     BoardView* picDisplay = nullptr;
     PictureView* picDisplayJail = nullptr;

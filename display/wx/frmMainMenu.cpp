@@ -48,7 +48,7 @@ MainMenu CreateMainMenu() {
     bar->Append(mnuHelp, "&Help");
     for (int item = mnuFirst; item <= mnuLast; ++item)
         bar->Enable(item, item == mnuFileExit);
-    return {bar, mnuOptions};
+    return {bar, mnuOptions, mnuView};
 }
 
 } // namespace tarveth

@@ -64,6 +64,7 @@ inline constexpr std::array kViewSwitches = std::to_array<ViewSwitch>({
 struct MainMenu {
     wxMenuBar* bar = nullptr; // to be owned by the frame that it is given to
     wxMenu* mnuOptions = nullptr;
+    wxMenu* mnuView = nullptr;
 };
 
 // Creates the menu. All items but "Exit" are disabled until the caller has bound a command to them.
