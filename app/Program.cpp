@@ -68,8 +68,10 @@ MainWindowParts Program::Parts() {
 
 GameKeeperParts Program::KeeperParts() {
     const auto now = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
+    const auto transcript = [this] { return client_ ? client_->TranscriptText() : std::string(); };
     const auto runLater = [this](const std::function<void()>& work) { window_->CallAfter(work); };
-    return {game_, net_, settings_, record_, files_, network_, *window_, writableFolder_, now, runLater};
+    return {game_,           net_, settings_,  record_, files_, network_, *window_,
+            writableFolder_, now,  transcript, runLater};
 }
 
 std::map<int, std::function<void()>> Program::Commands() {
@@ -242,6 +244,7 @@ void Program::ShowClient() {
 }
 
 void Program::SaveClient(const WindowPosition& position) {
+    keeper_.ClientCloses();
     SaveClientPosition(position, ini_, writableFolder_);
     ini_.IniFlush();
 }

@@ -106,12 +106,13 @@ void GameFiles::TakeUp(Game game, const std::string& path) {
         ports_.network.SendBoard();
 }
 
-bool GameFiles::SaveOther(const Game& game, const std::string& proposedName) {
-    const std::string name = AskSaveName(proposedName);
-    return !name.empty() && Attempt(kNotSaved, [&] {
+std::string GameFiles::SaveOther(const Game& game, const std::string& proposedName) {
+    std::string name = AskSaveName(proposedName);
+    const bool saved = !name.empty() && Attempt(kNotSaved, [&] {
         WriteGame(game, TitleOf(name), name);
         FileUsed(name);
     });
+    return saved ? name : std::string();
 }
 
 // Gives the part of the path behind the program's folder for a file in that folder, else the whole path. Only

@@ -70,9 +70,9 @@ public:
     // Puts a game that was kept on the board, under the name of the file that it was last loaded from or
     // saved to; with an empty name, as one never saved.
     void TakeUp(Game game, const std::string& path);
-    // Asks for a file name and saves a game that is not the one on the board. False when it is not saved: the
-    // user has cancelled, or has been told why.
-    bool SaveOther(const Game& game, const std::string& proposedName);
+    // Asks for a file name and saves a game that is not the one on the board. Gives the file's path; nothing
+    // when it is not saved, since the user has cancelled, or has been told why.
+    std::string SaveOther(const Game& game, const std::string& proposedName);
 
 private:
     std::string TitleOf(const std::string& path) const;

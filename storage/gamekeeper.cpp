@@ -1,7 +1,9 @@
 #include "storage/gamekeeper.h"
 
 #include "engine/rules/captures.h"
+#include "platform/atomic_file.h"
 #include "platform/file_error.h"
+#include "platform/file_text.h"
 #include "storage/gamelibrary.h"
 #include "storage/recentgames.h"
 #include "text/codepage.h"
@@ -69,6 +71,7 @@ void GameKeeper::TurnEnded() {
     FileReplaced();
     last_ = Snapshot();
     Write(*last_);
+    WriteTranscript();
     ShowBar();
 }
 
@@ -78,13 +81,20 @@ void GameKeeper::GameEnded() {
         return;
     NoteOpponent();
     FileReplaced();
+    WriteTranscript();
     if (parts_.settings.KeepsFinishedGames())
         FileInLibrary(Snapshot(), true, std::exchange(file_, std::nullopt));
     else
         Remove(std::exchange(file_, std::nullopt));
     last_.reset();
     moved_ = false;
+    playedInClient_ = false;
     ShowBar();
+}
+
+void GameKeeper::ClientCloses() {
+    WriteTranscript();
+    playedInClient_ = false;
 }
 
 void GameKeeper::NoteOpponent() {
@@ -92,18 +102,21 @@ void GameKeeper::NoteOpponent() {
         return;
     opponent_ = FromWire(parts_.network.OpponentNick());
     side_ = parts_.net.PlayingBlue ? Blue : Red;
+    playedInClient_ = true;
 }
 
 void GameKeeper::GameGivesWay() {
     if (std::optional<KeptGame> settled = Settled()) {
         FileReplaced();
         WriteIfNew(*settled);
+        WriteTranscript();
         replaced_ = Kept{std::move(*settled), std::exchange(file_, std::nullopt)};
     }
     last_.reset();
     moved_ = false;
     opponent_.clear();
     side_ = NoSide;
+    playedInClient_ = false;
     ShowBar();
 }
 
@@ -152,6 +165,16 @@ void GameKeeper::WriteIfNew(const KeptGame& kept) {
         Write(kept);
 }
 
+// What was said in the network window, beside the game that was played there.
+void GameKeeper::WriteTranscript() {
+    if (!playedInClient_ || !file_)
+        return;
+    writer_->Submit([file = *file_, lines = parts_.transcript()] {
+        if (!lines.empty())
+            platform::WriteFileAtomically(TranscriptOf(file.path), platform::TextForFile(FromWire(lines)));
+    });
+}
+
 void GameKeeper::Remove(std::optional<KeptFile> file) {
     if (file)
         writer_->Submit([file = *file] { RemoveKeptFile(file.path); });
@@ -161,9 +184,12 @@ void GameKeeper::Remove(std::optional<KeptFile> file) {
 void GameKeeper::FileInLibrary(const KeptGame& kept, bool finished, std::optional<KeptFile> file) {
     writer_->Submit([file = std::move(file), game = LibraryGame{kept, parts_.settings.Nickname, finished},
                      folder = parts_.folder] {
-        RecentGames(folder).Note(AddToLibrary(game, folder));
-        if (file)
+        const std::string path = AddToLibrary(game, folder);
+        RecentGames(folder).Note(path);
+        if (file) {
+            MoveTranscript(file->path, path);
             RemoveKeptFile(file->path);
+        }
     });
 }
 
@@ -215,9 +241,14 @@ void GameKeeper::TakeUp(Kept kept) {
 
 void GameKeeper::SaveOffered() {
     const KeptGame kept = offers_.front().kept; // the dialog lets events run
-    if (!parts_.files.SaveOther(kept.game, kept.fileName.empty() ? ProposedName(kept) : kept.fileName))
+    const std::string path =
+        parts_.files.SaveOther(kept.game, kept.fileName.empty() ? ProposedName(kept) : kept.fileName);
+    if (path.empty())
         return;
-    Remove(TakeOffer().file);
+    const std::optional<KeptFile> file = TakeOffer().file;
+    if (file)
+        MoveTranscript(file->path, path);
+    Remove(file);
 }
 
 // A failure that lasts is told once.
@@ -245,6 +276,7 @@ void GameKeeper::ShowBar() {
 void GameKeeper::Close() {
     if (const std::optional<KeptGame> settled = Settled())
         WriteIfNew(*settled);
+    WriteTranscript();
     alive_.reset();
     writer_.reset();
     file_.reset();

@@ -32,6 +32,8 @@ struct GameKeeperParts {
     GameBarPort& bar;
     std::string folder;                // of the settings, with its separator
     std::function<std::int64_t()> now; // seconds since 1970
+    // Gives the lines of the network window, in the wire's code page; nothing while it is closed.
+    std::function<std::string()> transcript;
     // Calls its argument on the window's thread, from any thread. It may never call it.
     std::function<void(std::function<void()>)> runLater;
 };
@@ -44,6 +46,8 @@ public:
     void OfferAbandoned();
     // The user has pressed a button of the bar. To be called between two passes.
     void Choose(BarChoice choice);
+    // The network window is about to close. A game that was played there keeps its lines.
+    void ClientCloses();
     // Writes what is still to be written, and keeps the game for the next start. To be called when the
     // program closes, between two passes; nothing follows it.
     void Close();
@@ -66,6 +70,7 @@ private:
     void NoteOpponent();
     bool HasFile();
     void Write(const KeptGame& kept);
+    void WriteTranscript();
     void Remove(std::optional<KeptFile> file);
     void FileInLibrary(const KeptGame& kept, bool finished, std::optional<KeptFile> file);
     void FileReplaced();
@@ -82,6 +87,7 @@ private:
     std::optional<KeptFile> file_; // where
     std::string opponent_;         // of the game on the board
     std::int16_t side_ = NoSide;
+    bool playedInClient_ = false;  // the game on the board, in the network window that is open
     std::optional<Kept> replaced_; // until the game on the board has a turn
     std::deque<Kept> offers_;      // the newest first
     std::string problem_;          // that the bar tells

@@ -6,6 +6,7 @@
 #include "platform/file_lock.h"
 #include "platform/local_time.h"
 #include "platform/text_path.h"
+#include "storage/keptfiles.h"
 #include "storage/modFileIO.h"
 
 #include <algorithm>
@@ -101,9 +102,8 @@ platform::FileLock LockLibrary(const std::string& file) {
 }
 
 void RemoveOldest(std::multimap<int, fs::path> games) {
-    std::error_code error;
     for (; games.size() >= kMostLibraryGames; games.erase(games.begin()))
-        fs::remove(games.begin()->second, error);
+        RemoveKeptFile(games.begin()->second.string());
 }
 
 } // namespace

@@ -88,9 +88,19 @@ std::string PutAwayDamagedFile(const std::string& path) {
     return error ? path : name;
 }
 
+std::string TranscriptOf(const std::string& path) {
+    return path + ".txt";
+}
+
+void MoveTranscript(const std::string& from, const std::string& to) {
+    std::error_code missing;
+    fs::rename(platform::PathFromText(TranscriptOf(from)), platform::PathFromText(TranscriptOf(to)), missing);
+}
+
 void RemoveKeptFile(const std::string& path) {
     std::error_code error;
-    fs::remove(platform::PathFromText(path), error);
+    for (const std::string& file : {path, TranscriptOf(path)})
+        fs::remove(platform::PathFromText(file), error);
 }
 
 } // namespace tarveth

@@ -25,7 +25,12 @@ std::vector<KeptFile> TakeAbandonedFiles(const std::string& folder);
 // its name where it cannot be renamed.
 std::string PutAwayDamagedFile(const std::string& path);
 
-// Removes a file that may be missing.
+// Gives the name of the file beside a game that holds what was said while it was played.
+std::string TranscriptOf(const std::string& path);
+// Moves that file of one game to another; does nothing when there is none.
+void MoveTranscript(const std::string& from, const std::string& to);
+
+// Removes a game and its transcript, either of which may be missing.
 void RemoveKeptFile(const std::string& path);
 
 } // namespace tarveth

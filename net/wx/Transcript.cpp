@@ -44,6 +44,13 @@ void Transcript::ShowUpdate() {
     AppendFrom(update.firstNew);
 }
 
+std::string Transcript::Text() const {
+    std::string text;
+    for (const TranscriptLine& line : lines_.Lines())
+        text += line.text + "\r\n";
+    return text;
+}
+
 // Lines of one colour that follow each other are one text for the toolkit.
 void Transcript::AppendFrom(std::size_t line) {
     const auto& lines = lines_.Lines();

@@ -5,6 +5,7 @@
 #include "storage/settings.h"
 
 #include <array>
+#include <string>
 #include <string_view>
 
 #include <wx/textctrl.h>
@@ -21,6 +22,8 @@ public:
     // Adds a line at the end, or takes all away; to be seen after the next ShowUpdate.
     void AddLine(std::string_view text, LineKind kind) { lines_.Add(text, kind); }
     void ClearLines() { lines_.Clear(); }
+    // Gives all lines, each with a line end, in the wire's code page.
+    std::string Text() const;
     // Shows what has changed since the last time, and the end of it. Many lines at once cost far less than
     // one by one.
     void ShowUpdate();

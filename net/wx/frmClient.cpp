@@ -92,6 +92,10 @@ void frmClient::ApplySettings() {
     LayOut();
 }
 
+std::string frmClient::TranscriptText() const {
+    return txtRX[kGeneral]->Text();
+}
+
 void frmClient::ShowCaption(std::string_view text) {
     SetTitle(WxFromWire(text));
 }

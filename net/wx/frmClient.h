@@ -48,6 +48,8 @@ public:
     void Load();
     // Fonts and colours of the settings, also of what is shown already.
     void ApplySettings();
+    // Gives the lines of the general transcript, in the wire's code page.
+    std::string TranscriptText() const;
 
     void ShowCaption(std::string_view text) override;
     void ShowLine(std::string_view text, LineKind kind) override;

@@ -29,12 +29,14 @@ struct KeeperTable {
     RecordingPort port;
     RecordedBar bar;
     AnsweringPort asked;
-    std::mutex mutex; // of later
+    std::string transcript; // of the network window
+    std::mutex mutex;       // of later
     std::vector<std::function<void()>> later;
     GameRecord record{game, settings, port, folder};
     modMAIN main{game, net, settings, Ports{port, port, port, record, port}};
     GameFiles files{game, net, record, main, Ports{port, port, port, record, port}, asked, folder};
     GameKeeper keeper{{game, net, settings, record, files, port, bar, folder, [this] { return now; },
+                       [this] { return transcript; },
                        [this](std::function<void()> work) {
                            const std::lock_guard lock(mutex);
                            later.push_back(std::move(work));

@@ -1,4 +1,5 @@
 // Games that are kept aside: after every turn, for the next start, and when another game takes their place.
+#include "platform/file_text.h"
 #include "storage/modFileIO.h"
 #include "tests/Dice.h"
 #include "tests/PickTurn.h"
@@ -366,6 +367,36 @@ TEST(NetworkGames, AreKeptWithOpponentAndSide) {
     t.keeper.Choose(BarChoice::GoOn);
     t.main.NewGame();
     EXPECT_EQ(t.bar.line.text, "The game before, against Ann\u00e9, is kept. You played Blue.");
+}
+
+TEST(NetworkGames, KeepWhatWasSaid) {
+    const TempFolder folder;
+    {
+        KeeperTable t(folder.Name());
+        t.net.NetConnected = t.net.InGame = true;
+        t.port.opponent = "Ann";
+        t.transcript = "Ann: caf\xE9?\r\n";
+        t.Move("4E", "4D");
+        t.net.NetConnected = t.net.InGame = false;
+        t.transcript += "The connection is lost.\r\n";
+        t.keeper.ClientCloses();
+        t.transcript = "another lobby\r\n";
+        t.Move("4C", "4D");
+        t.keeper.Close();
+    }
+    const std::string kept = FilesIn(folder.Name(), "unfinished").at(0);
+    EXPECT_EQ(platform::TextFromFile(GetBytes(kept + ".txt")),
+              "Ann: caf\u00e9?\r\nThe connection is lost.\r\n");
+
+    KeeperTable t(folder.Name());
+    t.keeper.Choose(BarChoice::GoOn);
+    t.main.NewGame();
+    t.Move("4E", "4D");
+    t.keeper.Close();
+    const auto texts = FilesIn(folder.Name(), "games", ".tsg.txt");
+    ASSERT_EQ(texts.size(), 1U);
+    EXPECT_NE(texts.front().find("Bubba against Ann, unfinished #1"), std::string::npos) << texts.front();
+    EXPECT_TRUE(FilesIn(folder.Name(), "unfinished", ".txt").empty());
 }
 
 TEST(FinishedGames, GoToTheLibraryAndAreNotOffered) {
