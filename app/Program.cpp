@@ -62,8 +62,8 @@ MainWindowParts Program::Parts() {
     const auto openGame = [this](const std::string& path) { files_.OpenFile(path); };
     const auto chooseInBar = [this](BarChoice choice) { keeper_.Choose(choice); };
     const auto followGame = [this] { computer_.Follow(); };
-    return {game_, settings_,   pictures_,    main_,        board_, mouse_,      Commands(),
-            save,  closeOthers, gameEndSound, chooseReturn, marks, recentGames, openGame, chooseInBar, followGame};
+    return {game_,       settings_,    pictures_,    main_, board_,      mouse_,   Commands(),  save,
+            closeOthers, gameEndSound, chooseReturn, marks, recentGames, openGame, chooseInBar, followGame};
 }
 
 GameKeeperParts Program::KeeperParts() {
