@@ -20,6 +20,8 @@ Installs what is missing on Debian and its relatives, builds and tests. Without 
   benches    the benches compile; docs/performance.md says how to run them
   windows    the Windows programs, their packages and their tests, under Wine
   sanitize   the tests of the core, the sockets and the lobby under ASan and UBSan
+and one that --all leaves out, since it takes long and makes new systems in folders of their own:
+  packages   the packages for Debian and for other Linux systems, checked and tried there; of the last commit
   --help     these lines
 END
 }
@@ -98,6 +100,24 @@ test_sanitize() {
     ctest --preset sanitize
 }
 
+test_packages() {
+    need "${PACKAGE_TEST_PACKAGES[@]}"
+    say "Packages: what desktops read"
+    desktop-file-validate packaging/linux/tarveth.desktop
+    say "Packages: Debian"
+    ./package.sh deb
+    appstreamcli validate --pedantic --no-net build/packages/work/tarveth-*/obj-*/packaging/linux/*.metainfo.xml
+    local page
+    for page in build/packages/work/tarveth-*/obj-*/bin/*.[68]; do
+        [ -z "$(man --warnings -E UTF-8 -l "$page" 2>&1 >/dev/null)" ]
+    done
+    lintian --pedantic --fail-on error,warning,pedantic build/packages/tarveth_*.changes
+    tests/packaging/debian-chroot build/packages
+    say "Packages: other Linux systems"
+    ./package.sh portable
+    tests/packaging/portable-chroot build/packages/tarveth-*-linux-"$(uname -m)".tar.xz
+}
+
 parts=()
 for argument in "$@"; do
     case $argument in
@@ -108,7 +128,7 @@ for argument in "$@"; do
         ;;
     *)
         if ! declare -F "test_$argument" >/dev/null; then
-            echo "test.sh has no part called \"$argument\"; its parts are: ${ALL_PARTS[*]}. See ./test.sh --help." >&2
+            echo "test.sh has no part called \"$argument\"; its parts are: ${ALL_PARTS[*]} packages. See ./test.sh --help." >&2
             exit 2
         fi
         parts+=("$argument")

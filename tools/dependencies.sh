@@ -46,7 +46,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libwxgtk3.2-dev libgtk-3-dev ha
 LOBBY_PACKAGES=(libasio-dev libcli11-dev libspdlog-dev)
 
 # What programs for Windows are built with and tried on, and what makes the manual for them.
-WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++ cmake ninja-build pkg-config halibut libpng-dev wine wine64 nsis)
+WINDOWS_PACKAGES=(g++-mingw-w64-x86-64-posix g++ cmake ninja-build pkg-config halibut libpng-dev wine wine64 nsis zip)
 
 # The window tests' desktop without a screen, and their hands and eyes.
 WINDOW_TEST_PACKAGES=(xvfb openbox dbus-daemon at-spi2-core fonts-dejavu-core
@@ -59,3 +59,10 @@ TEST_PACKAGES=(git python3 libgtest-dev locales "${WINDOW_TEST_PACKAGES[@]}")
 LINT_PACKAGES=(git python3 clang-format-14 clang-tidy-14 libbenchmark-dev)
 
 FUZZ_PACKAGES=(clang libclang-rt-14-dev cmake ninja-build libasio-dev)
+
+# What makes Debian packages, and what looks at them.
+DEB_PACKAGES=(debhelper dpkg-dev fakeroot zip)
+PACKAGE_TEST_PACKAGES=(lintian mmdebstrap appstream desktop-file-utils bash-completion man-db)
+
+# What makes the archive for other Linux systems.
+PORTABLE_PACKAGES=(binutils dpkg-dev file xz-utils zip)

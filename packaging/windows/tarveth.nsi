@@ -11,6 +11,7 @@ RequestExecutionLevel user
 InstallDir "$LOCALAPPDATA\Programs\Tarveth"
 InstallDirRegKey HKCU "Software\Tarveth" "Folder"
 SetCompressor /SOLID lzma
+SetDateSave off ; so that the same files give the same installer
 
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Tarveth"
 !define MUI_ICON "tarveth.ico"

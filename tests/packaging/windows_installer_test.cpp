@@ -91,6 +91,17 @@ TEST_F(Installer, MakesAMenuEntryAndRegistersSavedGames) {
     EXPECT_NE(OpeningCommand(".tsg").find("\"C:\\Games\\Tarveth\\tarveth.exe\" \"%1\""), std::string::npos);
 }
 
+TEST_F(Installer, LeavesSettingsAndGamesWhenItInstallsOverAnOlderVersion) {
+    for (const char* file : {"tarveth.ini", "mine.tsg", "pics/mine.bmp"})
+        std::ofstream(folder / file) << "mine";
+    std::ofstream(folder / "servers.txt") << "of the older version";
+    const Outcome again = RunWindowsProgram({INSTALLER, "/S", "/D=C:\\Games\\Tarveth"});
+    EXPECT_EQ(again.exitCode, 0) << again.output;
+    for (const char* file : {"tarveth.ini", "mine.tsg", "pics/mine.bmp"})
+        EXPECT_EQ(fs::file_size(folder / file), 4U) << file;
+    EXPECT_NE(fs::file_size(folder / "servers.txt"), 20U) << "is the new version's";
+}
+
 TEST_F(Installer, TakesAwayWhatItHasBroughtAndNothingElse) {
     for (const char* file : {"tarveth.ini", "mine.tsg", "pics/mine.bmp"})
         std::ofstream(folder / file) << "mine";

@@ -36,7 +36,10 @@ ProcessOptions ForProcess(const ProgramOptions& options, const std::filesystem::
 } // namespace
 
 Program::Program(Screen& screen, const ProgramOptions& options)
-    : screen_(&screen), output_(NewOutputFile()), process_(ForProcess(options, output_)) {}
+    : screen_(&screen),
+      startsAnother_(options.startsAnother),
+      output_(NewOutputFile()),
+      process_(ForProcess(options, output_)) {}
 
 Program::~Program() {
     std::error_code ignored;
@@ -48,7 +51,8 @@ std::vector<Window> Program::Windows() const {
     for (const WindowId id : screen_->TopLevels()) {
         const auto owner = screen_->Property(id, "_NET_WM_PID");
         const Window window(*screen_, id);
-        if (!owner.empty() && static_cast<pid_t>(owner.front()) == Pid() && window.Visible()) {
+        const bool isOurs = startsAnother_ || (!owner.empty() && static_cast<pid_t>(owner.front()) == Pid());
+        if (isOurs && window.Visible()) {
             windows.push_back(window);
         }
     }
@@ -64,7 +68,7 @@ Window Program::WaitForWindow(std::string_view title, Milliseconds patience) {
                     found = window;
                 }
             }
-            return found.has_value() || !Alive();
+            return found.has_value() || (!startsAnother_ && !Alive());
         },
         patience);
     if (found) {

@@ -16,6 +16,8 @@ struct ProgramOptions {
     std::vector<std::string> arguments = {};
     std::map<std::string, std::string> environment = {}; // on top of the desktop's
     std::filesystem::path workingFolder = {};            // empty: the test's own
+    bool startsAnother =
+        false; // the windows are those of a program that this one starts, alone on its screen
 };
 
 class Program {
@@ -54,6 +56,7 @@ public:
 
 private:
     Screen* screen_;
+    bool startsAnother_;
     std::filesystem::path output_;
     Process process_;
 };

@@ -80,9 +80,10 @@ void WineFolder::Bring(const std::string& file) const {
 }
 
 WineDesk::WineDesk(const WineFolder& folder, const std::vector<std::string>& arguments)
-    : program(screen, ForProgram(folder, arguments)),
-      window(program.WaitForWindow("Tarveth", kWinePatience)),
-      board_(FindBoard()) {}
+    : WineDesk(ForProgram(folder, arguments)) {}
+
+WineDesk::WineDesk(const ProgramOptions& start)
+    : program(screen, start), window(program.WaitForWindow("Tarveth", kWinePatience)), board_(FindBoard()) {}
 
 // Once it is all there: as many pixels wide as high, and whole squares.
 Rect WineDesk::FindBoard() {

@@ -40,6 +40,8 @@ class WineDesk {
 public:
     // Starts the program of `folder`, which must live as long as this does, and waits for the board.
     explicit WineDesk(const WineFolder& folder, const std::vector<std::string>& arguments = {});
+    // Starts the program in another way, and waits for the board, which must have those colours.
+    explicit WineDesk(const ProgramOptions& start);
 
     // Gives a picture of the board.
     [[nodiscard]] Picture Board() const { return screen.Capture(board_); }
