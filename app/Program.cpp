@@ -1,5 +1,6 @@
 #include "app/Program.h"
 
+#include "engine/asked.h"
 #include "engine/wx/frmReturn.h"
 #include "platform/file_error.h"
 #include "platform/leftovers.h"
@@ -62,8 +63,10 @@ MainWindowParts Program::Parts() {
     const auto openGame = [this](const std::string& path) { files_.OpenFile(path); };
     const auto chooseInBar = [this](BarChoice choice) { keeper_.Choose(choice); };
     const auto followGame = [this] { computer_.Follow(); };
-    return {game_,       settings_,    pictures_,    main_, board_,      mouse_,   Commands(),  save,
-            closeOthers, gameEndSound, chooseReturn, marks, recentGames, openGame, chooseInBar, followGame};
+    const auto asked = [this] { return WhatIsAsked(game_, net_); };
+    return {game_,       settings_, pictures_,   main_,        board_,       mouse_,
+            Commands(),  save,      closeOthers, gameEndSound, chooseReturn, marks,
+            recentGames, openGame,  chooseInBar, followGame,   asked};
 }
 
 GameKeeperParts Program::KeeperParts() {
@@ -81,8 +84,8 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuFileSave, [this] { files_.SaveGame(); }},
         {mnuFileSaveAs, [this] { files_.SaveGameAs(); }},
         {mnuFileInternet, [this] { ShowClient(); }},
-        {mnuOptionsImperial, [this] { settings_.BoardVariant = kImperialBoard; }},
-        {mnuOptionsDraume, [this] { settings_.BoardVariant = kDraumeCrownBoard; }},
+        {mnuOptionsImperial, [this] { ChooseBoard(kImperialBoard, "Imperial Board"); }},
+        {mnuOptionsDraume, [this] { ChooseBoard(kDraumeCrownBoard, "Draume Crown Board"); }},
         {mnuSetColors, [this] { ShowOptions(); }},
         {mnuGamePlay, [this] { PlayAgainstComputer(); }},
         {mnuGameMove, [this] { computer_.MoveNow(); }},
@@ -91,11 +94,17 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
+        {mnuViewHowToPlay, [this] { window_->ShowMessage(kToBeginPlay); }},
         {mnuHelpAbout, [this] { frmSplash(window_, pictures_).ShowModal(); }},
     };
     for (const ViewSwitch& view : kViewSwitches)
         commands[view.item] = [this, &view] { Switch(view); };
     return commands;
+}
+
+void Program::ChooseBoard(std::int16_t variant, const std::string& name) {
+    settings_.BoardVariant = variant;
+    window_->ShowMessage("The next game begins on the " + name + '.');
 }
 
 void Program::Switch(const ViewSwitch& view) {

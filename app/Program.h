@@ -58,6 +58,7 @@ private:
     MainWindowParts Parts();
     GameKeeperParts KeeperParts();
     std::map<int, std::function<void()>> Commands();
+    void ChooseBoard(std::int16_t variant, const std::string& name);
     void Switch(const ViewSwitch& view);
     BoardMarks Marks(bool boardHasFocus) const;
     void PlayAgainstComputer();

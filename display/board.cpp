@@ -22,11 +22,13 @@ BoardDisplay::BoardDisplay(Game& game, const Settings& settings, PiecePictures& 
                            DisplayPort& port)
     : game_(game), settings_(settings), pictures_(pictures), person_(person), port_(port) {}
 
-void BoardDisplay::SetDisplaySize(int boardEdge, int jailHeight) {
-    if (boardEdge == picDisplay.Pixels.Width() && jailHeight == picDisplayJail.Pixels.Height())
+void BoardDisplay::SetDisplaySize(int boardEdge, int jailHeight, std::optional<int> jailWidth) {
+    const int width = jailWidth.value_or(boardEdge);
+    if (boardEdge == picDisplay.Pixels.Width() && width == picDisplayJail.Pixels.Width() &&
+        jailHeight == picDisplayJail.Pixels.Height())
         return;
     picDisplay.SetSize(boardEdge * kTwipsPerPixelX, boardEdge * kTwipsPerPixelY);
-    picDisplayJail.SetSize(boardEdge * kTwipsPerPixelX, jailHeight * kTwipsPerPixelY);
+    picDisplayJail.SetSize(width * kTwipsPerPixelX, jailHeight * kTwipsPerPixelY);
     PresentBoard();
 }
 

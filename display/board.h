@@ -8,6 +8,8 @@
 #include "engine/rules/Game.h"
 #include "storage/settings.h"
 
+#include <optional>
+
 namespace tarveth {
 
 // What BoardDisplay asks of the window that shows it.
@@ -50,8 +52,9 @@ public:
     MarkerShape Shape1;        // the selection marker, round the square of the piece last picked
     bool ZonePainted = false;  // zones are painted over picDisplay, until it is presented again
 
-    // Sets the size of the visible board and jail in pixels and presents them again.
-    void SetDisplaySize(int boardEdge, int jailHeight);
+    // Sets the size of the visible board and jail in pixels and presents them again. Without a width the jail
+    // is as wide as the board.
+    void SetDisplaySize(int boardEdge, int jailHeight, std::optional<int> jailWidth = {});
     // Paints picBoard and picJail from the game, and presents them.
     void RedrawBoard() override;
     // Stretches picBoard and picJail to picDisplay and picDisplayJail, moves Shape1 and has the window

@@ -14,12 +14,25 @@ Square BoardMouse::SquareUnder(double x, double y) const {
     return SquareAt(x, y, board_.picDisplay.Pixels.Width(), board_.picDisplay.Pixels.Height());
 }
 
-bool BoardMouse::Point(double x, double y) {
+bool BoardMouse::Point(double x, double y, bool leftIsDown) {
     const Square under = SquareUnder(x, y);
+    if (!leftIsDown)
+        pressed_ = {}; // the button was let go where this window was not told
+    DragTo(under);
     if (under != clicked_)
         clicked_ = {};
     const Square pointed = under == clicked_ ? Square{} : under;
     return std::exchange(Pointed, pointed) != pointed;
+}
+
+// The piece is picked as soon as the pointer leaves its square, so that the marks show where it may go.
+void BoardMouse::DragTo(Square square) {
+    if (!pressed_.OnBoard() || square == pressed_)
+        return;
+    if (const Square from = std::exchange(pressed_, {}); main_.WouldPick(from)) {
+        main_.DepositSquare(from);
+        main_.RunPasses();
+    }
 }
 
 // What a click has done is marked by itself; a mark of what the next one could do would only be in its way.
@@ -30,6 +43,8 @@ void BoardMouse::ForgetPointed(Square clicked) {
 
 void BoardMouse::MouseDown(MouseButton button, double x, double y) {
     ForgetPointed(SquareUnder(x, y));
+    if (button == MouseButton::Left)
+        pressed_ = SquareUnder(x, y);
     if (button == MouseButton::Right && settings_.ShowsZoneOnRightClick())
         zones_.ShowZoneAt(SquareUnder(x, y));
 }
@@ -39,6 +54,8 @@ void BoardMouse::MouseUp(MouseButton button, double x, double y) {
     if (button != MouseButton::Left)
         return;
     const Square square = SquareUnder(x, y);
+    DragTo(square);
+    pressed_ = {};
     if (square.OnBoard())
         Cursor.At = square; // the arrow keys continue from the square that was clicked last
     main_.DepositSquare(square);

@@ -25,9 +25,10 @@ public:
 
     // Is to be called when the pointer moves over the visible board, and with a place outside it when the
     // pointer leaves. Says whether Pointed has changed.
-    bool Point(double x, double y);
+    bool Point(double x, double y, bool leftIsDown = false);
 
-    // Positions are in pixels of the visible board.
+    // Positions are in pixels of the visible board. A left button that is let go on another square than it
+    // was pressed on drags: a piece that may be picked on the first square is picked there.
     void MouseDown(MouseButton button, double x, double y);
     void MouseUp(MouseButton button, double x, double y);
 
@@ -35,6 +36,8 @@ public:
     void MoveCursor(int columns, int rows);
     // Does what a left click on the cursor's square does.
     void PressCursor();
+    // Puts the picked piece down, if there is one.
+    void PutDown() { main_.PutDownPiece(); }
     // Do what pressing and releasing the right mouse button on the cursor's square does.
     void ShowCursorZone();
     void ReleaseCursorZone();
@@ -42,7 +45,9 @@ public:
 private:
     Square SquareUnder(double x, double y) const;
     void ForgetPointed(Square clicked);
+    void DragTo(Square square);
 
+    Square pressed_; // where the left button went down, while it is down
     Square clicked_; // the square that was clicked last, while the pointer is still on it
 
     const Settings& settings_;

@@ -25,6 +25,16 @@ void modMAIN::DepositSquare(Square square) {
     }
 }
 
+bool modMAIN::WouldPick(Square square) const {
+    return game_.GameState == kPickPiece && IsMyTurn() && square.OnBoard() &&
+           JudgePick(game_, square).refusal == PickRefusal::None;
+}
+
+void modMAIN::PutDownPiece() {
+    if (game_.GameState == kPlacePiece && IsMyTurn())
+        DepositSquare({game_.SelX, game_.SelY});
+}
+
 void modMAIN::SetPendingSquare(Square square) {
     game_.ClickX = static_cast<std::int16_t>(square.column);
     game_.ClickY = static_cast<std::int16_t>(square.row);
@@ -81,14 +91,14 @@ void modMAIN::MovePiece(int index, Square to, int captured) {
     SetGameState(result.mayEarnReturn ? kAllowReturn : kTurnOver);
 }
 
-bool modMAIN::MayPlaceReturn() const {
+bool modMAIN::IsMyTurn() const {
     return net_.IsPlayedHere(game_.Turn);
 }
 
 // Whether the local player has to choose a return that was the opponent's to choose: the link has ended, or
 // the players have swapped sides.
 bool modMAIN::ReturnUndecided() const {
-    return game_.GameState == kReturnPiece && game_.Return.ReturnKind == 0 && MayPlaceReturn();
+    return game_.GameState == kReturnPiece && game_.Return.ReturnKind == 0 && IsMyTurn();
 }
 
 void modMAIN::CheckReturnDue() {
@@ -98,7 +108,7 @@ void modMAIN::CheckReturnDue() {
         return;
     }
     game_.Return = {game_.Return.CapturedPiece, 0, 0};
-    if (MayPlaceReturn()) { // otherwise who plays the side says which piece comes back
+    if (IsMyTurn()) { // otherwise who plays the side says which piece comes back
         const PieceKind only = candidates.officerSlot != 0 ? Officer : Pawn;
         DecideReturn(game_, candidates, candidates.Both() ? ports_.person.ChooseReturn(game_.Turn) : only);
     }

@@ -137,7 +137,7 @@ void modMAIN::HandleSquare() {
         PlacePiece();
         break;
     case kReturnPiece:
-        if (MayPlaceReturn() && !net_.RemoteMove) // an opponent's return comes as a return, never as a square
+        if (IsMyTurn() && !net_.RemoteMove) // an opponent's return comes as a return, never as a square
             ReturnPiece();
         else
             ShowStatus("Waiting for placement of returned piece.");

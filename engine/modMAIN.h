@@ -65,6 +65,12 @@ public:
     // piece is to return to a square that is taken.
     void DepositSquare(Square square);
 
+    // Whether a left click on the square would pick a piece now.
+    bool WouldPick(Square square) const;
+    // Does what a left click on the picked piece does, which puts it down. Does nothing when the player has
+    // picked none.
+    void PutDownPiece();
+
     // Brings the game to the beginning of a turn before a board is sent or received: deselects a selected
     // piece, gives up a return that is due, ends a turn that is over, and drops squares that wait. This and
     // the next four are to be called between two passes.
@@ -104,7 +110,7 @@ private:
     void EchoClick();
     void TakeRemoteSquare();
     void TakeRemoteReturn(Square square, const ReturnChoice& choice);
-    bool MayPlaceReturn() const;
+    bool IsMyTurn() const;
     bool ReturnUndecided() const;
 
     Game& game_;

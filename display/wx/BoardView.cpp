@@ -70,9 +70,11 @@ BoardView::BoardView(wxWindow* parent) : PictureView(parent, wxWANTS_CHARS) {
     Bind(wxEVT_KILL_FOCUS, &BoardView::OnFocusChange, this);
 }
 
-void BoardView::Connect(const BoardDisplay& board, BoardMouse& mouse, std::function<void()> afterInput) {
+void BoardView::Connect(const BoardDisplay& board, BoardMouse& mouse, std::function<void()> beforeInput,
+                        std::function<void()> afterInput) {
     board_ = &board;
     mouse_ = &mouse;
+    beforeInput_ = std::move(beforeInput);
     afterInput_ = std::move(afterInput);
 }
 
@@ -97,7 +99,8 @@ void BoardView::OnPointerMove(wxMouseEvent& event) {
         return;
     const double scale = GetContentScaleFactor();
     const bool outside = event.Leaving();
-    if (mouse_->Point(outside ? -1 : event.GetX() * scale, outside ? -1 : event.GetY() * scale))
+    if (mouse_->Point(outside ? -1 : event.GetX() * scale, outside ? -1 : event.GetY() * scale,
+                      event.LeftIsDown()))
         RefreshMarks();
 }
 
@@ -106,6 +109,8 @@ void BoardView::OnMouseDown(wxMouseEvent& event) {
     // The mouse is captured only for a zone, which ends when the button is released, even outside the window.
     if (ButtonOf(event) == MouseButton::Right && !HasCapture())
         CaptureMouse();
+    if (ButtonOf(event) == MouseButton::Left)
+        beforeInput_();
     const double scale = GetContentScaleFactor();
     mouse_->MouseDown(ButtonOf(event), event.GetX() * scale, event.GetY() * scale);
     RefreshMarks();
@@ -140,7 +145,13 @@ void BoardView::OnKeyDown(wxKeyEvent& event) {
     case WXK_RETURN:
     case WXK_NUMPAD_ENTER:
     case WXK_SPACE:
+        beforeInput_();
         mouse_->PressCursor();
+        afterInput_();
+        break;
+    case WXK_ESCAPE:
+        beforeInput_();
+        mouse_->PutDown();
         afterInput_();
         break;
     case 'Z':

@@ -14,9 +14,10 @@ public:
     explicit BoardView(wxWindow* parent);
 
     // Joins the view to a board and its mouse, which outlive it; before that it shows nothing and ignores
-    // clicks. afterInput is called after each event that may have deposited a square, before the next event
-    // can replace that square.
-    void Connect(const BoardDisplay& board, BoardMouse& mouse, std::function<void()> afterInput);
+    // clicks. beforeInput is called when a left click or a key that does the same begins, afterInput after
+    // each event that may have deposited a square, before the next event can replace that square.
+    void Connect(const BoardDisplay& board, BoardMouse& mouse, std::function<void()> beforeInput,
+                 std::function<void()> afterInput);
 
     bool AcceptsFocus() const override { return true; }
 
@@ -34,7 +35,7 @@ private:
 
     const BoardDisplay* board_ = nullptr;
     BoardMouse* mouse_ = nullptr;
-    std::function<void()> afterInput_;
+    std::function<void()> beforeInput_, afterInput_;
 };
 
 } // namespace tarveth

@@ -42,6 +42,15 @@ HistoryList::HistoryList(wxWindow* parent)
     // anyway.
     AppendColumn(
         new wxDataViewColumn("", new wxDataViewTextRenderer, 0, FromDIP(kLeastWidth), wxALIGN_LEFT, 0));
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        CallAfter([this] { ShowNewest(); }); // once the list has its new size
+        event.Skip();
+    });
+}
+
+void HistoryList::ShowNewest() {
+    if (const unsigned count = rows_->GetCount(); count != 0)
+        EnsureVisible(rows_->GetItem(count - 1));
 }
 
 void HistoryList::ShowLines(const std::vector<std::string>& lines) {

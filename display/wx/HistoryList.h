@@ -17,6 +17,8 @@ public:
     void ShowLines(const std::vector<std::string>& lines);
 
 private:
+    void ShowNewest();
+
     class Rows;
     wxObjectDataPtr<Rows> rows_;
 };

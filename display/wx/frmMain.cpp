@@ -69,7 +69,9 @@ void frmMain::CreateMenus() {
 
 void frmMain::Connect(const MainWindowParts& parts) {
     parts_ = std::make_unique<MainWindowParts>(parts);
-    picDisplay->Connect(parts.board, parts.mouse, [this] { parts_->main.RunPasses(); });
+    picDisplay->Connect(
+        parts.board, parts.mouse, [this] { lblTold->SetLabelText({}); },
+        [this] { parts_->main.RunPasses(); });
     MarkPictures();
     for (const auto& [item, command] : parts_->commands) {
         GetMenuBar()->Enable(item, true);
@@ -140,8 +142,10 @@ void frmMain::CheckViewSwitches() {
         GetMenuBar()->Check(view.item, parts_->settings.*view.setting != 0);
 }
 
+// The lesson for a new game is too long for one line, and stays beside the board.
 void frmMain::ShowMessage(std::string_view text) {
     lblMessage->SetLabelText(ToWx(text));
+    lblTold->SetLabelText(text == kToBeginPlay ? wxString() : ToWx(text));
 }
 
 void frmMain::ShowPrompt(std::string_view text) {
@@ -162,6 +166,14 @@ void frmMain::UpdatePlayer() {
         return;
     lblCurPlayer->SetForegroundColour(wxColour(playerColour_));
     lblCurPlayer->SetLabelText(player_);
+}
+
+void frmMain::UpdateAsked() {
+    if (!parts_)
+        return;
+    const wxString asked = ToWx(parts_->asked());
+    if (!asked.empty() && asked != lblAsked->GetLabelText())
+        lblAsked->SetLabelText(asked);
 }
 
 void frmMain::ShowLocalSide(std::int16_t side) {
@@ -242,6 +254,7 @@ void frmMain::OnIdle(wxIdleEvent& event) {
     if (parts_)
         parts_->afterPasses();
     UpdatePlayer();
+    UpdateAsked();
     event.Skip();
 }
 

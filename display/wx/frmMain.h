@@ -49,6 +49,7 @@ struct MainWindowParts {
     std::function<void(const std::string& path)> openGame;    // tells of a failure itself
     std::function<void(BarChoice)> chooseInBar;               // a button of the bar has been pressed
     std::function<void()> afterPasses;                        // what follows the game does its part
+    std::function<std::string()> asked;                       // what is asked now; empty: as it was
 };
 
 class frmMain : public PlacedFrame,
@@ -109,6 +110,7 @@ private:
     void OpenGame(const std::string& path);
     void CheckViewSwitches();
     void UpdatePlayer();
+    void UpdateAsked();
 
     void OnSize(wxSizeEvent& event);
     void OnClose(wxCloseEvent& event);
@@ -134,6 +136,8 @@ private:
     wxStaticText* lblCurPlayer = nullptr;
     wxStaticText* lblMoveStatus = nullptr;
     wxStaticText* lblMessage = nullptr;
+    wxStaticText* lblAsked = nullptr; // what is asked, near the board
+    wxStaticText* lblTold = nullptr;  // what lblMessage has said since the last click, below that
     wxStaticLine* linLeft = nullptr;
     wxStaticLine* linRight = nullptr;
     wxStaticLine* linTop = nullptr;

@@ -53,6 +53,10 @@ void frmMain::CreateControls() {
     lblMoveStatus = NewLabel();
     lblMoveStatus->SetFont(GetFont().Bold());
     lblMessage = NewLabel();
+    lblAsked = NewLabel();
+    lblAsked->SetFont(GetFont().Scaled(1.15F).Bold());
+    lblTold = NewLabel();
+    lblTold->SetWindowStyle(lblTold->GetWindowStyle() | wxST_ELLIPSIZE_END);
     const auto line = [this](long style) {
         return new wxStaticLine(surface, wxID_ANY, wxDefaultPosition, wxDefaultSize, style);
     };
@@ -98,6 +102,8 @@ void frmMain::NameControls() {
     NameControl(lblCurPlayer, "lblCurPlayer", "Player to move");
     NameControl(lblMoveStatus, "lblMoveStatus", "What to do next");
     NameControl(lblMessage, "lblMessage", "Message");
+    NameControl(lblAsked, "lblAsked", "What is asked");
+    NameControl(lblTold, "lblTold", "Message");
     NameControl(Label1[0], "Label1(0)", "Caption");
     NameControl(Label1[1], "Label1(1)", "Caption");
 }
@@ -112,6 +118,8 @@ LayoutMetrics frmMain::Metrics() const {
         metrics.gridHeight = letter.y + FromDIP(2);
     }
     metrics.rowHeight = letter.y + FromDIP(4);
+    metrics.askedHeight = lblAsked->GetTextExtent("M").y + FromDIP(2);
+    metrics.historyWidth = std::max(FromDIP(metrics.historyWidth), lblMessage->GetCharWidth() * 28);
     metrics.playerHeight = lblCurPlayer->GetTextExtent("M").y + FromDIP(4);
     metrics.captionWidth = std::max(lblMessage->GetTextExtent(Label1[0]->GetLabel()).x,
                                     lblMessage->GetTextExtent(Label1[1]->GetLabel()).x) +
@@ -141,6 +149,9 @@ void frmMain::LayOut() {
     PlaceLine(Label1[1], layout.statusCaption);
     PlaceLine(lblMoveStatus, layout.status);
     Place(lblMessage, layout.message);
+    Place(lblAsked, layout.asked);
+    lblTold->Show(layout.jailBelow);
+    Place(lblTold, layout.told);
     Place(Line1, layout.separator);
     if (lstHistory != nullptr)
         Place(lstHistory, layout.history);
@@ -151,7 +162,8 @@ void frmMain::LayOut() {
     Place(linBottom, {board.x, board.Bottom(), board.width, kFrameLine});
     const double scale = GetContentScaleFactor();
     parts_->board.SetDisplaySize(static_cast<int>(std::lround(board.width * scale)),
-                                 static_cast<int>(std::lround(layout.displayJail.height * scale)));
+                                 static_cast<int>(std::lround(layout.displayJail.height * scale)),
+                                 static_cast<int>(std::lround(layout.displayJail.width * scale)));
 }
 
 void frmMain::ApplyDisplaySettings() {

@@ -6,10 +6,10 @@ namespace tarveth {
 
 MainMenu CreateMainMenu() {
     auto* mnuFile = new wxMenu;
-    mnuFile->Append(mnuFileNew, "&New Game");
-    mnuFile->Append(mnuFileLoad, "&Load Game");
-    mnuFile->Append(mnuFileSave, "&Save Game");
-    mnuFile->Append(mnuFileSaveAs, "Save Game &As");
+    mnuFile->Append(mnuFileNew, "&New Game\tCtrl+N");
+    mnuFile->Append(mnuFileLoad, "&Load Game\tCtrl+O");
+    mnuFile->Append(mnuFileSave, "&Save Game\tCtrl+S");
+    mnuFile->Append(mnuFileSaveAs, "Save Game &As\tCtrl+Shift+S");
     mnuFile->AppendSeparator();
     mnuFile->Append(mnuFileInternet, "Connect to &Internet");
     mnuFile->AppendSeparator();
@@ -31,6 +31,8 @@ MainMenu CreateMainMenu() {
     auto* mnuView = new wxMenu;
     for (const ViewSwitch& view : kViewSwitches)
         mnuView->AppendCheckItem(view.item, view.caption);
+    mnuView->AppendSeparator();
+    mnuView->Append(mnuViewHowToPlay, "How to &Play");
 
     auto* mnuHelp = new wxMenu;
     mnuHelp->Append(mnuHelpHelp, "&Help on Tarveth");

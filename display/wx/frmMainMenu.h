@@ -40,7 +40,8 @@ enum MainMenuItem : int {
     mnuViewCoordinates,
     mnuViewHistory,
     mnuViewKeepGames,
-    mnuLast = mnuViewKeepGames,
+    mnuViewHowToPlay,
+    mnuLast = mnuViewHowToPlay,
 };
 
 // A check item of the View menu, and the setting that it turns on and off.

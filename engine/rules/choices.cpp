@@ -37,6 +37,16 @@ Choice JudgePlacing(const Game& game, Square square) {
     return CaptureWins(game, verdict.captured) ? Choice::WinningCapture : Choice::Capture;
 }
 
+bool HasDestination(const Game& game, int piece) {
+    for (int column = 1; column <= kBoardSize; ++column)
+        for (int row = 1; row <= kBoardSize; ++row) {
+            const Square to{column, row};
+            if (!game.Piece(piece).StandsOn(to) && JudgeMove(game, piece, to).refusal == Refusal::None)
+                return true;
+        }
+    return false;
+}
+
 Choice JudgeReturning(const Game& game, Square square) {
     return JailSlotToReturn(game) != 0 && PieceOn(game, square) == 0 ? Choice::Return : Choice::None;
 }
@@ -65,6 +75,18 @@ ChoiceMap ListDestinations(const Game& game) {
             choices[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)] =
                 JudgeChoice(game, {column, row});
     return choices;
+}
+
+bool HasMove(const Game& game) {
+    for (int i = 1; i <= game.PieceCount(); ++i) {
+        const PieceRecord& piece = game.Piece(i);
+        if (piece.InJail() ||
+            JudgePick(game, {piece.X.ToInt16(), piece.Y.ToInt16()}).refusal != PickRefusal::None)
+            continue;
+        if (HasDestination(game, i))
+            return true;
+    }
+    return false;
 }
 
 int JailSlotToReturn(const Game& game) {

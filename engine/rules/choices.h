@@ -29,6 +29,9 @@ using ChoiceMap = std::array<std::array<Choice, kBoardSize + 1>, kBoardSize + 1>
 // are None: a player looks at one piece at a time then, and JudgeChoice judges that one.
 ChoiceMap ListDestinations(const Game& game);
 
+// Whether the side to move has any move at all.
+bool HasMove(const Game& game);
+
 // Gives the jail entry of the piece that comes back, 0 while none does or it has not been decided which.
 int JailSlotToReturn(const Game& game);
 

@@ -15,7 +15,9 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/colordlg.h>
+#include <wx/display.h>
 #include <wx/fontdlg.h>
+#include <wx/fontenum.h>
 #include <wx/msgdlg.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
@@ -30,8 +32,22 @@ namespace {
 constexpr int kSmallestSample = 6;
 constexpr int kLargestSample = 20;
 
+// The least size of the dialog, below that of the smallest screens.
+constexpr int kLeastWidth = 560;
+constexpr int kLeastHeight = 400;
+constexpr int kTitleBar = 40; // room for one
+
 wxFont FontOf(const std::string& name, int points) {
     return wxFont(wxFontInfo(points).FaceName(ToWx(name)));
+}
+
+// Gives the font that is shown for one of the settings: where the named one is not installed, that of the
+// dialog. The system's own dialog would otherwise start without a font, and then takes no size either.
+wxFont InstalledFont(const wxWindow& dialog, const std::string& name, int points) {
+    const wxString face = ToWx(name);
+    return wxFontEnumerator::IsValidFacename(face)
+               ? wxFont(wxFontInfo(points).FaceName(face))
+               : wxFont(wxFontInfo(points).FaceName(dialog.GetFont().GetFaceName()));
 }
 
 // Cuts the trailing separator off a folder's name.
@@ -73,10 +89,21 @@ void frmClientOptions::Load() {
     ShowPictures();
     cmbOptions->SetSelection(static_cast<int>(Page));
     ShowPage(Page);
-    Fit();
-    SetMinSize(GetSize());
+    FitOnScreen();
     CentreOnParent();
     cmbOptions->SetFocus();
+}
+
+// Makes the dialog as large as its largest page asks, or as the screen allows; the pages scroll where it is
+// smaller.
+void frmClientOptions::FitOnScreen() {
+    Fit();
+    pages_->SetMinSize(wxSize(1, 1)); // from now on they may be smaller
+    wxSize size = GetSize();
+    const wxSize screen = wxDisplay(GetParent()).GetClientArea().GetSize();
+    size.DecTo(screen - FromDIP(wxSize(0, kTitleBar)));
+    SetMinSize(FromDIP(wxSize(kLeastWidth, kLeastHeight)));
+    SetSize(size);
 }
 
 void frmClientOptions::ShowPage(std::size_t page) {
@@ -139,12 +166,15 @@ void frmClientOptions::ChangeColor(std::size_t i) {
 void frmClientOptions::ChangeFont(std::size_t i) {
     wxFontData data;
     data.EnableEffects(false);
-    data.SetInitialFont(FontOf(Options.SampleFontName[i], std::max<int>(1, Options.SampleFontSize[i])));
+    const wxFont shown =
+        InstalledFont(*this, Options.SampleFontName[i], std::max<int>(1, Options.SampleFontSize[i]));
+    data.SetInitialFont(shown);
     wxFontDialog dialog(this, data);
     if (dialog.ShowModal() != wxID_OK)
         return;
     const wxFont font = dialog.GetFontData().GetChosenFont();
-    Options.SampleFontName[i] = font.GetFaceName().utf8_string();
+    if (font.GetFaceName() != shown.GetFaceName()) // whoever changes the size alone keeps the font's name
+        Options.SampleFontName[i] = font.GetFaceName().utf8_string();
     Options.SampleFontSize[i] = static_cast<std::int16_t>(std::clamp(font.GetPointSize(), 1, 999));
     ShowFont(i);
     Layout();

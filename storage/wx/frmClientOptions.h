@@ -66,6 +66,7 @@ private:
     wxButton* NewButton(wxWindow* page, const wxString& caption, const std::string& given,
                         const wxString& spoken, std::function<void()> command);
 
+    void FitOnScreen();
     void ShowPage(std::size_t page);
     void ShowSample(std::size_t i);
     void ShowFont(std::size_t i);
@@ -89,6 +90,7 @@ private:
     std::vector<std::string> folders_;
     PiecePictures pictures_; // the pictures that the options name, for the previews
 
+    wxSizer* pages_ = nullptr;
     wxChoice* cmbOptions = nullptr;
     std::array<wxPanel*, 4> fraOptions{}; // by OptionsPage
     std::array<wxCheckBox*, CountCheckBoxes(kPlayPage)> chkPlayOptions{};

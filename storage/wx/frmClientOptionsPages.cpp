@@ -12,6 +12,7 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/panel.h>
+#include <wx/scrolwin.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/statline.h>
@@ -33,7 +34,7 @@ constexpr std::array kSounds = {"Sound to play when new user logs on", "Sound to
 constexpr std::array kPieceNames = {"", "Masters", "Officers", "Pawns"};
 
 constexpr int kGap = 8;
-constexpr int kBoxLetters = 28; // the least width of a text box
+constexpr int kBoxLetters = 20; // the least width of a text box
 
 std::string Indexed(const std::string& name, std::size_t i) {
     return name + '(' + std::to_string(i) + ')';
@@ -57,7 +58,7 @@ void frmClientOptions::CreatePages() {
     NameControl(cmbOptions, "cmbOptions", "Page");
     rows->Add(cmbOptions, wxSizerFlags().Expand().Border(wxALL, gap * 3 / 2));
 
-    auto* frames = new wxBoxSizer(wxVERTICAL); // only one page is shown at a time
+    pages_ = new wxBoxSizer(wxVERTICAL); // only one page is shown at a time
     wxSize largest;
     CreatePlayPage();
     CreateChatPage();
@@ -65,10 +66,11 @@ void frmClientOptions::CreatePages() {
     CreatePicturePage();
     for (wxPanel* frame : fraOptions) {
         largest.IncTo(frame->GetBestSize());
-        frames->Add(frame, wxSizerFlags(1).Expand());
+        frame->SetMinSize(wxSize(1, 1)); // it scrolls
+        pages_->Add(frame, wxSizerFlags(1).Expand());
     }
-    frames->SetMinSize(largest);
-    rows->Add(frames, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap * 3 / 2));
+    pages_->SetMinSize(largest);
+    rows->Add(pages_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap * 3 / 2));
     rows->Add(new wxStaticLine(this), wxSizerFlags().Expand().Border(wxTOP, gap));
     rows->Add(NewButtons(), wxSizerFlags().Right().Border(wxALL, gap * 3 / 2));
     SetSizer(rows);
@@ -89,7 +91,10 @@ wxSizer* frmClientOptions::NewButtons() {
 }
 
 wxPanel* frmClientOptions::NewPage(OptionsPage page) {
-    fraOptions[page] = new wxPanel(this);
+    auto* frame = new wxScrolledWindow(this);
+    frame->SetScrollRate(0, FromDIP(kGap));
+    frame->ShowScrollbars(wxSHOW_SB_NEVER, wxSHOW_SB_DEFAULT);
+    fraOptions[page] = frame;
     NameControl(fraOptions[page], Indexed("fraOptions", page), kPages[page]);
     return fraOptions[page];
 }

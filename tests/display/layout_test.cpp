@@ -32,6 +32,8 @@ LayoutMetrics MetricsAt(Scale scale, bool gridLabels) {
     metrics.gridHeight = gridLabels ? lettered(17) + scaled(2) : 0;
     metrics.rowHeight = lettered(17) + scaled(4);
     metrics.playerHeight = lettered(26) + scaled(4);
+    metrics.askedHeight = lettered(20) + scaled(2);
+    metrics.historyWidth = std::max(scaled(300), lettered(200));
     metrics.captionWidth = lettered(50) + scaled(10);
     metrics.sideWidth = std::max(scaled(220), lettered(154));
     metrics.messageLines = lettered(1400) / metrics.sideWidth + 1;
@@ -41,6 +43,8 @@ LayoutMetrics MetricsAt(Scale scale, bool gridLabels) {
 std::vector<Place> PlacesOf(const MainLayout& layout, bool gridLabels) {
     std::vector<Place> places = {{"display", layout.display},
                                  {"displayJail", layout.displayJail},
+                                 {"asked", layout.asked},
+                                 {"told", layout.told},
                                  {"playerCaption", layout.playerCaption},
                                  {"player", layout.player},
                                  {"statusCaption", layout.statusCaption},
@@ -140,23 +144,55 @@ TEST(Layout, TheBoardIsSquareAndDividesIntoEightEqualSquares) {
     }
 }
 
-TEST(Layout, TheJailIsThreeRowsOfTheSameSquaresBelowTheBoard) {
+TEST(Layout, TheJailIsThreeRowsOfEvenSquaresNoLargerThanTheBoards) {
     for (const Window& window : AllWindows()) {
         const MainLayout layout = window.Layout();
-        const int square = layout.display.width / 8;
-        ASSERT_EQ(layout.displayJail,
-                  (LayoutBox{layout.display.x, layout.display.Bottom() + window.Metrics().gap, square * 8,
-                             square * 3}))
+        const int square = layout.displayJail.width / 8;
+        ASSERT_EQ(layout.displayJail.width, square * 8) << window.Name();
+        ASSERT_EQ(layout.displayJail.height, square * 3) << window.Name();
+        ASSERT_GE(square, 8) << window.Name();
+        ASSERT_LE(square, layout.display.width / 8) << window.Name();
+    }
+}
+
+TEST(Layout, TheJailIsBelowTheBoardOrBesideIt) {
+    for (const Window& window : AllWindows()) {
+        const MainLayout layout = window.Layout();
+        const LayoutMetrics metrics = window.Metrics();
+        const LayoutBox& jail = layout.displayJail;
+        if (layout.jailBelow) {
+            ASSERT_EQ(jail.x, layout.display.x) << window.Name();
+            ASSERT_EQ(jail.y, layout.told.Bottom() + metrics.gap) << window.Name();
+            ASSERT_EQ(layout.asked.y, layout.display.Bottom() + metrics.gap) << window.Name();
+            ASSERT_GE(jail.width, layout.display.width / 2 - 8) << window.Name();
+        } else {
+            ASSERT_GT(jail.x, layout.display.Right()) << window.Name();
+            ASSERT_EQ(layout.asked.y, layout.display.y) << window.Name();
+            ASSERT_EQ(layout.told, LayoutBox{}) << window.Name();
+        }
+    }
+}
+
+// Only the room for the labels beside it, and the window's edge, limit the board.
+TEST(Layout, TheBoardIsTheLargestThatFits) {
+    for (const Window& window : AllWindows()) {
+        const LayoutMetrics m = window.Metrics();
+        const int larger = window.Layout().display.width + 8;
+        const int width = 3 * m.margin + m.gridWidth + larger + m.gap + m.sideWidth;
+        ASSERT_TRUE(width > window.width || 2 * m.margin + m.gridHeight + larger > window.height)
             << window.Name();
     }
 }
 
-TEST(Layout, TheBoardIsTheLargestThatFits) {
-    for (const Window& window : AllWindows()) {
-        const MainLayout layout = window.Layout();
-        const LayoutBox larger = SizeForBoard(layout.display.width + 8, window.Metrics());
-        ASSERT_TRUE(larger.width > window.width || larger.height > window.height) << window.Name();
-    }
+TEST(Layout, AWideWindowGivesItsHeightToTheBoard) {
+    EXPECT_GE(LayOutMainWindow(1300, 500, MetricsAt({}, false)).display.height, 450);
+    EXPECT_GE(LayOutMainWindow(1400, 980, MetricsAt({}, false)).display.height, 882);
+}
+
+TEST(Layout, ATallWindowHasTheJailAsLargeAsTheBoard) {
+    const MainLayout layout = LayOutMainWindow(700, 1000, MetricsAt({}, false));
+    EXPECT_TRUE(layout.jailBelow);
+    EXPECT_EQ(layout.displayJail.width, layout.display.width);
 }
 
 TEST(Layout, GridLabelsStandInTheMiddleOfTheirSquares) {
@@ -200,11 +236,11 @@ TEST(Layout, AWindowMadeForABoardShowsItAtThatSize) {
             }
 }
 
-TEST(Layout, AWiderWindowGivesTheLabelsTheRoomThatTheBoardCannotUse) {
-    const MainLayout narrow = LayOutMainWindow(700, 480, MetricsAt({}, false));
-    const MainLayout wide = LayOutMainWindow(1400, 480, MetricsAt({}, false));
-    EXPECT_EQ(narrow.display, wide.display);
-    EXPECT_EQ(wide.history.Right(), 1400 - 12);
+TEST(Layout, TheHistoryIsAsWideAsItsTextNeeds) {
+    const LayoutMetrics metrics = MetricsAt({}, false);
+    EXPECT_EQ(LayOutMainWindow(1400, 480, metrics).history.width, metrics.historyWidth);
+    EXPECT_EQ(LayOutMainWindow(700, 480, metrics).message.width,
+              LayOutMainWindow(700, 480, metrics).history.width);
 }
 
 TEST(Layout, NoWindowIsTooSmallToBeLaidOut) {

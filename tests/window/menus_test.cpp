@@ -38,6 +38,8 @@ View
   Coordinates
   History
   Keep Finished Games
+  ----
+  How to Play
 Help
   Help on Tarveth
   ----

@@ -3,6 +3,7 @@
 
 #include "engine/rules/captures.h"
 #include "engine/rules/moves.h"
+#include "engine/rules/turns.h"
 #include "engine/rules/zones.h"
 #include "tests/TestGame.h"
 #include "tests/engine/RandomPosition.h"
@@ -104,6 +105,21 @@ TEST(Choices, OfPlacingAreTheMovesThatAreJudgedLegal) {
     EXPECT_GT(moves, kPositions);
     EXPECT_GT(captures, kPositions / 10);
     EXPECT_GT(winning, 20);
+}
+
+TEST(HasMove, IsWhetherAnyTurnIsListed) {
+    Dice dice(13);
+    int without = 0;
+    for (int i = 0; i < kPositions; ++i) {
+        Game game = RandomPosition(dice);
+        if (i % 2 == 0) // few pieces that can go nowhere are found by chance
+            for (int piece = 1; piece <= kPieces; ++piece)
+                if (game.Piece(piece).Side == game.Turn)
+                    game.Piece(piece).MaxMove = 0;
+        ASSERT_EQ(HasMove(game), !ListTurns(game).empty());
+        without += HasMove(game) ? 0 : 1;
+    }
+    EXPECT_GT(without, 20);
 }
 
 TEST(Choices, OfReturningAreTheFreeSquares) {
