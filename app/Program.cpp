@@ -8,6 +8,7 @@
 #include "platform/text_path.h"
 #include "play/wx/frmComputer.h"
 #include "storage/lastmove.h"
+#include "storage/wx/frmBoardColours.h"
 #include "storage/wx/frmClientOptions.h"
 #include "storage/wx/frmSplash.h"
 
@@ -94,6 +95,7 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},
+        {mnuViewBoardColours, [this] { ShowBoardColours(); }},
         {mnuViewHowToPlay, [this] { window_->ShowMessage(kToBeginPlay); }},
         {mnuHelpAbout, [this] { frmSplash(window_, pictures_).ShowModal(); }},
     };
@@ -209,6 +211,15 @@ void Program::ShowOptions() {
         return;
     CopyToSettings(dialog.Options, settings_);
     ApplyOptions();
+}
+
+void Program::ShowBoardColours() {
+    frmBoardColours dialog(window_, pictures_, settings_.BoardBlack, settings_.BoardWhite);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    settings_.BoardBlack = dialog.Black;
+    settings_.BoardWhite = dialog.White;
+    board_.RedrawBoard();
 }
 
 void Program::ApplyOptions() {

@@ -48,6 +48,7 @@ private:
     void Tell(const std::string& text);
     std::string LoadPictures();
     void ShowOptions();
+    void ShowBoardColours();
     void ApplyOptions();
     std::vector<std::string> Folders() const;
     void ShowWindow();

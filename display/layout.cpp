@@ -87,12 +87,13 @@ LayoutBox LayOutJailBeside(MainLayout& layout, int square, const LayoutBox& side
     const int labelsWidth = std::max(m.historyWidth, m.sideWidth);
     const int beside =
         std::min({square, (side.width - labelsWidth - m.gap) / kBoardSize, side.height / kJailRows});
-    const int jailSquare = std::max(below, beside);
+    const bool hasColumn = beside >= std::min(below, square / 2);
+    const int jailSquare = hasColumn ? beside : below;
     const int width = jailSquare * kBoardSize;
     const int height = jailSquare * kJailRows;
-    const int left = beside >= below ? side.x + labelsWidth + m.gap : side.x;
+    const int left = hasColumn ? side.x + labelsWidth + m.gap : side.x;
     layout.displayJail = {left, side.Bottom() - height, width, height};
-    if (beside >= below)
+    if (hasColumn)
         return {side.x, side.y, labelsWidth, side.height};
     return {side.x, side.y, side.width, side.height - height - m.gap};
 }

@@ -23,11 +23,11 @@ PixelBuffer Preview(const PixelBuffer& picture, int edge, Pixel ground) {
 }
 
 PixelBuffer PieceBoard(const std::array<PixelBuffer, 4>& blue, const std::array<PixelBuffer, 4>& red,
-                       int edge) {
+                       int edge, Pixel black, Pixel white) {
     PixelBuffer board(edge * Pawn, edge * 2);
     for (int kind = Master; kind <= Pawn; ++kind) {
-        const Pixel above = kind % 2 == 0 ? Rgb(0, 0, 0) : Rgb(255, 255, 255);
-        const Pixel below = above ^ Rgb(255, 255, 255);
+        const Pixel above = kind % 2 == 0 ? black : white;
+        const Pixel below = kind % 2 == 0 ? white : black;
         const auto i = static_cast<std::size_t>(kind);
         const int left = (kind - Master) * edge;
         board.CopyFrom(Preview(blue[i], edge, above), left, 0);

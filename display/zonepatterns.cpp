@@ -86,9 +86,9 @@ public:
           edge_(edge),
           colour_(colour),
           seen_(static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge)) {
-        for (int i = 0; i < edge_; ++i)
-            for (const auto& [x, y] : {Point{i, 0}, Point{i, edge_ - 1}, Point{0, i}, Point{edge_ - 1, i}})
-                Visit(x, y);
+        for (int y = 0; y < edge_; ++y)
+            for (int x = 0; x < edge_; ++x)
+                seen_[Index(x, y)] = IsBorder(x, y) && IsGround(x, y) ? 1 : 0;
         Spread();
     }
 
@@ -104,38 +104,39 @@ public:
     }
 
 private:
-    struct Point {
-        int x, y;
-    };
-
     std::size_t Index(int x, int y) const {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(edge_) + static_cast<std::size_t>(x);
     }
+    bool IsBorder(int x, int y) const { return x == 0 || y == 0 || x == edge_ - 1 || y == edge_ - 1; }
+    bool IsGround(int x, int y) const { return board_.At(left_ + x, top_ + y) == colour_; }
 
-    void Visit(int x, int y) {
-        if (x < 0 || y < 0 || x >= edge_ || y >= edge_ || seen_[Index(x, y)] != 0 ||
-            board_.At(left_ + x, top_ + y) != colour_)
-            return;
-        seen_[Index(x, y)] = 1;
-        open_.push_back({x, y});
+    // Sweeps to the right and down, then back, until a pair of sweeps finds nothing more. A piece without
+    // deep bays takes one pair and another to be sure.
+    void Spread() {
+        for (bool found = true; found;) {
+            found = false;
+            for (int y = 1; y < edge_; ++y)
+                for (int x = 1; x < edge_; ++x)
+                    found |= Join(x, y, Index(x - 1, y), Index(x, y - 1));
+            for (int y = edge_ - 2; y >= 0; --y)
+                for (int x = edge_ - 2; x >= 0; --x)
+                    found |= Join(x, y, Index(x + 1, y), Index(x, y + 1));
+        }
     }
 
-    void Spread() {
-        while (!open_.empty()) {
-            const auto [x, y] = open_.back();
-            open_.pop_back();
-            Visit(x - 1, y);
-            Visit(x + 1, y);
-            Visit(x, y - 1);
-            Visit(x, y + 1);
-        }
+    // Joins a pixel to the ground if one of two neighbours belongs to it.
+    bool Join(int x, int y, std::size_t one, std::size_t other) {
+        std::uint8_t& seen = seen_[Index(x, y)];
+        if (seen != 0 || (seen_[one] | seen_[other]) == 0 || !IsGround(x, y))
+            return false;
+        seen = 1;
+        return true;
     }
 
     PixelBuffer& board_;
     int left_, top_, edge_;
     Pixel colour_;
     std::vector<std::uint8_t> seen_; // 1 for the pixels of the ground
-    std::vector<Point> open_;
 };
 
 void DrawOutline(Ground& ground, const ZoneMap& map, Square square, int edge, int thickness, Pixel layer) {

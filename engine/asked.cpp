@@ -57,11 +57,11 @@ std::string Ask(const Game& game, bool mine) {
 } // namespace
 
 std::string WhatIsAsked(const Game& game, const NetGame& net) {
-    const bool network = net.GameInProgress();
-    std::string asked = Ask(game, !network || net.IsLocalSide(game.Turn));
-    if (asked.empty() || !network)
+    std::string asked = Ask(game, net.IsPlayedHere(game.Turn));
+    const bool blueHere = net.IsPlayedHere(Blue);
+    if (asked.empty() || blueHere == net.IsPlayedHere(Red)) // nobody here plays one side alone
         return asked;
-    return std::string("You play ") + (net.PlayingBlue ? "Blue. " : "Red. ") + asked;
+    return std::string("You play ") + (blueHere ? "Blue. " : "Red. ") + asked;
 }
 
 } // namespace tarveth

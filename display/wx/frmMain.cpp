@@ -70,8 +70,7 @@ void frmMain::CreateMenus() {
 void frmMain::Connect(const MainWindowParts& parts) {
     parts_ = std::make_unique<MainWindowParts>(parts);
     picDisplay->Connect(
-        parts.board, parts.mouse, [this] { lblTold->SetLabelText({}); },
-        [this] { parts_->main.RunPasses(); });
+        parts.board, parts.mouse, [this] { ForgetTold(); }, [this] { parts_->main.RunPasses(); });
     MarkPictures();
     for (const auto& [item, command] : parts_->commands) {
         GetMenuBar()->Enable(item, true);
@@ -166,6 +165,12 @@ void frmMain::UpdatePlayer() {
         return;
     lblCurPlayer->SetForegroundColour(wxColour(playerColour_));
     lblCurPlayer->SetLabelText(player_);
+}
+
+// After the end of a game a click does nothing, and who has won stays.
+void frmMain::ForgetTold() {
+    if (parts_->game.GameState != kGameOver)
+        lblTold->SetLabelText({});
 }
 
 void frmMain::UpdateAsked() {

@@ -111,6 +111,7 @@ private:
     void CheckViewSwitches();
     void UpdatePlayer();
     void UpdateAsked();
+    void ForgetTold();
 
     void OnSize(wxSizeEvent& event);
     void OnClose(wxCloseEvent& event);

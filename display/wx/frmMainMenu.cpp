@@ -32,6 +32,8 @@ MainMenu CreateMainMenu() {
     for (const ViewSwitch& view : kViewSwitches)
         mnuView->AppendCheckItem(view.item, view.caption);
     mnuView->AppendSeparator();
+    mnuView->Append(mnuViewBoardColours, "Board C&olours...");
+    mnuView->AppendSeparator();
     mnuView->Append(mnuViewHowToPlay, "How to &Play");
 
     auto* mnuHelp = new wxMenu;

@@ -40,6 +40,7 @@ enum MainMenuItem : int {
     mnuViewCoordinates,
     mnuViewHistory,
     mnuViewKeepGames,
+    mnuViewBoardColours,
     mnuViewHowToPlay,
     mnuLast = mnuViewHowToPlay,
 };

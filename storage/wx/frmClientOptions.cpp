@@ -97,6 +97,10 @@ void frmClientOptions::Load() {
 // Makes the dialog as large as its largest page asks, or as the screen allows; the pages scroll where it is
 // smaller.
 void frmClientOptions::FitOnScreen() {
+    wxSize largest;
+    for (const wxPanel* page : fraOptions)
+        largest.IncTo(page->GetSizer()->CalcMin());
+    pages_->SetMinSize(largest);
     Fit();
     pages_->SetMinSize(wxSize(1, 1)); // from now on they may be smaller
     wxSize size = GetSize();

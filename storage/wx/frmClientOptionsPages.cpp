@@ -59,17 +59,14 @@ void frmClientOptions::CreatePages() {
     rows->Add(cmbOptions, wxSizerFlags().Expand().Border(wxALL, gap * 3 / 2));
 
     pages_ = new wxBoxSizer(wxVERTICAL); // only one page is shown at a time
-    wxSize largest;
     CreatePlayPage();
     CreateChatPage();
     CreateSoundPage();
     CreatePicturePage();
     for (wxPanel* frame : fraOptions) {
-        largest.IncTo(frame->GetBestSize());
         frame->SetMinSize(wxSize(1, 1)); // it scrolls
         pages_->Add(frame, wxSizerFlags(1).Expand());
     }
-    pages_->SetMinSize(largest);
     rows->Add(pages_, wxSizerFlags(1).Expand().Border(wxLEFT | wxRIGHT, gap * 3 / 2));
     rows->Add(new wxStaticLine(this), wxSizerFlags().Expand().Border(wxTOP, gap));
     rows->Add(NewButtons(), wxSizerFlags().Right().Border(wxALL, gap * 3 / 2));

@@ -76,6 +76,16 @@ TEST(Asked, SaysInANetworkGameWhoYouAre) {
     EXPECT_EQ(Asked(g), "You play Red. The opponent's board is on its way.");
 }
 
+TEST(Asked, SaysAgainstTheComputerWhoYouAre) {
+    TestGame g;
+    g.net.ComputerPlaysRed = true;
+    EXPECT_EQ(Asked(g), "You play Blue. Blue is to move.");
+    g.Click("4E");
+    EXPECT_EQ(Asked(g), "You play Blue. Choose a square for the Blue Pawn.");
+    g.net.ComputerPlaysBlue = true;
+    EXPECT_EQ(Asked(g), "Blue is to move.") << "the computer plays both";
+}
+
 TEST(Asked, SaysNothingWhereATurnOnlyPassesThrough) {
     TestGame g;
     for (const std::int16_t state : {kReset, kAllowReturn, kTurnOver, kBoardArrived}) {

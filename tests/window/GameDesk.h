@@ -36,6 +36,8 @@ public:
     // that name.
     [[nodiscard]] Rect Place(const std::string& id) const;
     [[nodiscard]] Rect BoardArea() const;
+    // Has the board looked for again. Is needed where it moves in a window that stays as it is.
+    void ForgetBoardArea() { board_ = {}; }
     // Gives the place of a square on the screen.
     [[nodiscard]] Rect SquareArea(std::string_view square) const;
     void ClickSquare(std::string_view square, Button button = Button::Left);

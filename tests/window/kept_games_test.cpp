@@ -35,6 +35,7 @@ protected:
         desk.screen.Click(button->extents.Centre());
     }
     static void Play(GameDesk& desk, const std::string& from, const std::string& to) {
+        desk.ForgetBoardArea(); // the bar moves it
         desk.Move(from, to);
         ASSERT_TRUE(desk.PromptBecomes("Pick piece"));
     }

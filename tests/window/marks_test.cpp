@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace tarveth::harness {
 namespace {
 
@@ -121,6 +123,27 @@ TEST_F(Marks, AreKeptAsTheyAreSwitched) {
     EXPECT_TRUE(last.reader.Find(WithName("Coordinates"))->Has("checked"));
     EXPECT_TRUE(last.reader.Find(WithId("lblGrid(0)"))->Has("showing"));
 }
+
+// A saved game in the middle of its play, opened from the command line.
+class MarksOfASavedGame : public testing::TestWithParam<const char*> {};
+
+TEST_P(MarksOfASavedGame, ShowItsLastMove) {
+    GameFolder folder("[Options]\r\nAnimateMoves=0\r\nHistory=-1\r\n[View]\r\nLastMove=0\r\n");
+    GameDesk desk(folder, {.arguments = {TARVETH_SOURCE_DIR "/tests/data/midgame-05.tsg"},
+                           .environment = {{"GTK_THEME", GetParam()}}});
+    const Picture unmarked = desk.Board();
+    desk.Choose("V", "s");
+    desk.WaitUntilAtRest();
+    EXPECT_FALSE(desk.Board() == unmarked);
+    const bool dark = std::string(GetParam()) == "Adwaita:dark";
+    desk.KeepShot(dark ? "saved-game-dark" : "saved-game");
+    desk.window.Resize(1300, 640);
+    EXPECT_TRUE(WaitUntil([&] { return desk.window.ClientArea().width == 1300; }));
+    desk.KeepShot(dark ? "saved-game-wide-dark" : "saved-game-wide");
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, MarksOfASavedGame, testing::Values("Adwaita", "Adwaita:dark"),
+                         [](const auto& info) { return info.index == 0 ? "Light" : "Dark"; });
 
 } // namespace
 } // namespace tarveth::harness

@@ -39,6 +39,8 @@ View
   History
   Keep Finished Games
   ----
+  Board Colours...
+  ----
   How to Play
 Help
   Help on Tarveth
