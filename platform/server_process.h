@@ -1,6 +1,7 @@
 // What a server asks of its system, beyond the sockets themselves.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -25,6 +26,10 @@ bool ListenerSetsReuseAddress();
 //
 // seconds: the time after which it is noticed at the latest.
 void EnableKeepAlive(int socket, int seconds = 60);
+
+// Gives how many of the bytes sent on a TCP connection the peer's system has acknowledged; nothing where the
+// system does not tell. The socket is the system's own handle.
+std::optional<std::uint64_t> AcknowledgedBytes(int socket);
 
 // The signal that asks the server to log its figures: SIGUSR1, or SIGBREAK on Windows.
 std::optional<int> FiguresSignal();

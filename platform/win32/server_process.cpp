@@ -42,6 +42,10 @@ void EnableKeepAlive(int socket, int seconds) {
              nullptr, nullptr);
 }
 
+std::optional<std::uint64_t> AcknowledgedBytes(int) {
+    return std::nullopt;
+}
+
 // The system raises SIGBREAK on Ctrl+Break.
 std::optional<int> FiguresSignal() {
     return SIGBREAK;
