@@ -17,6 +17,8 @@ struct Figures {
     std::uint64_t slowReaders = 0;     // clients dropped for not reading
     std::uint64_t memoryDrops = 0;     // clients dropped because the memory for all clients was full
     std::uint64_t flooders = 0;        // clients put out because of what they sent
+    std::uint64_t ghosts = 0;          // connections closed because their client had gone unnoticed
+    std::uint64_t putOut = 0;          // clients put out by the operator or a ban
     std::uint64_t games = 0;           // games being played now
 };
 

@@ -38,6 +38,7 @@ struct Limits {
     std::size_t ignoredUsers = 100;   // by one user
     std::chrono::milliseconds handshake{15000};
     std::chrono::milliseconds linePause{100};
+    std::chrono::milliseconds keptNames{60000}; // for which the nickname of a user who was cut off is kept
     std::size_t unsentBytes = std::size_t{2} << 20;
     std::size_t memory = std::size_t{256} << 20; // for all clients together
     int oldestClient = 20000;                    // major * 10,000 + minor * 1,000 + revision

@@ -1,13 +1,10 @@
 #include "server/Lobby.h"
 
-#include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
 #include "server/chat.h"
 #include "server/games.h"
 #include "server/messages.h"
-#include "server/names.h"
-#include "text/foldcase.h"
-#include "text/trim.h"
+#include "server/nicknames.h"
 #include "version.h"
 
 #include <algorithm>
@@ -33,9 +30,18 @@ constexpr double kOffencesOfAPause = 40;
 // What a connection takes beside the bytes that are counted one by one, rounded up.
 constexpr std::size_t kBytesOfAConnection = 1024;
 
-// When this many variants of a nickname are taken, the next numbers tried are ones that no newcomer had
-// before, so that a thousand users who ask for one nickname do not cost a million look-ups.
-constexpr int kVariantsInARow = 8;
+// How long a client may take to acknowledge a few bytes before it counts as gone. Lost packets are sent again
+// several times meanwhile.
+constexpr auto kPresenceTimeout = 5s;
+
+// How often a client is asked: what it acknowledges the first time may have been sent before it was gone.
+constexpr std::uint8_t kPresenceChecks = 2;
+
+// A notice as it may stand in a message.
+std::string NoticeText(std::string_view text) {
+    constexpr std::size_t kRestOfMessage = 7; // sys() or alert()
+    return BalancedLine(text.substr(0, kLongestMessage - kRestOfMessage));
+}
 
 } // namespace
 
@@ -52,15 +58,19 @@ void Lobby::Note(const Session& session, const std::string& event) const {
         journal_(session, event);
 }
 
-std::optional<Refusal> Lobby::Enter(Session& session, Time now) {
+std::optional<std::string> Lobby::Enter(Session& session, Time now) {
     now_ = now;
-    if (connections_ >= limits_.maxClients)
-        return Refusal::LobbyFull;
+    if (const Sanction* ban = sanctions_.Find(Sanction::Kind::Ban, session.address, {}, WallNow()))
+        return BanSentence(*ban);
+    if (sessions_.size() >= limits_.maxClients)
+        return std::string(RefusalReason(Refusal::LobbyFull));
     const auto admission = addresses_.Admit(session.address, limits_, now);
     if (const auto* refusal = std::get_if<Refusal>(&admission))
-        return *refusal;
+        return std::string(RefusalReason(*refusal));
     session.addressEntry = std::get<AddressEntry*>(admission);
-    ++connections_;
+    session.arrived = now;
+    session.seat = static_cast<std::uint32_t>(sessions_.size());
+    sessions_.push_back(&session);
     ++figures_.arrivals;
     timers_.Set(session, TimerKind::Deadline, now + limits_.handshake);
     Send(session, {kMarkerText, "update(", kVersion, ")"});
@@ -94,7 +104,7 @@ void Lobby::CountInput(Session& session, std::size_t bytes) {
 }
 
 std::size_t Lobby::MemoryHeld() const {
-    return out_.BytesHeld() + inputHeld_ + connections_ * kBytesOfAConnection;
+    return out_.BytesHeld() + inputHeld_ + sessions_.size() * kBytesOfAConnection;
 }
 
 std::size_t Lobby::HeldBy(const Session& session) const {
@@ -185,20 +195,55 @@ void Lobby::RunTimer(Session& session, TimerKind kind) {
         session.paused = false;
         MarkDue(session);
         break;
+    case TimerKind::Presence:
+        CloseIfGone(session);
+        break;
     case TimerKind::Deadline:
-        if (session.stage == Stage::Dismissed) {
-            session.cutOff = true;
-            MarkDue(session);
-        } else {
-            ++figures_.silent;
-            Tell(session, "You took too long to say who you are.");
-            Dismiss(session, "it did not complete the handshake in time");
-        }
+        RunDeadline(session);
     }
 }
 
+void Lobby::RunDeadline(Session& session) {
+    if (session.stage == Stage::Dismissed) {
+        session.cutOff = true;
+        MarkDue(session);
+        return;
+    }
+    ++figures_.silent;
+    Tell(session, "You took too long to say who you are.");
+    Dismiss(session, "it did not complete the handshake in time");
+}
+
+void Lobby::CheckPresence(Session& session) {
+    session.presenceChecks = kPresenceChecks;
+    AskForPresence(session);
+}
+
+// Clients ignore the lobby's version after the first time.
+void Lobby::AskForPresence(Session& session) {
+    const auto acknowledged = acknowledged_ ? acknowledged_(session) : std::nullopt;
+    if (!acknowledged)
+        return;
+    session.acknowledged = *acknowledged;
+    Send(session, {kMarkerText, "update(", kVersion, ")"});
+    timers_.Set(session, TimerKind::Presence, now_ + kPresenceTimeout);
+}
+
+void Lobby::CloseIfGone(Session& session) {
+    if (acknowledged_(session) != session.acknowledged) {
+        if (--session.presenceChecks > 0)
+            AskForPresence(session);
+        return;
+    }
+    ++figures_.ghosts;
+    session.cutOff = true;
+    MarkDue(session);
+}
+
 void Lobby::Leave(Session& session) {
-    --connections_;
+    sessions_.back()->seat = session.seat;
+    std::swap(sessions_[session.seat], sessions_.back());
+    sessions_.pop_back();
     CountInput(session, 0);
     AddressBook::Leave(session.addressEntry, now_);
     RemoveUser(session);
@@ -219,20 +264,32 @@ void Lobby::Dismiss(Session& session, std::string_view reason) {
     MarkDue(session);
 }
 
+void Lobby::PutOut(Session& session, std::string_view sentence, std::string_view reason) {
+    if (session.stage == Stage::Dismissed)
+        return;
+    Send(session, {kMarkerText, "alert(", NoticeText(sentence), ")"});
+    Dismiss(session, reason);
+}
+
 void Lobby::RemoveUser(Session& session) {
+    directory_.Absent().ForgetWaiting(session);
     if (!session.IsUser())
         return;
+    Session* partner = session.partner;
     LeaveGames(*this, session);
-    session.ignored.clear();
-    std::erase(ignorers_, &session);
-    usersBySkeleton_.erase(NicknameSkeleton(session.nick));
-    users_.back()->place = session.place;
-    std::swap(users_[session.place], users_.back());
-    users_.pop_back();
+    ignoreLists_.Clear(session);
+    directory_.Remove(session);
+    directory_.Absent().ForgetPartner(session);
     roster_.UserChanged();
     out_.QueueAnnouncements(session.box);
     session.box.listening = false;
     Announce({kMarkerText, "removenick(", session.nick, ")"});
+    // Whom the lobby has put out has not been cut off.
+    if (!session.dismissal.empty())
+        return;
+    session.stage = Stage::Dismissed;
+    directory_.Absent().Keep(session, partner, now_ + limits_.keptNames, now_);
+    GiveNicknameBack(*this, session);
 }
 
 std::vector<Session*> Lobby::TakeDue() {
@@ -248,9 +305,9 @@ void Lobby::MarkDue(Session& session) {
     due_.push_back(&session);
 }
 
-std::string Lobby::Refuse(Refusal refusal) {
+std::string Lobby::Refuse(std::string_view sentence) {
     ++figures_.refusedArrivals;
-    return std::string(kMarkerText) + "alert(" + std::string(RefusalReason(refusal)) + ")";
+    return std::string(kMarkerText) + "alert(" + NoticeText(sentence) + ")";
 }
 
 void Lobby::SayGoodbye(Session& session) {
@@ -264,84 +321,28 @@ void Lobby::Send(Session& session, BlockWriter::Parts parts) {
 }
 
 void Lobby::Tell(Session& session, std::string_view text) {
-    constexpr std::size_t kRestOfMessage = 5; // sys()
-    Send(session, {kMarkerText, "sys(", BalancedLine(text.substr(0, kLongestMessage - kRestOfMessage)), ")"});
+    Send(session, {kMarkerText, "sys(", NoticeText(text), ")"});
 }
 
-Session* Lobby::FindUser(std::string_view nick) const {
-    const auto found = usersBySkeleton_.find(NicknameSkeleton(nick));
-    if (found == usersBySkeleton_.end() || FoldCase(found->second->nick) != FoldCase(TrimBlanks(nick)))
-        return nullptr;
-    return found->second;
+void Lobby::TellAll(std::string_view text) {
+    Announce({kMarkerText, "sys(", NoticeText(text), ")"});
 }
 
-void Lobby::TakeNickname(Session& session, std::string_view wanted) {
-    std::string clean = LobbyNickname(wanted);
-    if (reservedNames_.Forbids(clean))
-        clean = CleanNickname("");
-    const std::string nick = FreeNickname(session, clean);
-    if (session.IsUser() && nick != session.nick &&
-        !Allow(session, &Allowances::renames, limits_.renames, 1)) {
-        Tell(session, "You change your nickname too often, so you are still " + session.nick + ".");
-        // The client's program has taken the new nickname already.
-        Send(session, {kConfirmation, session.nick, "\r\n"});
-        CountDropped(session);
-        return;
-    }
-    if (nick != clean)
-        Tell(session, clean + " is taken, so you are " + nick + ".");
-    else if (nick != TrimBlanks(wanted))
-        Tell(session, "That nickname can't be had as it stands, so you are " + nick + ".");
-    Send(session, {kConfirmation, nick, "\r\n"});
-    if (session.IsUser())
-        RenameUser(session, nick);
-    else {
-        session.nick = nick;
-        AddUser(session);
-    }
-}
-
-bool Lobby::IsNickname(std::string_view text) const {
-    const std::string skeleton = NicknameSkeleton(text);
-    return usersBySkeleton_.contains(skeleton) || reservedNames_.Holds(text);
-}
-
-std::string Lobby::FreeNickname(const Session& session, const std::string& nick) {
-    if (IsFree(session, nick))
-        return nick;
-    for (int number = 2;; ++number) {
-        if (number == kVariantsInARow)
-            number += static_cast<int>(++crowdedNames_ % 1'000'000);
-        std::string variant = NicknameVariant(nick, number);
-        if (IsFree(session, variant))
-            return variant;
-    }
-}
-
-bool Lobby::IsFree(const Session& session, std::string_view nick) const {
-    const auto found = usersBySkeleton_.find(NicknameSkeleton(nick));
-    return found == usersBySkeleton_.end() || found->second == &session;
-}
-
-void Lobby::AddUser(Session& session) {
+void Lobby::AddUser(Session& session, const std::string& nick) {
     session.stage = Stage::Named;
-    usersBySkeleton_.emplace(NicknameSkeleton(session.nick), &session);
-    session.place = static_cast<std::uint32_t>(users_.size());
-    users_.push_back(&session);
+    session.nick = nick;
+    directory_.Add(session);
     roster_.Add(session);
-    Note(session, "is here as " + session.nick);
-    Announce({kMarkerText, "addnick(", session.nick, ",", StatusText(session), ")"});
+    Note(session, "is here as " + nick);
+    Announce({kMarkerText, "addnick(", nick, ",", StatusText(session), ")"});
 }
 
 void Lobby::RenameUser(Session& session, const std::string& nick) {
-    if (nick == session.nick)
+    const std::string old = session.nick;
+    if (nick == old)
         return;
-    for (Session* ignorer : ignorers_)
-        if (Ignores(*ignorer, session))
-            std::ranges::replace(ignorer->ignored, FoldCase(session.nick), FoldCase(nick));
-    usersBySkeleton_.erase(NicknameSkeleton(session.nick));
-    usersBySkeleton_.emplace(NicknameSkeleton(nick), &session);
-    const std::string old = std::exchange(session.nick, nick);
+    ignoreLists_.Rename(session, nick);
+    directory_.Rename(session, nick);
     Note(session, "was called " + old + " and is now " + nick);
     if (session.partner != nullptr)
         KeepFormerNick(session, old);
@@ -355,7 +356,7 @@ void Lobby::StatusChanged(const Session& user) {
 }
 
 void Lobby::SendUserList(Session& session) {
-    out_.ToOne(session.box, roster_.Text(users_));
+    out_.ToOne(session.box, roster_.Text(Users()));
     MarkDue(session);
     if (session.box.listening)
         return;
@@ -371,32 +372,12 @@ void Lobby::SendUserList(Session& session) {
 }
 
 void Lobby::AnnounceFrom(const Session& speaker, BlockWriter::Parts parts) {
-    std::vector<Session*> deaf;
-    for (Session* ignorer : ignorers_)
-        if (ignorer->box.listening && Ignores(*ignorer, speaker))
-            deaf.push_back(ignorer);
+    const std::vector<Session*> deaf = ignoreLists_.DeafTo(speaker);
     for (Session* user : deaf)
         out_.QueueAnnouncements(user->box);
     Announce(parts);
     for (Session* user : deaf)
         out_.SkipAnnouncement(user->box);
-}
-
-bool Lobby::Ignores(const Session& user, const Session& other) const {
-    return !user.ignored.empty() &&
-           std::ranges::find(user.ignored, FoldCase(other.nick)) != user.ignored.end();
-}
-
-void Lobby::Ignore(Session& user, std::string_view folded) {
-    if (user.ignored.empty())
-        ignorers_.push_back(&user);
-    user.ignored.emplace_back(folded);
-}
-
-void Lobby::StopIgnoring(Session& user, std::string_view folded) {
-    std::erase(user.ignored, folded);
-    if (user.ignored.empty())
-        std::erase(ignorers_, &user);
 }
 
 } // namespace tarveth

@@ -29,9 +29,10 @@ enum class Stage : std::uint8_t {
 enum class TimerKind : std::uint8_t {
     Deadline, // the handshake must be complete; a dismissed client is cut off
     ChatLine, // a chat line without a line end is complete
-    Resume    // the client may be read from again
+    Resume,   // the client may be read from again
+    Presence  // the client must have acknowledged something
 };
-inline constexpr std::size_t kTimerKinds = 3;
+inline constexpr std::size_t kTimerKinds = 4;
 
 // An open invitation, as one of its two users sees it.
 struct Invitation {
@@ -52,7 +53,7 @@ struct Session {
     ClientAddress address;
     Session* partner = nullptr; // in an accepted game
     std::string nick;
-    std::string_view dismissal;           // why the lobby has dismissed the client, for the log
+    std::string dismissal;                // why the lobby has dismissed the client, for the log
     std::vector<std::string> formerNicks; // nicknames by which the partner's program may still name this user
     std::vector<Invitation> invited;      // sent by this user, and not answered yet
     std::vector<Invitation> invitedBy;    // sent to this user, and not answered yet
@@ -60,6 +61,10 @@ struct Session {
 
     Framer framer;
     std::string line; // the beginning of a chat line whose end has not been received
+
+    std::string absentPartner;      // the key in Absences of a partner whose connection has ended
+    std::uint64_t acknowledged = 0; // bytes, when the client's presence was last doubted
+    Time arrived{};
 
     AddressEntry* addressEntry = nullptr; // null if the address is exempt from limits
     Allowances allowances;
@@ -69,12 +74,14 @@ struct Session {
 
     Outbox box;
     std::uint32_t place = 0; // index in the lobby's list of users
+    std::uint32_t seat = 0;  // index in the lobby's list of sessions
     Stage stage = Stage::Greeted;
-    bool toldChat = false;     // the user has been told that chat lines were dropped
-    bool toldMessages = false; // the user has been told that messages were ignored
-    bool due = false;          // the session is in the list that Lobby::TakeDue gives
-    bool paused = false;       // the transport does not read from the client for now
-    bool cutOff = false;       // the transport closes the connection, whatever is unsent
+    std::uint8_t presenceChecks = 0; // how often the client is still asked whether it is there
+    bool toldChat = false;           // the user has been told that chat lines were dropped
+    bool toldMessages = false;       // the user has been told that messages were ignored
+    bool due = false;                // the session is in the list that Lobby::TakeDue gives
+    bool paused = false;             // the transport does not read from the client for now
+    bool cutOff = false;             // the transport closes the connection, whatever is unsent
 
     bool IsUser() const { return stage == Stage::Named; }
 };

@@ -28,6 +28,7 @@ void Timers::ClearAll(Session& session) {
     Clear(session, TimerKind::Deadline);
     Clear(session, TimerKind::ChatLine);
     Clear(session, TimerKind::Resume);
+    Clear(session, TimerKind::Presence);
 }
 
 std::optional<Time> Timers::Next() const {

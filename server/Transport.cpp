@@ -15,13 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How many connections are accepted before other events are served.
-constexpr int kAcceptsInARow = 64;
-
-// How long the transport waits before it accepts again, when there is no descriptor left even to refuse a
-// client.
-constexpr auto kNoSocketPause = 100ms;
-
 // How long the program waits at its end for clients that have not yet read that the lobby is closing.
 constexpr auto kShutdownTimeout = 1s;
 
@@ -34,17 +27,6 @@ constexpr std::size_t kWorthTrimming = std::size_t{4} << 20;
 
 // The most buffers of one write.
 constexpr std::size_t kParts = 64;
-
-bool IsLackOfSockets(const asio::error_code& error) {
-    return error == asio::error::no_descriptors || error == asio::error::no_buffer_space ||
-           error == asio::error::no_memory || error == std::errc::too_many_files_open_in_system;
-}
-
-ClientAddress LobbyAddress(const asio::ip::address& address) {
-    if (address.is_v4())
-        return {asio::ip::make_address_v6(asio::ip::v4_mapped, address.to_v4()).to_bytes()};
-    return {address.to_v6().to_bytes()};
-}
 
 // Names a client in the log.
 std::string ClientText(const Session& session) {
@@ -63,67 +45,61 @@ std::size_t SendSome(TcpSocket& socket, const std::vector<std::string_view>& par
 
 } // namespace
 
-Transport::Transport(asio::io_context& io, const ListenOptions& listen, const Limits& limits,
-                     std::string messageOfTheDay)
+Transport::Transport(asio::io_context& io, const ListenOptions& listen, Lobby& lobby)
     : io_(io),
       listen_(listen),
-      acceptor_(io, {asio::ip::make_address(listen.bindAddress), listen.port},
-                platform::ListenerSetsReuseAddress()),
-      reserve_(io),
+      lobby_(lobby),
+      listener_(io, listen.bindAddress, listen.port, *this),
+      proxyGate_(
+          io,
+          [this](TcpSocket socket, const ClientAddress& client, std::string_view rest) {
+              Admit(std::move(socket), client, rest);
+              AfterEvent();
+          },
+          [](const ClientAddress& proxy, std::string_view reason) {
+              spdlog::info("{} was refused: {}", AddressText(proxy), reason);
+          }),
       timer_(io),
-      retry_(io),
+      shutdown_(io),
       trim_(io),
-      reserveMemory_(kMemoryReserve),
-      lobby_(limits, std::move(messageOfTheDay)) {
+      reserveMemory_(kMemoryReserve) {
     lobby_.SetJournal([](const Session& session, const std::string& event) {
         spdlog::info("{} {}", AddressText(session.address), FromWire(event));
     });
-    acceptor_.non_blocking(true);
-    reserve_.open(asio::ip::tcp::v4());
-    WaitForClients();
+    lobby_.SetAcknowledged([](const Session& session) {
+        return platform::AcknowledgedBytes(static_cast<int>(session.connection->socket.native_handle()));
+    });
+    ApplyProxyRules();
 }
 
-void Transport::Configure(const ListenOptions& listen, const Limits& limits, std::string messageOfTheDay) {
+void Transport::Configure(const ListenOptions& listen) {
     if (listen.bindAddress != listen_.bindAddress || listen.port != listen_.port)
         spdlog::warn("Another address or port needs a restart of the lobby");
     listen_.keepAliveSeconds = listen.keepAliveSeconds;
-    lobby_.Configure(limits, std::move(messageOfTheDay));
+    listen_.proxies = listen.proxies;
+    ApplyProxyRules();
 }
 
-void Transport::WaitForClients() {
-    acceptor_.async_wait(TcpAcceptor::wait_read, [this](const asio::error_code& error) {
-        if (!error)
-            AcceptClients();
-    });
+void Transport::ApplyProxyRules() {
+    proxyGate_.Configure({listen_.proxies, lobby_.Bounds().handshake, lobby_.Bounds().maxClients});
 }
 
-void Transport::AcceptClients() {
-    for (int i = 0; i < kAcceptsInARow; ++i) {
-        asio::error_code error;
-        asio::ip::tcp::endpoint peer;
-        TcpSocket socket(io_);
-        acceptor_.accept(socket, peer, error);
-        if (error == asio::error::would_block)
-            break;
-        if (!error) {
-            Admit(std::move(socket), peer.address());
-        } else if (IsLackOfSockets(error) && !RefuseForLackOfSockets()) {
-            retry_.expires_after(kNoSocketPause);
-            retry_.async_wait([this](const asio::error_code& cancelled) {
-                if (!cancelled)
-                    WaitForClients();
-            });
-            return;
-        }
-    }
-    WaitForClients();
-    AfterEvent();
+void Transport::Arrive(TcpSocket socket, const ClientAddress& address) {
+    if (proxyGate_.IsProxy(address))
+        proxyGate_.Receive(std::move(socket), address);
+    else
+        Admit(std::move(socket), address, {});
 }
 
-void Transport::Admit(TcpSocket socket, const asio::ip::address& address) {
-    auto connection = std::make_unique<Connection>(std::move(socket), LobbyAddress(address), lobby_.Bounds());
+void Transport::ArriveWithoutRoom(TcpSocket& socket, const ClientAddress& address) {
+    Refuse(socket, address, std::string(RefusalReason(Refusal::LobbyFull)));
+}
+
+// received: what the client has sent already.
+void Transport::Admit(TcpSocket socket, const ClientAddress& address, std::string_view received) {
+    auto connection = std::make_unique<Connection>(std::move(socket), address, lobby_.Bounds());
     if (const auto refusal = lobby_.Enter(connection->session, Clock::now())) {
-        Refuse(connection->socket, connection->session.address, *refusal);
+        Refuse(connection->socket, address, *refusal);
         return;
     }
     spdlog::info("{} has connected", ClientText(connection->session));
@@ -132,27 +108,15 @@ void Transport::Admit(TcpSocket socket, const asio::ip::address& address) {
     connection->socket.non_blocking(true, ignored);
     connection->socket.set_option(asio::ip::tcp::no_delay(true), ignored);
     platform::EnableKeepAlive(static_cast<int>(connection->socket.native_handle()), listen_.keepAliveSeconds);
+    Session& session = connection->session;
     connections_.push_back(std::move(connection));
+    if (!received.empty())
+        lobby_.Receive(session, received, Clock::now());
 }
 
-// Closes the reserve socket to have a descriptor for accepting one client, tells the client that the lobby is
-// full, and opens the reserve again. False if the descriptors did not suffice even for that.
-bool Transport::RefuseForLackOfSockets() {
-    asio::error_code error;
-    reserve_.close(error);
-    asio::ip::tcp::endpoint peer;
-    TcpSocket socket(io_);
-    acceptor_.accept(socket, peer, error);
-    const bool accepted = !error;
-    if (accepted)
-        Refuse(socket, LobbyAddress(peer.address()), Refusal::LobbyFull);
-    reserve_.open(asio::ip::tcp::v4(), error);
-    return accepted && !error;
-}
-
-void Transport::Refuse(TcpSocket& socket, const ClientAddress& address, Refusal refusal) {
-    const std::string text = lobby_.Refuse(refusal);
-    spdlog::info("{} was refused: {}", AddressText(address), RefusalReason(refusal));
+void Transport::Refuse(TcpSocket& socket, const ClientAddress& address, const std::string& sentence) {
+    const std::string text = lobby_.Refuse(sentence);
+    spdlog::info("{} was refused: {}", AddressText(address), FromWire(sentence));
     asio::error_code ignored;
     socket.non_blocking(true, ignored);
     socket.write_some(asio::buffer(text), ignored);
@@ -243,7 +207,7 @@ void Transport::DropUnsent(Connection& connection) {
 void Transport::Drop(Connection& connection, const std::string& reason) {
     const Session& session = connection.session;
     spdlog::info("{} has left: {}", ClientText(session),
-                 session.dismissal.empty() ? reason : session.dismissal);
+                 session.dismissal.empty() ? reason : FromWire(session.dismissal));
     lobby_.Leave(connection.session);
     connection.closed = true;
     asio::error_code ignored;
@@ -350,7 +314,9 @@ void Transport::ServeDue() {
             if (connection.closed)
                 continue;
             if (session->cutOff) {
-                Drop(connection, "it did not read that it was dismissed");
+                Drop(connection, session->stage == Stage::Dismissed
+                                     ? "it did not read that it was dismissed"
+                                     : "its client is gone, and one of the same address asks for its name");
                 continue;
             }
             const bool sent = Flush(connection);
@@ -389,25 +355,12 @@ void Transport::SetTimer() {
 void Transport::Stop() {
     if (std::exchange(stopping_, true))
         return;
-    asio::error_code ignored;
-    acceptor_.close(ignored);
-    retry_.cancel();
+    listener_.Close();
     for (const auto& connection : connections_)
         lobby_.SayGoodbye(connection->session);
-    retry_.expires_after(kShutdownTimeout);
-    retry_.async_wait([this](const asio::error_code&) { io_.stop(); });
+    shutdown_.expires_after(kShutdownTimeout);
+    shutdown_.async_wait([this](const asio::error_code&) { io_.stop(); });
     AfterEvent();
-}
-
-void Transport::LogFigures() {
-    const Figures& counts = lobby_.Counts();
-    spdlog::info(
-        "{} connections, {} users, {} games; {} arrivals, {} refused, {} silent; {} messages, {} moves, "
-        "{} chat lines; {} dropped, {} pauses, {} slow readers dropped, {} flooders put out, {} dropped for "
-        "memory",
-        connections_.size(), lobby_.Users().size(), counts.games, counts.arrivals, counts.refusedArrivals,
-        counts.silent, counts.messages, counts.moves, counts.chatLines, counts.dropped, counts.pauses,
-        counts.slowReaders, counts.flooders, counts.memoryDrops);
 }
 
 } // namespace tarveth

@@ -1,10 +1,12 @@
-// Accepts connections, reads, writes and closes them for the lobby, on the one thread that runs the Asio
-// loop. The transport composes no text of the protocol: that is the lobby's.
+// Reads, writes and closes connections for the lobby, on the one thread that runs the Asio loop. The
+// transport composes no text of the protocol: that is the lobby's.
 #pragma once
 
 #include "platform/memory.h"
 #include "server/Connection.h"
+#include "server/Listener.h"
 #include "server/Lobby.h"
+#include "server/ProxyGate.h"
 #include "server/asio.h"
 
 #include <array>
@@ -17,29 +19,31 @@ namespace tarveth {
 
 struct ListenOptions {
     std::string bindAddress = "127.0.0.1";
-    std::uint16_t port = 9090; // 0 for a port that the system chooses
-    int keepAliveSeconds = 60; // after which a client that has vanished is noticed
+    std::uint16_t port = 9090;         // 0 for a port that the system chooses
+    int keepAliveSeconds = 60;         // after which a client that has vanished is noticed
+    std::vector<AddressRange> proxies; // whose connections begin with the header of the PROXY protocol
 };
 
-class Transport {
+class Transport : private Arrivals {
 public:
     // Begins to listen; throws std::system_error if the address or the port cannot be used.
-    Transport(asio::io_context& io, const ListenOptions& listen, const Limits& limits,
-              std::string messageOfTheDay);
+    Transport(asio::io_context& io, const ListenOptions& listen, Lobby& lobby);
 
     // Applies other options while clients are connected. The address and the port stay as they are.
-    void Configure(const ListenOptions& listen, const Limits& limits, std::string messageOfTheDay);
-    asio::ip::tcp::endpoint Endpoint() const { return acceptor_.local_endpoint(); }
+    void Configure(const ListenOptions& listen);
+    asio::ip::tcp::endpoint Endpoint() const { return listener_.Endpoint(); }
+    // Sends what the lobby has to say after something other than a client has acted on it.
+    void ServeLobby() { AfterEvent(); }
     // Stops listening, tells all clients that the lobby closes, and ends the loop when they have been told.
     void Stop();
-    void LogFigures();
 
 private:
-    void WaitForClients();
-    void AcceptClients();
-    void Admit(TcpSocket socket, const asio::ip::address& address);
-    bool RefuseForLackOfSockets();
-    void Refuse(TcpSocket& socket, const ClientAddress& address, Refusal refusal);
+    void Arrive(TcpSocket socket, const ClientAddress& address) override;
+    void ArriveWithoutRoom(TcpSocket& socket, const ClientAddress& address) override;
+    void EndArrivals() override { AfterEvent(); }
+    void ApplyProxyRules();
+    void Admit(TcpSocket socket, const ClientAddress& address, std::string_view received);
+    void Refuse(TcpSocket& socket, const ClientAddress& address, const std::string& sentence);
 
     void WaitToRead(Connection& connection);
     void Read(Connection& connection);
@@ -61,16 +65,15 @@ private:
 
     asio::io_context& io_;
     ListenOptions listen_;
-    TcpAcceptor acceptor_;
-    TcpSocket
-        reserve_; // closed for a moment when no descriptors are left, so as to accept one client and tell it
+    Lobby& lobby_;
+    Listener listener_;
+    ProxyGate proxyGate_;
     asio::steady_timer timer_;
-    asio::steady_timer retry_;
+    asio::steady_timer shutdown_;
     asio::steady_timer trim_;
     platform::MemoryReserve reserveMemory_;
     std::size_t peakMemory_ = 0; // the most that clients held since free memory was returned to the system
     bool trimming_ = false;      // trim_ is set
-    Lobby lobby_;
     std::vector<std::unique_ptr<Connection>> connections_;
     std::vector<std::unique_ptr<Connection>> closedConnections_; // freed after the event that closed them
     std::optional<Time> timerTime_;

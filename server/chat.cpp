@@ -30,8 +30,8 @@ void CommandIgnore(Lobby& lobby, Session& user, std::string_view nick) {
     else if (user.ignored.size() >= lobby.Bounds().ignoredUsers)
         lobby.Tell(user, "You ignore too many already.");
     else {
-        if (!lobby.Ignores(user, *lobby.FindUser(nick)))
-            lobby.Ignore(user, folded);
+        if (!IgnoreLists::Ignores(user, *lobby.FindUser(nick)))
+            lobby.Ignored().Add(user, folded);
         lobby.Tell(user, "You ignore " + std::string(nick) + " now.");
     }
 }
@@ -42,7 +42,7 @@ void CommandUnignore(Lobby& lobby, Session& user, std::string_view nick) {
         lobby.Tell(user, "You don't ignore " + std::string(nick) + ".");
         return;
     }
-    lobby.StopIgnoring(user, folded);
+    lobby.Ignored().Remove(user, folded);
     lobby.Tell(user, "You hear " + std::string(nick) + " again.");
 }
 
@@ -99,6 +99,16 @@ bool WithinLimits(Lobby& lobby, Session& speaker, std::size_t characters) {
     return false;
 }
 
+bool IsMuted(Lobby& lobby, Session& speaker) {
+    const Sanction* mute =
+        lobby.Decisions().Find(Sanction::Kind::Mute, speaker.address, speaker.nick, WallNow());
+    if (mute == nullptr)
+        return false;
+    lobby.Tell(speaker, "Your line was not passed on: you are muted " + UntilText(*mute) +
+                            (mute->reason.empty() ? "." : ": " + mute->reason));
+    return true;
+}
+
 void Say(Lobby& lobby, Session& speaker, std::string_view text) {
     const std::string plain = PlainLine(text);
     const std::string_view line = TrimBlanks(plain);
@@ -115,9 +125,11 @@ void Say(Lobby& lobby, Session& speaker, std::string_view text) {
         RunCommand(lobby, speaker, line);
         return;
     }
+    if (IsMuted(lobby, speaker))
+        return;
     ++lobby.Counts().chatLines;
     lobby.AnnounceFrom(speaker, {ChatLine(speaker.nick, line, [&lobby](std::string_view name) {
-                           return lobby.IsNickname(name);
+                           return lobby.Names().IsNickname(name);
                        })});
 }
 

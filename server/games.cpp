@@ -109,7 +109,7 @@ void HandleInvite(Lobby& lobby, Session& inviter, const ClientMessage& message) 
         RefuseFor(lobby, inviter, NicknameInMessage(message.fields[0]), " is not here.");
     } else if (invitee == &inviter) {
         RefuseFor(lobby, inviter, "You can't invite yourself to a game.", "");
-    } else if (lobby.Ignores(*invitee, inviter)) {
+    } else if (IgnoreLists::Ignores(*invitee, inviter)) {
         RefuseFor(lobby, inviter, invitee->nick, " has turned down your invitation.");
     } else if (std::ranges::find(inviter.invited, invitee, &Invitation::other) != inviter.invited.end()) {
         lobby.Tell(inviter, invitee->nick + " has not answered your first invitation yet.");

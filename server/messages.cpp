@@ -1,6 +1,7 @@
 #include "server/messages.h"
 
 #include "server/games.h"
+#include "server/nicknames.h"
 #include "text/trim.h"
 #include "text/versionnumber.h"
 
@@ -26,7 +27,7 @@ void HandleClientVersion(Lobby& lobby, Session& session, const ClientMessage& me
 }
 
 void HandleNick(Lobby& lobby, Session& session, const ClientMessage& message) {
-    lobby.TakeNickname(session, message.fields[0]);
+    TakeNickname(lobby, session, message.fields[0]);
 }
 
 void HandleSendNicks(Lobby& lobby, Session& session, const ClientMessage&) {

@@ -92,13 +92,11 @@ std::string NicknameVariant(std::string_view nickname, int number) {
     return std::string(TrimBlanks(nickname.substr(0, kLongestNickname - digits.size()))) + digits;
 }
 
-ReservedNames::ReservedNames() {
+ReservedNames::ReservedNames(const std::vector<std::string>& names) {
     for (const char* name : {"Server", "Admin", "Lobby", "Tarveth"})
-        Add(name);
-}
-
-void ReservedNames::Add(std::string_view name) {
-    skeletons_.insert(NicknameSkeleton(name));
+        skeletons_.insert(NicknameSkeleton(name));
+    for (const std::string& name : names)
+        skeletons_.insert(NicknameSkeleton(name));
 }
 
 bool ReservedNames::Forbids(std::string_view nickname) const {

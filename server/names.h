@@ -4,6 +4,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarveth {
 
@@ -23,10 +24,9 @@ std::string NicknameVariant(std::string_view nickname, int number);
 // Nicknames that nobody may have, because their owner would seem to speak for the lobby.
 class ReservedNames {
 public:
-    // Begins with the names that are always reserved: Server, Admin, Lobby, Tarveth.
-    ReservedNames();
+    // Holds these names, and those that are always reserved: Server, Admin, Lobby, Tarveth.
+    explicit ReservedNames(const std::vector<std::string>& names = {});
 
-    void Add(std::string_view name);
     // Whether the text looks like a reserved name as a whole.
     bool Holds(std::string_view text) const { return skeletons_.contains(NicknameSkeleton(text)); }
     // Whether the nickname, or one of its words, looks like a reserved name, with or without digits behind

@@ -12,6 +12,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <sstream>
 
 namespace tarveth {
 
@@ -42,7 +43,10 @@ struct GivenOptions {
     double handshake = 15;
     double linePause = 0.1;
     std::string oldestClient = "2.0.0";
+    double keptNames = 60;
+    std::string proxies;
     std::string messageFile;
+    std::string namesFile;
     std::string configFile;
 };
 
@@ -79,6 +83,14 @@ CLI::Validator LimitFrom(double least) {
 CLI::Validator Version() {
     return {[](std::string& text) { return VersionNumber(text) ? std::string() : text + " is no version"; },
             "VERSION"};
+}
+
+CLI::Validator Ranges() {
+    return {[](std::string& text) {
+                return ParseRanges(text) ? std::string()
+                                         : text + " is no list of addresses and ranges with commas";
+            },
+            "RANGES"};
 }
 
 CLI::Validator IPv6() {
@@ -123,6 +135,11 @@ private:
         Add("--bind", listen.bindAddress,
             "Address to listen on; 0.0.0.0 serves other computers, :: with IPv6 as well")
             ->check(CLI::ValidIPV4 | IPv6());
+        Add("--proxies", given_.proxies,
+            "Addresses and ranges, with commas between them, of proxies that put a header of the PROXY "
+            "protocol "
+            "in front of each connection")
+            ->check(Ranges());
         Add("--keep-alive", listen.keepAliveSeconds,
             "Seconds after which a client that has vanished is noticed")
             ->check(Between(10, 86400));
@@ -175,6 +192,9 @@ private:
         Add("--ignored-users", limits.ignoredUsers, "Users whom a user may ignore")->check(Between(0, 10000));
         Add("--handshake", given_.handshake, "Seconds in which a client has to complete the handshake")
             ->check(Between(0.1, 86400));
+        Add("--kept-names", given_.keptNames,
+            "Seconds for which the nickname of a user whose connection has ended is kept for their address")
+            ->check(Between(0, 3600));
         Add("--line-pause", given_.linePause,
             "Seconds without more bytes that end a chat line without a line end")
             ->check(Between(0.01, 10));
@@ -195,6 +215,11 @@ private:
                         "Notice that every user gets on arrival");
         app_.add_option("--message-of-the-day-file", given_.messageFile,
                         "File in UTF-8 whose lines every user gets on arrival");
+        app_.add_option("--reserved-names", given_.namesFile,
+                        "File in UTF-8 with a name on each line that nobody may have");
+        app_.add_option("--bans", given_.options.bansFile, "File that keeps bans and mutes");
+        app_.add_option("--control", given_.options.controlPath,
+                        "Local socket to listen on for tarveth-lobby-ctl; not on Windows");
         Add("--log-level", given_.options.logLevel, "What goes to the standard error stream")
             ->check(CLI::IsMember({"debug", "info", "warn", "error", "off"}));
     }
@@ -235,6 +260,17 @@ std::vector<std::string> WordsOfFile(const std::string& path) {
     return words;
 }
 
+std::vector<std::string> ReadNames(const std::string& path) {
+    std::istringstream file(ReadFile(path));
+    std::vector<std::string> names;
+    for (std::string line; std::getline(file, line);) {
+        line.erase(line.find_last_not_of(" \t\r") + 1);
+        if (!line.empty() && line.front() != '#')
+            names.push_back(ToWire(line));
+    }
+    return names;
+}
+
 std::chrono::milliseconds Milliseconds(double seconds) {
     return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
 }
@@ -253,10 +289,14 @@ LobbyOptions Convert(const GivenOptions& given) {
     limits.offences = {given.offences / kOffencePeriod, given.offences};
     limits.handshake = Milliseconds(given.handshake);
     limits.linePause = Milliseconds(given.linePause);
+    limits.keptNames = Milliseconds(given.keptNames);
     limits.oldestClient = *VersionNumber(given.oldestClient);
     if (!given.messageFile.empty())
         options.messageOfTheDay = ReadFile(given.messageFile);
     options.messageOfTheDay = ToWire(options.messageOfTheDay);
+    if (!given.namesFile.empty())
+        options.reservedNames = ReadNames(given.namesFile);
+    options.listen.proxies = *ParseRanges(given.proxies);
     return options;
 }
 

@@ -14,7 +14,10 @@ namespace tarveth {
 struct LobbyOptions {
     ListenOptions listen;
     Limits limits;
-    std::string messageOfTheDay; // in the wire's code page; lines end with "\n"
+    std::string messageOfTheDay;            // in the wire's code page; lines end with "\n"
+    std::vector<std::string> reservedNames; // in the wire's code page
+    std::string bansFile;                   // empty for none
+    std::string controlPath;                // empty for no control socket
     std::string logLevel = "info";
 };
 

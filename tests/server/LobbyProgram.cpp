@@ -11,6 +11,7 @@
 
 #include <arpa/inet.h>
 #include <fcntl.h>
+#include <linux/filter.h>
 #include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/resource.h>
@@ -50,6 +51,24 @@ std::string ValueOf(const std::vector<std::string>& options, std::string_view na
                     const std::string& otherwise) {
     const auto at = std::find(options.begin(), options.end(), name);
     return at == options.end() || at + 1 == options.end() ? otherwise : *(at + 1);
+}
+
+// Calls use(address, size) with the address of the text and the port.
+template <class Use>
+bool WithAddress(const std::string& text, int port, Use use) {
+    const auto networkPort = htons(static_cast<std::uint16_t>(port));
+    if (text.find(':') == std::string::npos) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = networkPort;
+        inet_pton(AF_INET, text.c_str(), &address.sin_addr);
+        return use(reinterpret_cast<const sockaddr*>(&address), sizeof address);
+    }
+    sockaddr_in6 address{};
+    address.sin6_family = AF_INET6;
+    address.sin6_port = networkPort;
+    inet_pton(AF_INET6, text.c_str(), &address.sin6_addr);
+    return use(reinterpret_cast<const sockaddr*>(&address), sizeof address);
 }
 
 bool WaitFor(int file, short events) {
@@ -125,20 +144,21 @@ int LobbyProgram::WaitForEnd() {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-LobbyClient::LobbyClient(const LobbyProgram& program, int receiveBuffer, const std::string& from)
-    : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+LobbyClient::LobbyClient(const LobbyProgram& program, int receiveBuffer, const std::string& from) {
+    // A lobby on "::" serves both families; the client's own address then says which.
+    const bool wide = program.Address().find(':') != std::string::npos;
+    const bool isIPv6 = wide && from.find('.') == std::string::npos;
+    const std::string to = wide && !isIPv6 ? "127.0.0.1" : program.Address();
+    socket_ = socket(isIPv6 ? AF_INET6 : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (receiveBuffer > 0)
         setsockopt(socket_, SOL_SOCKET, SO_RCVBUF, &receiveBuffer, sizeof receiveBuffer);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    if (!from.empty()) {
-        inet_pton(AF_INET, from.c_str(), &address.sin_addr);
-        if (bind(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
-            throw std::runtime_error("no client can come from " + from);
-    }
-    address.sin_port = htons(static_cast<std::uint16_t>(program.Port()));
-    inet_pton(AF_INET, program.Address().c_str(), &address.sin_addr);
-    if (connect(socket_, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+    if (!from.empty() && !WithAddress(from, 0, [this](const sockaddr* address, socklen_t size) {
+            return bind(socket_, address, size) == 0;
+        }))
+        throw std::runtime_error("no client can come from " + from);
+    if (!WithAddress(to, program.Port(), [this](const sockaddr* address, socklen_t size) {
+            return connect(socket_, address, size) == 0;
+        }))
         throw std::runtime_error("the lobby can't be reached");
     const int on = 1;
     setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
@@ -192,6 +212,14 @@ std::string LobbyClient::HearToTheEnd() {
 
 void LobbyClient::StopWriting() {
     shutdown(socket_, SHUT_WR);
+}
+
+// A filter that takes no packet: the system then acknowledges nothing either.
+void LobbyClient::Vanish() {
+    sock_filter drop{BPF_RET | BPF_K, 0, 0, 0};
+    const sock_fprog filter{1, &drop};
+    if (setsockopt(socket_, SOL_SOCKET, SO_ATTACH_FILTER, &filter, sizeof filter) != 0)
+        throw std::runtime_error("the client can't vanish");
 }
 
 void LobbyClient::Abort() {

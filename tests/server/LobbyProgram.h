@@ -47,7 +47,7 @@ private:
 class LobbyClient {
 public:
     // receiveBuffer: the size of the socket's receive buffer (SO_RCVBUF); 0 leaves the usual one.
-    // from: the local address to connect from, such as 127.0.0.2; empty for the usual one.
+    // from: the local address to connect from, such as 127.0.0.2 or ::1; empty for the usual one.
     explicit LobbyClient(const LobbyProgram& program, int receiveBuffer = 0, const std::string& from = {});
     // Connects, takes a nickname, and reads the list of users.
     LobbyClient(const LobbyProgram& program, const std::string& nick, int receiveBuffer = 0,
@@ -63,6 +63,8 @@ public:
     // Takes what is received until the server closes; empty if it does not close in time.
     std::string HearToTheEnd();
     void StopWriting();
+    // Lets the client vanish as if its network had gone: it is sent nothing that it takes, and says nothing.
+    void Vanish();
     // Closes with a TCP reset, so that the peer gets an error instead of an end.
     void Abort();
     void Close();

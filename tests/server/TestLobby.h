@@ -12,7 +12,7 @@ namespace tarveth {
 struct TestConnection {
     TestConnection(const ClientAddress& address, const Limits& limits) : session(nullptr, address, limits) {}
     Session session;
-    std::optional<Refusal> refusal; // why the lobby did not accept the connection
+    std::optional<std::string> refusal; // why the lobby did not accept the connection
     std::string heard;
 };
 

@@ -104,7 +104,7 @@ TEST_F(Ignoring, AnIgnoredUserWhoRenamesStaysIgnored) {
 TEST_F(Ignoring, AnIgnoredUserWhoReconnectsStaysIgnored) {
     t.Say(bob, "/ignore Ann\n");
     t.Hang(ann);
-    auto& again = t.Join("Ann");
+    auto& again = t.Join("Ann", AddressText(ann.session.address).c_str());
     t.Say(again, "hello\n");
     EXPECT_EQ(t.Heard(bob), "");
 }

@@ -197,7 +197,7 @@ TEST_F(OneAddress, ReconnectingRenewsNoRenames) {
 TEST_F(OneAddress, ConnectsAtMostTenTimesInAMinute) {
     for (int i = 0; i < 10; ++i)
         t.Hang(t.Connect("192.0.2.1"));
-    EXPECT_EQ(t.Connect("192.0.2.1").refusal, Refusal::TooManyArrivals);
+    EXPECT_EQ(t.Connect("192.0.2.1").refusal, RefusalReason(Refusal::TooManyArrivals));
     EXPECT_EQ(t.Connect("192.0.2.2").refusal, std::nullopt);
     t.Pass(6s);
     EXPECT_EQ(t.Connect("192.0.2.1").refusal, std::nullopt);
@@ -213,7 +213,7 @@ TEST_F(OneAddress, LoopbackIsCountedUnlessItIsExempt) {
     }
     for (int i = 0; i < 8; ++i)
         t.Connect("127.0.0.1");
-    EXPECT_EQ(t.Connect("127.0.0.1").refusal, Refusal::TooManyFromAddress);
+    EXPECT_EQ(t.Connect("127.0.0.1").refusal, RefusalReason(Refusal::TooManyFromAddress));
 }
 
 TEST(NoLimits, ARateOfZeroSwitchesALimitOff) {

@@ -35,8 +35,7 @@ TEST(Nicknames, ANicknameHasNoColon) {
 }
 
 TEST(Nicknames, ReservedNamesAndTheirLookAlikesAreForbidden) {
-    ReservedNames reserved;
-    reserved.Add("Judge");
+    const ReservedNames reserved({"Judge"});
     for (const char* nick : {"Server", "SERVER", "5erver Server", "Adm1n", "The Lobby", "Server2",
                              "Tarveth-Server", "L0bby", "A.d.m.i.n", "judge", "Judge 7"})
         EXPECT_TRUE(reserved.Forbids(nick)) << nick;

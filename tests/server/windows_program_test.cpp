@@ -117,6 +117,13 @@ TEST_F(WindowsLobby, APortThatIsTakenIsAnErrorThatIsSaid) {
         << second.output;
 }
 
+TEST_F(WindowsLobby, HasNoControlSocketAndSaysSo) {
+    const Outcome refused = RunToItsEnd({"--port", "0", "--control", "control"});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_NE(refused.output.find("--control is not available on Windows"), std::string::npos)
+        << refused.output;
+}
+
 TEST_F(WindowsLobby, ExplainsItsOptions) {
     const Outcome help = RunToItsEnd({"--help"});
     EXPECT_EQ(help.exitCode, 0);
