@@ -18,10 +18,17 @@ namespace {
 
 constexpr double kPatience = 120; // in seconds, for waits that should take a few
 
-int Connect(int port) {
+// The addresses of crowds begin here.
+constexpr std::uint32_t kFirstAddress = 0x7F010001; // 127.1.0.1
+
+// from: the client's own address; 0 for the usual one.
+int Connect(int port, std::uint32_t from) {
     const int client = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(from);
+    if (from != 0 && bind(client, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0)
+        throw std::runtime_error("can't come from another address");
     address.sin_port = htons(static_cast<std::uint16_t>(port));
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     if (client < 0 || connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0)
@@ -33,10 +40,12 @@ int Connect(int port) {
 
 } // namespace
 
-Crowd::Crowd(int port, std::size_t size) : epoll_(epoll_create1(0)), members_(size), buffer_(1U << 20) {
-    for (Member& member : members_) {
-        member.socket = Connect(port);
-        Watch(member, EPOLLIN, EPOLL_CTL_ADD);
+Crowd::Crowd(int port, std::size_t size, std::size_t perAddress)
+    : epoll_(epoll_create1(0)), members_(size), buffer_(1U << 20) {
+    for (std::size_t i = 0; i < size; ++i) {
+        const auto from = perAddress == 0 ? 0 : kFirstAddress + static_cast<std::uint32_t>(i / perAddress);
+        members_[i].socket = Connect(port, from);
+        Watch(members_[i], EPOLLIN, EPOLL_CTL_ADD);
     }
 }
 

@@ -24,7 +24,8 @@ public:
     };
 
     // Connects that many clients; the destructor closes them.
-    Crowd(int port, std::size_t size);
+    // perAddress: how many come from one address of the loopback network; 0 for all from 127.0.0.1.
+    Crowd(int port, std::size_t size, std::size_t perAddress = 0);
     ~Crowd();
     Crowd(const Crowd&) = delete;
     Crowd& operator=(const Crowd&) = delete;

@@ -2,6 +2,7 @@
 // bar.
 #include "bench/lobby/Crowd.h"
 #include "bench/lobby/ServerProcess.h"
+#include "bench/lobby/attack_bench.h"
 
 #include <algorithm>
 #include <charconv>
@@ -294,6 +295,7 @@ int main(int count, char** arguments) {
         {"crowd", [] { MeasureIdle(19000); }},
         {"joins", MeasureJoins},
         {"humans", MeasureHumans},
+        {"attacks", [] { MeasureAttacks(LOBBY_PROGRAM); }},
     };
     const std::vector<std::string> wanted(arguments + 1, arguments + count);
     try {
