@@ -7,6 +7,7 @@
 #include "net/wire/nickname.h"
 #include "net/wire/plaintext.h"
 #include "server/Lobby.h"
+#include "server/Operator.h"
 #include "text/foldcase.h"
 
 #include <algorithm>
@@ -15,14 +16,18 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tarveth {
 
 // The bytes are a play for four clients: each act begins with a byte that says who acts (bits 0 and 1) and
-// what happens (bits 2 and 3), then for words a byte with their length and the words themselves.
+// what happens (bits 2 to 4), then for words a byte with their length and the words themselves. A client may
+// leave and come back, or come back while its old connection, a ghost, is still there. The operator acts too.
 class LobbyPlay {
 public:
     explicit LobbyPlay(std::string_view bytes) : bytes_(bytes) {
+        lobby_.SetAcknowledged([this](const Session& session) { return AcknowledgedBy(session); });
         for (std::size_t i = 0; i < clients_.size(); ++i)
             Replace(i);
     }
@@ -35,6 +40,8 @@ public:
             fault = StateFault();
             for (std::size_t i = 0; i < clients_.size() && fault.empty(); ++i)
                 fault = OutputFault(*clients_.at(i));
+            for (const auto& ghost : ghosts_) // which takes nothing
+                lobby_.Out().QueueAnnouncements(ghost->session.box);
             lobby_.Out().EndTurn();
             lobby_.TakeDue();
         }
@@ -80,10 +87,15 @@ private:
         const unsigned act = NextByte();
         const std::size_t who = act & 3U;
         const unsigned what = (act >> 2U) & 3U;
+        const bool other = (act & 16U) != 0;
         Session& session = clients_.at(who)->session;
-        if (what == 0) {
+        if (what == 0 && other) {
+            Vanish(who);
+        } else if (what == 0) {
             lobby_.Leave(session);
             Replace(who);
+        } else if (what == 1 && other) {
+            Operate(session.nick);
         } else if (what == 1) {
             now_ += std::chrono::milliseconds(1 + 50 * NextByte());
             lobby_.RunTimers(now_);
@@ -92,6 +104,48 @@ private:
             bytes_.remove_prefix(std::min(words.size(), bytes_.size()));
             lobby_.Receive(session, words, now_);
         }
+        CloseGhosts();
+    }
+
+    // The client comes back while the lobby does not know that its connection is broken. Of more than a few
+    // ghosts the oldest is noticed.
+    void Vanish(std::size_t who) {
+        constexpr std::size_t kMostGhosts = 3;
+        ghosts_.push_back(std::move(clients_.at(who)));
+        if (ghosts_.size() > kMostGhosts)
+            ghosts_.front()->session.cutOff = true;
+        Replace(who);
+    }
+
+    // As the transport does with sessions that are to be closed at once.
+    void CloseGhosts() {
+        std::erase_if(ghosts_, [this](const std::unique_ptr<Client>& ghost) {
+            if (!ghost->session.cutOff)
+                return false;
+            lobby_.Leave(ghost->session);
+            return true;
+        });
+    }
+
+    // Everybody but ghosts acknowledges what they are sent.
+    std::uint64_t AcknowledgedBy(const Session& session) {
+        const bool gone = std::ranges::any_of(ghosts_, [&session](const std::unique_ptr<Client>& ghost) {
+            return &ghost->session == &session;
+        });
+        return gone ? 0 : ++acknowledged_;
+    }
+
+    void Operate(const std::string& nick) {
+        static constexpr std::array<const char*, 4> kActs = {"kick", "mute", "unmute", "ban"};
+        const std::string act = kActs.at(NextByte() % kActs.size());
+        // A ban by address would keep the clients out for good, so it is of a nickname that nobody has now.
+        const std::string whom = act == "ban" ? nick + "x" : nick;
+        if (act == "kick")
+            operator_.Do({act, whom, "reason)"}, now_);
+        else if (act == "unmute")
+            operator_.Do({act, whom}, now_);
+        else
+            operator_.Do({act, whom, "", "reason"}, now_);
     }
 
     static bool Holds(const std::vector<Invitation>& list, const Session* session) {
@@ -184,7 +238,10 @@ private:
     std::string_view bytes_;
     Time now_ = Time{} + std::chrono::hours(1);
     Lobby lobby_{FuzzLimits(), "Welcome"};
+    Operator operator_{lobby_, "", [](const std::string&) {}};
     std::array<std::unique_ptr<Client>, 4> clients_;
+    std::vector<std::unique_ptr<Client>> ghosts_;
+    std::uint64_t acknowledged_ = 0;
 };
 
 } // namespace tarveth
