@@ -91,10 +91,14 @@ class Installation(unittest.TestCase):
                                       ("computer", "tarveth-computer", "tarveth-computer.6")):
             told = options_in(self.page(component, page).replace("\\-", "-"))
             self.assertEqual(told, options_in(output_of(BUILD / "bin" / name, "--help")), page)
+        told = options_in(self.page("lobby", "tarveth-lobby-ctl.8").replace("\\-", "-"))
+        self.assertLessEqual(options_in(output_of(BUILD / "bin/tarveth-lobby-ctl", "--help")), told)
+        told = options_in(self.page("game", "tarveth.6").replace("\\-", "-"))
+        self.assertLessEqual(options_in(output_of(BUILD / "bin/tarveth", "--help")), told)
 
     def test_the_manual_pages_begin_with_their_names(self):
         for component, page in (("game", "tarveth.6"), ("computer", "tarveth-computer.6"),
-                                ("lobby", "tarveth-lobby.8")):
+                                ("lobby", "tarveth-lobby.8"), ("lobby", "tarveth-lobby-ctl.8")):
             text = self.page(component, page)
             heading, after = text.split(".SH", 1)
             self.assertTrue(after.split("\n", 1)[0].strip(' "').upper() == "NAME", page)
@@ -127,7 +131,7 @@ class Completion(unittest.TestCase):
             (self.folder / name).touch()
         (self.folder / "old").mkdir()
         self.assertEqual(sorted(self.complete("tarveth", "o")), ["old", "one.TSG", "other.tsg"])
-        self.assertEqual(self.complete("tarveth", "--v"), ["--version"])
+        self.assertEqual(set(self.complete("tarveth", "--")), options_in(output_of(BUILD / "bin/tarveth", "--help")))
 
     def test_of_the_lobby_offers_all_its_options(self):
         options = options_in(output_of(BUILD / "bin/tarveth-lobby", "--help"))
