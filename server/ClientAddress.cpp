@@ -36,7 +36,8 @@ ClientAddress ClientAddress::LimitPrefix() const {
 std::optional<ClientAddress> ParseAddress(std::string_view text) {
     asio::error_code error;
     const auto address = asio::ip::make_address(std::string(text), error);
-    if (error)
+    // Systems differ in what else they take for an IPv4 address: "1.2.3" is one of them for some.
+    if (error || (address.is_v4() && address.to_string() != text))
         return std::nullopt;
     const auto wide =
         address.is_v4() ? asio::ip::make_address_v6(asio::ip::v4_mapped, address.to_v4()) : address.to_v6();

@@ -343,16 +343,5 @@ TEST(DialogStart, FollowsAPathToAFolderThatIsThere) {
     EXPECT_EQ(start(""), Start(here, ""));
 }
 
-// The folder takes no file from anybody, root neither.
-TEST(DialogStart, SavesOnlyWhereOneCanWrite) {
-    const TempFolder folder;
-    const std::string here = folder.Path().string();
-    const std::string shipped = "/proc/self/status";
-    using Start = std::pair<std::string, std::string>;
-    using enum FileQuestion::Purpose;
-    EXPECT_EQ(DialogStart({.purpose = Save, .folder = here, .name = shipped}), Start(here, "status"));
-    EXPECT_EQ(DialogStart({.purpose = Open, .folder = here, .name = shipped}), Start("/proc/self", "status"));
-}
-
 } // namespace
 } // namespace tarveth::test

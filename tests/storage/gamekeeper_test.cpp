@@ -209,11 +209,13 @@ TEST(KeptGames, AreNotWrittenWhileNothingChanges) {
         t.Move("4E", "4D");
     }
     const std::string file = FilesIn(folder.Name(), "unfinished").at(0);
-    const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    std::filesystem::file_time_type longAgo;
     {
         KeeperTable t(folder.Name());
         t.keeper.Choose(BarChoice::GoOn);
-        std::filesystem::last_write_time(file, longAgo);
+        std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() -
+                                                   std::chrono::hours(1));
+        longAgo = std::filesystem::last_write_time(file); // as exactly as the system keeps it
         t.Click("4C");
         t.Click("4C");
         t.Click("8H");
