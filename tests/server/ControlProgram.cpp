@@ -15,6 +15,7 @@ namespace {
     dup2(output, STDOUT_FILENO);
     dup2(output, STDERR_FILENO);
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
