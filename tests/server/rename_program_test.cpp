@@ -41,12 +41,13 @@ TEST_F(Renaming, MovesAndTheEndGoThroughTwoRenamesInOrder) {
     StartGame(cid, "Cid", dan, "Dan");
     std::string expected;
     int number = 0;
+    const auto move = [&] { return "M(" + std::to_string(number) + ",1)"; };
+    const auto message = [&](const std::string& nick) { return "\251play(" + nick + "," + move() + ")"; };
     const auto play = [&](const std::string& old, const std::string& present) {
         for (int i = 0; i < 20; ++i, ++number) {
-            const std::string move = "M(" + std::to_string(number) + ",1)";
-            dan.Say("\251play(" + old + "," + move + ")");
-            expected += move;
-            EXPECT_NE(cid.HearUntil("\251play(" + present + "," + move + ")"), "") << number;
+            dan.Say(message(old));
+            expected += move();
+            EXPECT_NE(cid.HearUntil(message(present)), "") << number;
         }
     };
     play("Cid", "Cid");
