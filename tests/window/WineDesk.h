@@ -16,8 +16,9 @@ namespace tarveth::harness {
 inline constexpr char kBoardColours[] = "[BoardBlack]\r\nR=10\r\nG=20\r\nB=100\r\n"
                                         "[BoardWhite]\r\nR=230\r\nG=240\r\nB=160\r\n";
 
-// A section of tarveth.ini that keeps the bar away which would move the board.
-inline constexpr char kWithoutBar[] = "[Game]\r\nKeepAside=0\r\n";
+// The sections of tarveth.ini for a board that shows the pieces alone: no marks of where they may go, also
+// not under a pointer that happens to rest there, and no bar, which would move the board.
+inline constexpr char kPlainBoard[] = "[View]\r\nLegalMoves=0\r\n[Game]\r\nKeepAside=0\r\n";
 
 // A folder with the program and a tarveth.ini in it.
 class WineFolder {

@@ -42,7 +42,7 @@ TEST(TheInstalledGame, IsStartedFromTheMenuPlayedByTheMouseAndRemoved) {
     ASSERT_EQ(ExitStatusOf({INSTALLER, "/S", "/D=C:\\Games\\Tarveth"}), 0);
     ASSERT_FALSE(MenuEntry().empty());
     std::ofstream(folder / "tarveth.ini") << "[Options]\r\nAnimateMoves=0\r\n[Position]\r\nX=0\r\nY=0\r\n"
-                                          << kBoardColours << kWithoutBar;
+                                          << kBoardColours << kPlainBoard;
     {
         WineDesk desk({.path = WINE,
                        .arguments = {"start", "/unix", MenuEntry().string()},

@@ -10,20 +10,16 @@
 namespace tarveth::harness {
 namespace {
 
-// Without what only one of the two boards shows: where the one who moves may go.
-constexpr char kSameBoards[] = "[View]\r\nLegalMoves=0\r\n";
-
 // Beside the Windows program's window, which is in the upper left corner, and with a board of the same size.
 std::string OwnIni() {
     return std::string("[Options]\r\nAnimateMoves=0\r\nAutoSaveLog=-1\r\nNickname=Ada\r\n"
                        "[Position]\r\nX=12000\r\nY=0\r\nW=11700\r\nH=12150\r\n"
                        "[ClientPosition]\r\nL=12000\r\nT=12450\r\nW=11700\r\nH=5200\r\n") +
-           kBoardColours + kSameBoards + kWithoutBar;
+           kBoardColours + kPlainBoard;
 }
 
 std::string TheirSections() {
-    return std::string("[ClientPosition]\r\nL=0\r\nT=11850\r\nW=11700\r\nH=5800\r\n") + kSameBoards +
-           kWithoutBar;
+    return std::string("[ClientPosition]\r\nL=0\r\nT=11850\r\nW=11700\r\nH=5800\r\n") + kPlainBoard;
 }
 
 void Connect(WineDesk& desk, const std::string& address) {

@@ -45,7 +45,7 @@ void PlayStep(WineDesk& desk, const std::string& step) {
 
 void PlayToTheEnd(const std::string& name, int layout) {
     const RecordedGame game(TARVETH_SOURCE_DIR "/tests/data/" + name + ".moves");
-    const WineFolder folder("GameBoard=" + std::to_string(layout) + "\r\n", kWithoutBar);
+    const WineFolder folder("GameBoard=" + std::to_string(layout) + "\r\n", kPlainBoard);
     WineDesk desk(folder);
     const Picture start = desk.Board();
     for (const std::string& step : game.steps) {
