@@ -3,6 +3,7 @@
 #include "platform/file_error.h"
 #include "platform/follow_links.h"
 #include "platform/leftovers.h"
+#include "platform/posix/creation_mutex.h"
 #include "platform/posix/descriptor.h"
 
 #include <algorithm>
@@ -56,6 +57,7 @@ private:
 // Opens a new file beside the target, locked for as long as it is open, and puts its name into path. A name
 // that a killed program left behind is passed over.
 int CreateBeside(const fs::path& target, fs::path& path) {
+    const std::lock_guard creation(CreationMutex());
     int descriptor = -1;
     for (int number = 0; number < 100; ++number) {
         path = target.parent_path() / NewFileName(number);

@@ -1,5 +1,6 @@
 #include "platform/leftovers.h"
 
+#include "platform/posix/creation_mutex.h"
 #include "platform/posix/descriptor.h"
 
 #include <cerrno>
@@ -24,7 +25,13 @@ bool IsRunning(ProcessId process) {
     return kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
 }
 
+std::mutex& CreationMutex() {
+    static std::mutex mutex;
+    return mutex;
+}
+
 void RemoveUnlessOpen(const std::filesystem::path& file) {
+    const std::lock_guard creation(CreationMutex());
     const Descriptor descriptor(open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     if (!descriptor.IsOpen() || flock(descriptor.Number(), LOCK_EX | LOCK_NB) != 0)
         return;

@@ -1,12 +1,15 @@
 // What a save left whose process number is, or seems to be, that of a running program.
 #include "platform/leftovers.h"
 
+#include "platform/atomic_file.h"
 #include "tests/platform/ForkedChild.h"
 #include "tests/platform/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -71,6 +74,19 @@ TEST(LeftoversHere, ThatCannotBeOpenedStay) {
         RemoveLeftovers(folder.Path());
         return nobody && folder.FileCount() == 1;
     }));
+}
+
+TEST(Leftovers, AreNoneOfTheFilesThatAnotherThreadIsSaving) {
+    const TempFolder folder;
+    std::atomic<bool> saved = false;
+    std::thread other([&] {
+        while (!saved)
+            RemoveLeftovers(folder.Path());
+    });
+    for (int save = 0; save < 2000; ++save)
+        EXPECT_NO_THROW(platform::WriteFileAtomically(folder.File("a.tsg"), "a game")) << save;
+    saved = true;
+    other.join();
 }
 
 } // namespace
