@@ -14,14 +14,14 @@ Installs what is missing on Debian and its relatives, and builds from the last c
              the debug symbols
   windows    a zip and an installer for Windows, as ./windows.sh does
   source     the archive of the sources
-Two builds from one commit give the same bytes.
+The times in a package are that of the commit.
 END
 }
 
 VERSION=$(sed -n 's/^project(Tarveth VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 OUT=$PWD/build/packages
-WORK=$OUT/work
-TREE=$WORK/tarveth-$VERSION
+STAGING=$OUT/staging
+TREE=$STAGING/tarveth-$VERSION
 
 # Everything that writes a time into a package takes this one.
 prepare() {
@@ -33,7 +33,7 @@ prepare() {
     [ -z "$(git status --porcelain --untracked-files=no)" ] ||
         echo "Some files are changed and not committed; the package has them as they were committed." >&2
     if command -v ccache >/dev/null; then
-        export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$WORK CCACHE_NOHASHDIR=1
+        export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$STAGING CCACHE_NOHASHDIR=1
         export CCACHE_DIR=${CCACHE_DIR-${XDG_CACHE_HOME:-$HOME/.cache}/tarveth/ccache}
     fi
     mkdir -p "$OUT"
@@ -43,8 +43,8 @@ prepare() {
 package_source() {
     git archive --format=tar --prefix="tarveth-$VERSION/" HEAD | gzip -9n >"$OUT/tarveth-$VERSION.tar.gz"
     rm -rf "$TREE"
-    mkdir -p "$WORK"
-    tar xzf "$OUT/tarveth-$VERSION.tar.gz" -C "$WORK"
+    mkdir -p "$STAGING"
+    tar xzf "$OUT/tarveth-$VERSION.tar.gz" -C "$STAGING"
 }
 
 # Debian's own record of releases, with the version that CMakeLists.txt states.
@@ -61,11 +61,11 @@ END
 package_deb() {
     need "${BUILD_PACKAGES[@]}" "${LOBBY_PACKAGES[@]}" "${DEB_PACKAGES[@]}"
     package_source
-    cp "$OUT/tarveth-$VERSION.tar.gz" "$WORK/tarveth_$VERSION.orig.tar.gz"
+    cp "$OUT/tarveth-$VERSION.tar.gz" "$STAGING/tarveth_$VERSION.orig.tar.gz"
     cp -r "$TREE/packaging/debian" "$TREE/debian"
     write_debian_changelog >"$TREE/debian/changelog"
     (cd "$TREE" && dpkg-buildpackage -us -uc)
-    find "$WORK" -maxdepth 1 -type f -exec mv -t "$OUT" {} +
+    find "$STAGING" -maxdepth 1 -type f -exec mv -t "$OUT" {} +
     echo "For Debian 12: $(echo "$OUT"/tarveth*_"$VERSION"-1_*.deb)"
 }
 
@@ -80,9 +80,9 @@ strip_apart() {
     done
 }
 
-# archive FOLDER: packs a folder of $WORK, the same bytes each time.
+# archive FOLDER: packs a folder of $STAGING, the same bytes each time.
 archive() {
-    tar c -C "$WORK" --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner "$1" |
+    tar c -C "$STAGING" --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner "$1" |
         xz -T1 >"$OUT/$1.tar.xz"
 }
 
@@ -91,20 +91,20 @@ package_portable() {
     package_source
     local name
     name=tarveth-$VERSION-linux-$(uname -m)
-    local stage=$WORK/stage folder=$WORK/$name
-    rm -rf "$stage" "$folder" "$folder-debug" "$WORK/build"
+    local stage=$STAGING/stage folder=$STAGING/$name
+    rm -rf "$stage" "$folder" "$folder-debug" "$STAGING/build"
     # The libraries' own libraries are found too where the program says where, in the older of the two ways.
     (cd "$TREE" && eval "$(dpkg-buildflags --export=sh)" && export CXXFLAGS="$CXXFLAGS $CPPFLAGS" &&
-        cmake -G Ninja -S . -B "$WORK/build" -DCMAKE_BUILD_TYPE=Release -DTARVETH_TESTS=OFF \
+        cmake -G Ninja -S . -B "$STAGING/build" -DCMAKE_BUILD_TYPE=Release -DTARVETH_TESTS=OFF \
             "-DCMAKE_INSTALL_RPATH=\$ORIGIN/lib" "-DCMAKE_EXE_LINKER_FLAGS=$LDFLAGS -Wl,--disable-new-dtags" \
             -DCMAKE_INSTALL_LIBDIR=lib >/dev/null)
-    cmake --build "$WORK/build"
-    cmake --install "$WORK/build" --prefix "$stage" >/dev/null
+    cmake --build "$STAGING/build"
+    cmake --install "$STAGING/build" --prefix "$stage" >/dev/null
     # One folder, from which everything is started.
     mv "$stage/lib/tarveth" "$folder"
     cp "$stage"/bin/tarveth-* LICENSE packaging/portable/README packaging/lobby/tarveth-lobby.conf "$folder"
     cp -r "$stage/share/man" "$folder/man"
-    (cd "$WORK" && strip_apart "$name" "$name-debug")
+    (cd "$STAGING" && strip_apart "$name" "$name-debug")
     packaging/portable/take-libraries "$folder"
     archive "$name"
     archive "$name-debug"

@@ -106,9 +106,9 @@ test_packages() {
     desktop-file-validate packaging/linux/tarveth.desktop
     say "Packages: Debian"
     ./package.sh deb
-    appstreamcli validate --pedantic --no-net build/packages/work/tarveth-*/obj-*/packaging/linux/*.metainfo.xml
+    appstreamcli validate --pedantic --no-net build/packages/staging/tarveth-*/obj-*/packaging/linux/*.metainfo.xml
     local page
-    for page in build/packages/work/tarveth-*/obj-*/bin/*.[68]; do
+    for page in build/packages/staging/tarveth-*/obj-*/bin/*.[68]; do
         [ -z "$(man --warnings -E UTF-8 -l "$page" 2>&1 >/dev/null)" ]
     done
     lintian --pedantic --fail-on error,warning,pedantic build/packages/tarveth_*.changes
