@@ -4,6 +4,7 @@
 
 #include "engine/rules/turns.h"
 #include "storage/gamekeeper.h"
+#include "storage/modFileIO.h"
 #include "tests/storage/FilesTable.h"
 
 #include <filesystem>
@@ -90,6 +91,13 @@ inline std::vector<std::string> FilesIn(const std::string& folder, const std::st
         if (entry.path().filename().string().ends_with(ending))
             files.push_back(entry.path().string());
     return files;
+}
+
+using Choices = std::vector<BarChoice>;
+
+// The game as a saved game shows it: what is picked or waits is no part of it.
+inline std::string TextOf(const Game& game) {
+    return GameText(game, "");
 }
 
 } // namespace tarveth::test

@@ -1,4 +1,4 @@
-// Games that are kept aside: after every turn, for the next start, and when another game takes their place.
+// Games that are kept aside after every turn, and offered at the next start.
 #include "platform/file_text.h"
 #include "storage/modFileIO.h"
 #include "tests/Dice.h"
@@ -12,14 +12,7 @@
 namespace tarveth::test {
 namespace {
 
-using Choices = std::vector<BarChoice>;
-
 const Choices kOffer{BarChoice::GoOn, BarChoice::SaveAs, BarChoice::Discard};
-
-// The game as a saved game shows it: what is picked or waits is no part of it.
-std::string TextOf(const Game& game) {
-    return GameText(game, "");
-}
 
 // Plays random turns until one is to be played that `wanted` holds for, and gives it.
 template <class Wanted>
@@ -225,34 +218,6 @@ TEST(KeptGames, AreNotWrittenWhileNothingChanges) {
     EXPECT_EQ(std::filesystem::last_write_time(file), longAgo);
 }
 
-TEST(ReplacedGames, ComeBackByOneClickWhileTheNewGameHasNoTurn) {
-    const TempFolder folder;
-    KeeperTable t(folder.Name());
-    t.Move("4E", "4D");
-    const std::string before = TextOf(t.game);
-    t.main.NewGame();
-    EXPECT_EQ(t.bar.line, (BarLine{"The game before is kept.", {BarChoice::BringBack}}));
-    t.Click("4E");
-    t.main.NewGame();
-    EXPECT_EQ(t.bar.line.choices, Choices{BarChoice::BringBack}) << "a game without a turn replaces none";
-    t.keeper.Choose(BarChoice::BringBack);
-    EXPECT_EQ(TextOf(t.game), before);
-    EXPECT_EQ(t.bar.line, BarLine{});
-}
-
-TEST(ReplacedGames, AreKeptWhenTheirFirstTurnIsNotQuiteOver) {
-    const TempFolder folder;
-    KeeperTable t(folder.Name());
-    t.Click("4E");
-    t.main.DepositSquare(SquareOf("4D"));
-    t.main.Pass(); // the piece has moved, the turn is Blue's still
-    ASSERT_EQ(t.game.GameState, kTurnOver);
-    t.main.NewGame();
-    t.keeper.Choose(BarChoice::BringBack);
-    EXPECT_EQ(t.game.lstHistory, std::vector<std::string>{"B:BP 4E-4D"});
-    EXPECT_EQ(t.game.Turn, Red);
-}
-
 TEST(Settings, CanSwitchOffThatGamesAreKept) {
     const TempFolder folder;
     KeeperTable t(folder.Name());
@@ -278,78 +243,6 @@ TEST(Settings, CanSwitchOffTheLibraryOfFinishedGamesOnly) {
     ASSERT_EQ(FilesIn(folder.Name(), "games").size(), 1U);
     EXPECT_TRUE(FilesIn(folder.Name(), "games").front().ends_with(", unfinished #1.tsg"));
     EXPECT_TRUE(FilesIn(folder.Name(), "unfinished").empty());
-}
-
-TEST(ReplacedGames, AreInTheLibraryOnceTheNewGameHasATurn) {
-    const TempFolder folder;
-    KeeperTable t(folder.Name());
-    t.Move("4E", "4D");
-    const std::string before = TextOf(t.game);
-    t.main.NewGame();
-    t.Move("6E", "6D");
-    EXPECT_EQ(t.bar.line, BarLine{});
-    t.keeper.Close();
-    const auto games = FilesIn(folder.Name(), "games");
-    ASSERT_EQ(games.size(), 1U);
-    EXPECT_TRUE(games.front().ends_with("Blue against Red, unfinished #1.tsg")) << games.front();
-    EXPECT_EQ(TextOf(ReadGame(games.front())), before);
-    EXPECT_EQ(FilesIn(folder.Name(), "unfinished").size(), 1U) << "the new one";
-}
-
-TEST(ReplacedGames, AreOfferedWhenTheProgramEndsBeforeThat) {
-    const TempFolder folder;
-    std::string before;
-    {
-        KeeperTable t(folder.Name());
-        t.Move("4E", "4D");
-        before = TextOf(t.game);
-        t.main.NewGame();
-    }
-    KeeperTable t(folder.Name());
-    t.keeper.Choose(BarChoice::GoOn);
-    EXPECT_EQ(TextOf(t.game), before);
-}
-
-TEST(ReplacedGames, ByALoadedGameKeepTheirOwnName) {
-    const TempFolder folder;
-    KeeperTable t(folder.Name());
-    t.asked.chosen = folder.File("a.tsg");
-    t.files.SaveGameAs();
-    t.asked.chosen = folder.File("b.tsg");
-    t.files.SaveGameAs();
-    t.Move("4E", "4D");
-    t.files.OpenGame(folder.File("a.tsg"));
-    EXPECT_EQ(t.bar.line.choices, Choices{BarChoice::BringBack});
-    t.keeper.Choose(BarChoice::BringBack);
-    EXPECT_EQ(t.record.GameFileName, folder.File("b.tsg"));
-}
-
-TEST(ReplacedGames, ByAnOpponentsBoardAreKept) {
-    const TempFolder folder;
-    KeeperTable t(folder.Name());
-    t.Move("4E", "4D");
-    const std::string before = TextOf(t.game);
-    Game board = t.game;
-    board.lstHistory.clear();
-    t.main.SetUpPosition(board, PositionSource::Opponent);
-    EXPECT_EQ(t.bar.line.choices, Choices{BarChoice::BringBack});
-    t.keeper.Choose(BarChoice::BringBack);
-    EXPECT_EQ(TextOf(t.game), before);
-}
-
-TEST(ReplacedGames, ByOneThatWasOfferedComeBackToo) {
-    const TempFolder folder;
-    {
-        KeeperTable t(folder.Name());
-        t.Move("4E", "4D");
-    }
-    KeeperTable t(folder.Name());
-    t.Move("6E", "6D");
-    t.keeper.Choose(BarChoice::GoOn);
-    EXPECT_EQ(t.game.lstHistory, std::vector<std::string>{"B:BP 4E-4D"});
-    EXPECT_EQ(t.bar.line.choices, Choices{BarChoice::BringBack});
-    t.keeper.Choose(BarChoice::BringBack);
-    EXPECT_EQ(t.game.lstHistory, std::vector<std::string>{"B:BP 6E-6D"});
 }
 
 TEST(NetworkGames, AreKeptWithOpponentAndSide) {
