@@ -3,8 +3,6 @@
 #include "computer/positionline.h"
 
 #include <algorithm>
-#include <condition_variable>
-#include <mutex>
 #include <random>
 #include <utility>
 
@@ -17,14 +15,6 @@ using namespace std::chrono_literals;
 std::uint64_t RandomSeed() {
     std::random_device device;
     return std::uint64_t{device()} << 32U | device();
-}
-
-// Waits until that time, or until a stop is requested.
-void WaitUntil(computer::Clock::time_point time, const std::stop_token& stop) {
-    std::mutex mutex;
-    std::condition_variable_any condition;
-    std::unique_lock lock(mutex);
-    condition.wait_until(lock, stop, time, [] { return false; });
 }
 
 } // namespace
@@ -63,7 +53,7 @@ void ComputerOpponent::SetLevel(int level) {
 
 void ComputerOpponent::MoveNow() {
     if (Thinks()) {
-        worker_.request_stop();
+        RequestStop();
         return;
     }
     if (!IsSettled() || net_.GameInProgress())
@@ -150,8 +140,24 @@ void ComputerOpponent::StopThinking() {
     if (!Thinks())
         return;
     ++request_; // an answer that is on its way is one to another question
-    worker_.request_stop();
+    RequestStop();
     worker_.join();
+}
+
+void ComputerOpponent::RequestStop() {
+    {
+        const std::lock_guard lock(stopMutex_);
+        worker_.request_stop();
+    }
+    stopRequested_.notify_all();
+}
+
+// On the worker's thread. Waits until that time, or until a stop is requested. A std::stop_callback, which a
+// std::condition_variable_any uses too, would hang now and then in programs made by GCC 12 for Windows: it
+// waits for ever in its destructor when the stop is requested meanwhile.
+void ComputerOpponent::WaitUntil(computer::Clock::time_point time, const std::stop_token& stop) {
+    std::unique_lock lock(stopMutex_);
+    stopRequested_.wait_until(lock, time, [&] { return stop.stop_requested(); });
 }
 
 void ComputerOpponent::Take(std::uint64_t request, computer::SearchTurn turn) {

@@ -7,9 +7,11 @@
 #include "engine/modMAIN.h"
 
 #include <chrono>
+#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -60,6 +62,8 @@ private:
     void Think();
     void Answer(const std::stop_token& stop, const computer::GameRecord& game,
                 const std::vector<std::uint64_t>& earlier, std::uint64_t request);
+    void RequestStop();
+    void WaitUntil(computer::Clock::time_point time, const std::stop_token& stop);
     void Take(std::uint64_t request, computer::SearchTurn turn);
     void HandOver(computer::SearchTurn turn);
 
@@ -72,6 +76,8 @@ private:
     std::unique_ptr<computer::Player> player_; // the worker's while there is one; made when first needed,
                                                // for its memory
     int level_ = computer::kDefaultLevel;
+    std::mutex stopMutex_; // held while a stop is requested
+    std::condition_variable stopRequested_;
     std::jthread worker_;
     std::uint64_t request_ = 0;             // the number of the turn that is thought about, or was last
     std::int16_t onceFor_ = NoSide;         // the side that it plays for one turn only

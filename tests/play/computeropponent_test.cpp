@@ -12,6 +12,7 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <thread>
 
 namespace tarveth::test {
 namespace {
@@ -195,6 +196,21 @@ TEST(ComputerOpponent, StopsInTheMiddleOfItsThought) {
     EXPECT_FALSE(s.computer.Thinks());
     s.Click(SquareOf("4E"));
     EXPECT_EQ(s.game.GameState, kPlacePiece) << "the user plays both sides again";
+}
+
+TEST(ComputerOpponent, StopsAtAnyMomentOfItsThought) {
+    constexpr int kStops = 300;
+    Screen s;
+    for (int number = 0; number < kStops; ++number) {
+        s.computer.LeastTime = std::chrono::hours(number % 2);
+        s.computer.PlaySide(Blue);
+        s.RunPasses();
+        ASSERT_TRUE(s.computer.Thinks());
+        std::this_thread::sleep_for(std::chrono::microseconds(number * 10));
+        s.main.RunCommand([&] { s.computer.StopPlaying(); });
+        s.RunPasses();
+        ASSERT_FALSE(s.computer.Thinks());
+    }
 }
 
 TEST(ComputerOpponent, PlaysNoNetworkGame) {
