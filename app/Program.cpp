@@ -45,6 +45,9 @@ Program::Program()
       mouse_(settings_, board_, zones_, main_),
       computer_(game_, net_, main_, *window_,
                 [this](const std::function<void()>& work) { window_->CallAfter(work); }),
+      adviser_(
+          game_, net_, *window_, [this](const std::function<void()>& work) { window_->CallAfter(work); },
+          [this] { window_->RefreshDisplay(); }),
       fileDialogs_(window_),
       files_(game_, net_, record_, main_, Ports{*window_, board_, *window_, record_, network_}, fileDialogs_,
              writableFolder_),
@@ -63,8 +66,11 @@ MainWindowParts Program::Parts() {
     const auto recentGames = [this] { return recent_.Paths(); };
     const auto openGame = [this](const std::string& path) { files_.OpenFile(path); };
     const auto chooseInBar = [this](BarChoice choice) { keeper_.Choose(choice); };
-    const auto followGame = [this] { computer_.Follow(); };
-    const auto asked = [this] { return WhatIsAsked(game_, net_); };
+    const auto followGame = [this] {
+        computer_.Follow();
+        adviser_.Follow();
+    };
+    const auto asked = [this] { return WhatIsSaid(); };
     return {game_,       settings_, pictures_,   main_,        board_,       mouse_,
             Commands(),  save,      closeOthers, gameEndSound, chooseReturn, marks,
             recentGames, openGame,  chooseInBar, followGame,   asked};
@@ -89,8 +95,10 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuOptionsDraume, [this] { ChooseBoard(kDraumeCrownBoard, "Draume Crown Board"); }},
         {mnuSetColors, [this] { ShowOptions(); }},
         {mnuGamePlay, [this] { PlayAgainstComputer(); }},
+        {mnuGameHint, [this] { adviser_.GiveHint(); }},
         {mnuGameMove, [this] { computer_.MoveNow(); }},
         {mnuGameLevel, [this] { ChangeLevel(); }},
+        {mnuGameDraw, [this] { CallDraw(); }},
         {mnuGameStop, [this] { computer_.StopPlaying(); }},
         {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
@@ -102,6 +110,13 @@ std::map<int, std::function<void()>> Program::Commands() {
     for (const ViewSwitch& view : kViewSwitches)
         commands[view.item] = [this, &view] { Switch(view); };
     return commands;
+}
+
+std::string Program::WhatIsSaid() const {
+    std::string asked = WhatIsAsked(game_, net_);
+    if (!asked.empty() && !computer_.Remark().empty())
+        asked += ' ' + computer_.Remark();
+    return asked;
 }
 
 void Program::ChooseBoard(std::int16_t variant, const std::string& name) {
@@ -123,6 +138,7 @@ BoardMarks Program::Marks(bool boardHasFocus) const {
     if (mouse_.Cursor.Visible && boardHasFocus)
         view.lookedAt.push_back(mouse_.Cursor.At);
     view.last = ReadLastMove(game_.lstHistory);
+    view.hint = adviser_.Shown();
     return FindMarks(game_, settings_, view);
 }
 
@@ -136,6 +152,20 @@ void Program::PlayAgainstComputer() {
     SetLevel();
     computer_.PlaySide(OpponentOf(choice->ownSide));
     main_.NewGame();
+}
+
+// The rules know no draw: the game stays unfinished, and is kept as one.
+void Program::CallDraw() {
+    if (game_.lstHistory.empty() || game_.GameState == kGameOver) {
+        window_->ShowMessage("There is no game under way.");
+        return;
+    }
+    if (net_.GameInProgress()) {
+        window_->ShowMessage("In a game over the network, agree on a draw in the chat.");
+        return;
+    }
+    main_.NewGame();
+    window_->ShowMessage("The game is called a draw. A new one begins.");
 }
 
 void Program::ChangeLevel() {
@@ -280,6 +310,7 @@ void Program::SaveEverything(const WindowPosition& position) {
 
 void Program::CloseOtherWindows() {
     computer_.StopThinking();
+    adviser_.Stop();
     help_.Close();
     if (client_)
         client_->Close(true);

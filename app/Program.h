@@ -11,6 +11,7 @@
 #include "display/zonedisplay.h"
 #include "engine/modMAIN.h"
 #include "net/wx/frmClient.h"
+#include "play/Adviser.h"
 #include "play/ComputerOpponent.h"
 #include "storage/gamefiles.h"
 #include "storage/gamekeeper.h"
@@ -59,10 +60,12 @@ private:
     MainWindowParts Parts();
     GameKeeperParts KeeperParts();
     std::map<int, std::function<void()>> Commands();
+    std::string WhatIsSaid() const;
     void ChooseBoard(std::int16_t variant, const std::string& name);
     void Switch(const ViewSwitch& view);
     BoardMarks Marks(bool boardHasFocus) const;
     void PlayAgainstComputer();
+    void CallDraw();
     void ChangeLevel();
     void SetLevel();
 
@@ -85,6 +88,7 @@ private:
     modMAIN main_;
     BoardMouse mouse_;
     ComputerOpponent computer_;
+    Adviser adviser_;
     Help help_{window_, {writableFolder_, programFolder_}};
     GameFileDialogs fileDialogs_;
     GameFiles files_;

@@ -31,11 +31,6 @@ std::optional<Square> ReadSquare(std::string_view text) {
     return square.OnBoard() ? std::optional(square) : std::nullopt;
 }
 
-std::string WriteSquare(int number) {
-    const Square square = NumberedSquare(number);
-    return {static_cast<char>('0' + square.column), static_cast<char>('A' + square.row - 1)};
-}
-
 std::string SortName(std::size_t sort) {
     return {sort < Pawn ? 'B' : 'R', kLetters[sort % Pawn]};
 }
@@ -82,6 +77,11 @@ std::optional<std::string> JailItem(std::string_view counts) {
 }
 
 } // namespace
+
+std::string WriteSquare(int number) {
+    const Square square = NumberedSquare(number);
+    return {static_cast<char>('0' + square.column), static_cast<char>('A' + square.row - 1)};
+}
 
 std::optional<Game> ReadPosition(std::string_view text) {
     const auto words = Split(text, ' ');

@@ -19,6 +19,9 @@ namespace tarveth::computer {
 std::optional<Game> ReadPosition(std::string_view text);
 std::string WritePosition(const CompactGame& position);
 
+// "5C" for the square of that number.
+std::string WriteSquare(int number);
+
 // "5C-4D", "4D-4E+P2G": from, to, and what comes back where.
 std::string WriteTurn(SearchTurn turn);
 

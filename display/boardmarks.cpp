@@ -40,6 +40,8 @@ BoardMarks FindMarks(const Game& game, const Settings& settings, const MarkedVie
         return marks;
     if (settings.MarksLegalMoves() && view.mayPlay && !game.Animating)
         FindChoices(marks, game, view);
+    if (!game.Animating)
+        marks.hint = view.hint;
     if (settings.MarksLastMove())
         marks.last = view.last;
     if (settings.ShowsZones())

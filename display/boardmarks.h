@@ -18,6 +18,7 @@ struct BoardMarks {
     ChoiceMap choices{};
     MoveTrace last;
     std::array<ZoneMap, 3> zones{}; // by Side; all zero where they are not shown
+    MoveTrace hint;                 // the turn that is advised
     int jailSlot = 0;               // the jail entry that comes back, 0 for none
 
     bool Empty() const { return *this == BoardMarks(); }
@@ -30,6 +31,7 @@ struct MarkedView {
     bool hidden = false;          // nothing is marked, since zones are painted over the board
     std::vector<Square> lookedAt; // the squares under the pointer and the cursor; (0, 0) for none
     MoveTrace last;               // what the history tells of the last move
+    MoveTrace hint = {};          // the turn that is advised
 };
 
 // Finds the marks that the settings ask for. While a piece glides there are no choices, and it has no zone.

@@ -5,6 +5,9 @@
 #include "display/board.h"
 #include "display/zonepatterns.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace tarveth {
 
 namespace {
@@ -14,6 +17,7 @@ constexpr Pixel kMoveColour = Rgb(0, 145, 110);
 constexpr Pixel kCaptureColour = Rgb(215, 90, 0);
 constexpr Pixel kWinColour = Rgb(190, 120, 0);
 constexpr Pixel kLastColour = Rgb(140, 100, 215);
+constexpr Pixel kHintColour = Rgb(0, 120, 215);
 
 constexpr double kCornerLeg = 0.25;
 
@@ -108,6 +112,36 @@ void DrawLast(PixelBuffer& board, const MoveTrace& last, int edge) {
     }
 }
 
+// An arrow from the middle of one square to the middle of another, which leaves the first piece's own middle
+// free.
+void DrawArrow(PixelBuffer& board, Square from, Square to, int edge) {
+    constexpr double kHead = 0.32; // of a square, the length of the two strokes at the tip
+    const double dx = to.column - from.column;
+    const double dy = to.row - from.row;
+    const double length = std::hypot(dx, dy);
+    const double alongX = dx / length;
+    const double alongY = dy / length;
+    const double tipX = (to.column - 0.5) * edge;
+    const double tipY = (to.row - 0.5) * edge;
+    const double head = kHead * edge;
+    MarkPainter picture(board, 0, 0, board.Width());
+    picture.DrawStrokes(
+        {{(from.column - 0.5 + alongX * kHead) * edge, (from.row - 0.5 + alongY * kHead) * edge, tipX, tipY},
+         {tipX, tipY, tipX - head * (alongX + alongY), tipY - head * (alongY - alongX)},
+         {tipX, tipY, tipX - head * (alongX - alongY), tipY - head * (alongY + alongX)}},
+        std::max(edge * 0.09, 3.0), Ink(kHintColour));
+}
+
+void DrawHint(PixelBuffer& board, const MoveTrace& hint, int edge) {
+    if (!hint.from.OnBoard() || !hint.to.OnBoard() || hint.from == hint.to)
+        return;
+    DrawArrow(board, hint.from, hint.to, edge);
+    if (!hint.returned.OnBoard())
+        return;
+    MarkPainter square(board, (hint.returned.column - 1) * edge, (hint.returned.row - 1) * edge, edge);
+    square.FillRing(square.Part(0.3, 6), square.Part(0.08, 2.5), Ink(kHintColour));
+}
+
 } // namespace
 
 void DrawMarks(PixelBuffer& board, const BoardMarks& marks, Pixel black, Pixel white) {
@@ -118,6 +152,7 @@ void DrawMarks(PixelBuffer& board, const BoardMarks& marks, Pixel black, Pixel w
         for (int row = 1; row <= kBoardSize; ++row)
             DrawChoice(MarkPainter(board, (column - 1) * edge, (row - 1) * edge, edge),
                        marks.choices[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)]);
+    DrawHint(board, marks.hint, edge);
 }
 
 void DrawJailMark(PixelBuffer& jail, int slot) {

@@ -26,11 +26,7 @@ std::chrono::milliseconds ThinkingTime(int level) {
 
 ComputerOpponent::ComputerOpponent(const Game& game, NetGame& net, modMAIN& main, MainWindowPort& window,
                                    RunSoon runSoon)
-    : game_(game), net_(net), main_(main), window_(window), runSoon_(std::move(runSoon)) {}
-
-ComputerOpponent::~ComputerOpponent() {
-    StopThinking();
-}
+    : game_(game), net_(net), main_(main), window_(window), search_(std::move(runSoon)) {}
 
 void ComputerOpponent::PlaySide(std::int16_t side) {
     StopPlaying();
@@ -53,7 +49,7 @@ void ComputerOpponent::SetLevel(int level) {
 
 void ComputerOpponent::MoveNow() {
     if (Thinks()) {
-        RequestStop();
+        search_.RequestStop();
         return;
     }
     if (!IsSettled() || net_.GameInProgress())
@@ -67,6 +63,7 @@ void ComputerOpponent::Follow() {
         StopPlaying();
     EndSingleTurn();
     Watch();
+    remarks_.Watch(game_, PlayerSide(), level_, earlier_.empty() ? 0 : earlier_.size() - 1);
     if (Thinks() && !(IsDue() && IsAboutTheGame()))
         StopThinking();
     if (!Thinks() && IsDue())
@@ -110,6 +107,13 @@ void ComputerOpponent::Watch() {
     jailSeen_ = jailed;
 }
 
+// The side that the user plays against the computer, for more than a turn.
+std::int16_t ComputerOpponent::PlayerSide() const {
+    if (onceFor_ != NoSide || net_.ComputerPlaysBlue == net_.ComputerPlaysRed)
+        return NoSide;
+    return net_.ComputerPlaysBlue ? Red : Blue;
+}
+
 void ComputerOpponent::Think() {
     if (!player_)
         player_ = std::make_unique<computer::Player>(level_, RandomSeed());
@@ -120,50 +124,22 @@ void ComputerOpponent::Think() {
     std::vector<std::uint64_t> earlier = earlier_;
     if (!earlier.empty())
         earlier.pop_back(); // the present position
-    worker_ = std::jthread(
-        [this, game = computer::GameRecord(game_), earlier = std::move(earlier),
-         request = ++request_](const std::stop_token& stop) { Answer(stop, game, earlier, request); });
+    search_.Begin([this, game = std::make_shared<computer::GameRecord>(game_), earlier = std::move(earlier)](
+                      const std::stop_token& stop) { Answer(stop, *game, earlier); });
 }
 
-// On the worker's thread.
+// On the search's thread.
 void ComputerOpponent::Answer(const std::stop_token& stop, const computer::GameRecord& game,
-                              const std::vector<std::uint64_t>& earlier, std::uint64_t request) {
+                              const std::vector<std::uint64_t>& earlier) {
     const auto soonest = computer::Clock::now() + LeastTime;
     computer::Allowance allowance;
     allowance.time = ThinkingTime(player_->Level());
     const computer::SearchResult result = player_->Choose(game.Position(), earlier, allowance, stop);
-    WaitUntil(soonest, stop);
-    runSoon_([this, request, turn = result.turn] { Take(request, turn); });
+    search_.WaitUntil(soonest, stop);
+    search_.TellLast([this, turn = result.turn] { Take(turn); });
 }
 
-void ComputerOpponent::StopThinking() {
-    if (!Thinks())
-        return;
-    ++request_; // an answer that is on its way is one to another question
-    RequestStop();
-    worker_.join();
-}
-
-void ComputerOpponent::RequestStop() {
-    {
-        const std::lock_guard lock(stopMutex_);
-        worker_.request_stop();
-    }
-    stopRequested_.notify_all();
-}
-
-// On the worker's thread. Waits until that time, or until a stop is requested. A std::stop_callback, which a
-// std::condition_variable_any uses too, would hang now and then in programs made by GCC 12 for Windows: it
-// waits for ever in its destructor when the stop is requested meanwhile.
-void ComputerOpponent::WaitUntil(computer::Clock::time_point time, const std::stop_token& stop) {
-    std::unique_lock lock(stopMutex_);
-    stopRequested_.wait_until(lock, time, [&] { return stop.stop_requested(); });
-}
-
-void ComputerOpponent::Take(std::uint64_t request, computer::SearchTurn turn) {
-    if (request != request_ || !Thinks())
-        return;
-    worker_.join();
+void ComputerOpponent::Take(computer::SearchTurn turn) {
     if (!IsDue() || !IsAboutTheGame())
         return;
     if (!turn.IsNone()) {

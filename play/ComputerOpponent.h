@@ -5,35 +5,30 @@
 #include "computer/GameRecord.h"
 #include "computer/Player.h"
 #include "engine/modMAIN.h"
+#include "play/BackgroundSearch.h"
+#include "play/ComputerRemarks.h"
 
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace tarveth {
-
-// Has the work done on the window's thread, soon. May be called on any thread.
-using RunSoon = std::function<void(std::function<void()> work)>;
 
 class ComputerOpponent {
 public:
     // All of these outlive the object, also what runSoon refers to.
     ComputerOpponent(const Game& game, NetGame& net, modMAIN& main, MainWindowPort& window, RunSoon runSoon);
-    ~ComputerOpponent();
-    ComputerOpponent(const ComputerOpponent&) = delete;
-    ComputerOpponent& operator=(const ComputerOpponent&) = delete;
 
     // From now on it plays `side`: in the game on the board, and in those that follow.
     void PlaySide(std::int16_t side);
     // It plays no side any more.
     void StopPlaying();
     bool PlaysAnySide() const { return net_.ComputerPlaysBlue || net_.ComputerPlaysRed; }
+
+    // What there is to say about the games against it; mostly nothing.
+    const std::string& Remark() const { return remarks_.Text(); }
 
     // 1 to 7. A turn that is being thought about is thought about anew.
     void SetLevel(int level);
@@ -45,9 +40,9 @@ public:
     // Is to be called after passes of the turn machine: begins to think where it has to move, and stops where
     // the game has become another.
     void Follow();
-    bool Thinks() const { return worker_.joinable(); }
+    bool Thinks() const { return search_.Runs(); }
     // Ends a search at once; nothing is played. To be called when the program closes.
-    void StopThinking();
+    void StopThinking() { search_.Cancel(); }
 
     // It answers no sooner, so that its turn can be seen to be one.
     std::chrono::milliseconds LeastTime{500};
@@ -59,31 +54,27 @@ private:
     bool IsAboutTheGame() const;
     void EndSingleTurn();
     void Watch();
+    std::int16_t PlayerSide() const;
     void Think();
     void Answer(const std::stop_token& stop, const computer::GameRecord& game,
-                const std::vector<std::uint64_t>& earlier, std::uint64_t request);
-    void RequestStop();
-    void WaitUntil(computer::Clock::time_point time, const std::stop_token& stop);
-    void Take(std::uint64_t request, computer::SearchTurn turn);
+                const std::vector<std::uint64_t>& earlier);
+    void Take(computer::SearchTurn turn);
     void HandOver(computer::SearchTurn turn);
 
     const Game& game_;
     NetGame& net_;
     modMAIN& main_;
     MainWindowPort& window_;
-    RunSoon runSoon_;
 
-    std::unique_ptr<computer::Player> player_; // the worker's while there is one; made when first needed,
-                                               // for its memory
+    std::unique_ptr<computer::Player> player_; // the search's while it runs; made when first needed, for its
+                                               // memory
     int level_ = computer::kDefaultLevel;
-    std::mutex stopMutex_; // held while a stop is requested
-    std::condition_variable stopRequested_;
-    std::jthread worker_;
-    std::uint64_t request_ = 0;             // the number of the turn that is thought about, or was last
+    BackgroundSearch search_;
     std::int16_t onceFor_ = NoSide;         // the side that it plays for one turn only
     std::vector<PieceRecord> thoughtAbout_; // the pieces as they stood when the thinking began
     std::string told_;                      // what is to be said when its turn is over
 
+    ComputerRemarks remarks_;
     std::vector<std::uint64_t> earlier_; // keys of the positions since the last capture, the present one last
     std::size_t linesSeen_ = 0;          // of the history
     std::size_t jailSeen_ = 0;

@@ -23,9 +23,11 @@ MainMenu CreateMainMenu() {
 
     auto* mnuGame = new wxMenu;
     mnuGame->Append(mnuGamePlay, "&Play Against the Computer...");
+    mnuGame->Append(mnuGameHint, "&Hint\tCtrl+H");
     mnuGame->Append(mnuGameMove, "&Let the Computer Move");
     mnuGame->AppendSeparator();
     mnuGame->Append(mnuGameLevel, "Change Le&vel...");
+    mnuGame->Append(mnuGameDraw, "Call It a &Draw");
     mnuGame->Append(mnuGameStop, "&Stop the Computer");
 
     auto* mnuView = new wxMenu;

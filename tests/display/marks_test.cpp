@@ -34,9 +34,16 @@ BoardMarks WithLast(const MoveTrace& last) {
     return marks;
 }
 
-// Every kind of mark in one square, by name.
-std::map<std::string, BoardMarks> AllMarks() {
-    constexpr Square kElsewhere{8, 8};
+BoardMarks WithHint(const MoveTrace& hint) {
+    BoardMarks marks;
+    marks.hint = hint;
+    return marks;
+}
+
+constexpr Square kElsewhere{8, 8};
+
+// Every kind of mark that stays in its square, by name.
+std::map<std::string, BoardMarks> MarksOfSquares() {
     std::map<std::string, BoardMarks> marks;
     for (const Choice choice : kChoices)
         marks["choice " + std::to_string(static_cast<int>(choice))] = With(choice);
@@ -44,6 +51,15 @@ std::map<std::string, BoardMarks> AllMarks() {
     marks["to"] = WithLast({kElsewhere, kMarked, false, {}});
     marks["to, capturing"] = WithLast({kElsewhere, kMarked, true, {}});
     marks["returned"] = WithLast({kElsewhere, kElsewhere, false, kMarked});
+    return marks;
+}
+
+// Every kind of mark, by name.
+std::map<std::string, BoardMarks> AllMarks() {
+    std::map<std::string, BoardMarks> marks = MarksOfSquares();
+    marks["advised from"] = WithHint({kMarked, kElsewhere, false, {}});
+    marks["advised to"] = WithHint({kElsewhere, kMarked, false, {}});
+    marks["advised return"] = WithHint({{1, 1}, {2, 1}, false, kMarked});
     return marks;
 }
 
@@ -152,7 +168,7 @@ TEST(Marks, DifferInShapeAtEverySize) {
 }
 
 TEST(Marks, StayInTheirSquare) {
-    for (const auto& [name, marks] : AllMarks()) {
+    for (const auto& [name, marks] : MarksOfSquares()) {
         PixelBuffer board = PlainBoard(32, Rgb(255, 255, 255));
         DrawMarks(board, marks, Rgb(0, 0, 0), Rgb(255, 255, 255));
         PixelBuffer around = board;
@@ -161,6 +177,15 @@ TEST(Marks, StayInTheirSquare) {
         around.CopyFrom(blank, 7 * 32, 7 * 32); // the other end of a last move
         EXPECT_TRUE(around == PlainBoard(32, Rgb(255, 255, 255))) << name;
     }
+}
+
+TEST(Marks, AHintIsNotShownWhileAPieceGlides) {
+    DisplayGame g(32);
+    MarkedView view;
+    view.hint = {{4, 5}, {4, 4}, false, {}};
+    EXPECT_EQ(FindMarks(g.game, g.settings, view).hint, view.hint);
+    g.game.Animating = true;
+    EXPECT_EQ(FindMarks(g.game, g.settings, view).hint, MoveTrace());
 }
 
 TEST(Marks, OfARunningGameAreItsChoices) {

@@ -6,41 +6,14 @@
 #include "engine/rules/turns.h"
 #include "tests/PickTurn.h"
 #include "tests/RecordingPort.h"
+#include "tests/play/WindowThread.h"
 
 #include <gtest/gtest.h>
 
-#include <condition_variable>
-#include <deque>
-#include <mutex>
 #include <thread>
 
 namespace tarveth::test {
 namespace {
-
-// What the computer's thread has for the window's thread.
-class WindowThread {
-public:
-    void RunSoon(std::function<void()> function) {
-        const std::lock_guard lock(mutex_);
-        waiting_.push_back(std::move(function));
-        changed_.notify_one();
-    }
-
-    // Waits for the next function and runs it.
-    void RunNext() {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return !waiting_.empty(); });
-        const std::function<void()> next = std::move(waiting_.front());
-        waiting_.pop_front();
-        lock.unlock();
-        next();
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<std::function<void()>> waiting_;
-};
 
 struct Screen {
     Game game;
@@ -199,14 +172,14 @@ TEST(ComputerOpponent, StopsInTheMiddleOfItsThought) {
 }
 
 TEST(ComputerOpponent, StopsAtAnyMomentOfItsThought) {
-    constexpr int kStops = 300;
+    constexpr int kStops = 100;
     Screen s;
     for (int number = 0; number < kStops; ++number) {
         s.computer.LeastTime = std::chrono::hours(number % 2);
         s.computer.PlaySide(Blue);
         s.RunPasses();
         ASSERT_TRUE(s.computer.Thinks());
-        std::this_thread::sleep_for(std::chrono::microseconds(number * 10));
+        std::this_thread::sleep_for(std::chrono::microseconds(number * 30));
         s.main.RunCommand([&] { s.computer.StopPlaying(); });
         s.RunPasses();
         ASSERT_FALSE(s.computer.Thinks());

@@ -64,6 +64,17 @@ TEST_F(AgainstTheComputer, ItMovesForTheUserOnce) {
     EXPECT_EQ(desk.History().size(), 1U);
 }
 
+TEST_F(AgainstTheComputer, AHintSaysWhichTurnIsGood) {
+    desk.Choose("G", "h");
+    ASSERT_TRUE(WaitUntil([&] { return desk.Text("lblTold").rfind("Move your ", 0) == 0; }))
+        << desk.Text("lblTold");
+    desk.WaitUntilAtRest();
+    desk.KeepShot("hint");
+    EXPECT_TRUE(desk.History().empty());
+    desk.Move("4E", "4D");
+    EXPECT_TRUE(desk.TextBecomes("lblCurPlayer", "Red"));
+}
+
 TEST_F(AgainstTheComputer, TheChoiceIsKept) {
     ASSERT_NO_FATAL_FAILURE(Begin({"Alt+r"}));
     ASSERT_TRUE(HistoryReaches(1));

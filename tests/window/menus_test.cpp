@@ -26,9 +26,11 @@ Options
   Options...
 Game
   Play Against the Computer...
+  Hint
   Let the Computer Move
   ----
   Change Level...
+  Call It a Draw
   Stop the Computer
 View
   Legal Moves
