@@ -1,5 +1,6 @@
 #include "storage/gamekeeper.h"
 
+#include "engine/rules/atrest.h"
 #include "engine/rules/captures.h"
 #include "platform/atomic_file.h"
 #include "platform/file_error.h"

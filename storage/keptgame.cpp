@@ -82,16 +82,6 @@ private:
 
 } // namespace
 
-Game AtRest(Game game) {
-    game.GameState = kPickPiece;
-    game.CurPiece = 0;
-    game.SelX = game.SelY = 0;
-    game.ClearClick();
-    game.Return = {};
-    game.VictoryText.clear();
-    return game;
-}
-
 std::string KeptGameBytes(const KeptGame& kept) {
     std::string bytes = platform::TextForFile(GameText(kept.game, "") + OwnLines(kept));
     bytes += SumLine(bytes);

@@ -23,10 +23,6 @@ struct KeptGame {
     friend bool operator==(const KeptGame&, const KeptGame&) = default;
 };
 
-// Gives the game as it comes back from the file, from one that stands between two turns or has a piece
-// picked: nothing is picked, and no square waits.
-Game AtRest(Game game);
-
 // Give the bytes of the file, and read them. ParseKeptGame throws platform::FileError, with nameForErrors as
 // its path, for a file that is damaged.
 std::string KeptGameBytes(const KeptGame& kept);

@@ -1,4 +1,5 @@
 // Games that are kept aside after every turn, and offered at the next start.
+#include "engine/rules/atrest.h"
 #include "platform/file_text.h"
 #include "storage/modFileIO.h"
 #include "tests/Dice.h"

@@ -1,4 +1,5 @@
 // The library of games that were played: their names, and how many there are.
+#include "engine/rules/atrest.h"
 #include "platform/local_time.h"
 #include "storage/gamelibrary.h"
 #include "storage/modFileIO.h"

@@ -1,4 +1,5 @@
 // The file of a game that is kept: it comes back as it was, and any damage is seen.
+#include "engine/rules/atrest.h"
 #include "platform/file_error.h"
 #include "storage/keptgame.h"
 #include "storage/modFileIO.h"

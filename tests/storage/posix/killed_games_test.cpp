@@ -1,5 +1,6 @@
 // Programs that are killed while random games are played: what the next start offers is whole, and at most
 // the last turn behind.
+#include "engine/rules/atrest.h"
 #include "storage/modFileIO.h"
 #include "tests/Dice.h"
 #include "tests/PickTurn.h"
