@@ -13,9 +13,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How many connections are accepted before other events are served.
-constexpr int kAcceptsInARow = 64;
-
 // How long the listener waits before it accepts again, when there is no descriptor left even to refuse a
 // client.
 constexpr auto kNoSocketPause = 100ms;
@@ -48,8 +45,9 @@ asio::ip::address Open(TcpAcceptor& acceptor, const asio::ip::address& address) 
 
 } // namespace
 
-Listener::Listener(asio::io_context& io, const std::string& address, std::uint16_t port, Arrivals& arrivals)
-    : io_(io), arrivals_(arrivals), acceptor_(io), reserve_(io), retry_(io) {
+Listener::Listener(asio::io_context& io, const std::string& address, std::uint16_t port, Arrivals& arrivals,
+                   Chores& chores)
+    : io_(io), arrivals_(arrivals), chores_(chores), acceptor_(io), reserve_(io), retry_(io) {
     const asio::ip::address local = Open(acceptor_, asio::ip::make_address(address));
     if (platform::ListenerSetsReuseAddress())
         acceptor_.set_option(TcpAcceptor::reuse_address(true));
@@ -69,31 +67,34 @@ void Listener::Close() {
 void Listener::Wait() {
     acceptor_.async_wait(TcpAcceptor::wait_read, [this](const asio::error_code& error) {
         if (!error)
-            Accept();
+            chores_.Add([this] { return AcceptOne(); });
     });
 }
 
-void Listener::Accept() {
-    for (int i = 0; i < kAcceptsInARow; ++i) {
-        asio::error_code error;
-        asio::ip::tcp::endpoint peer;
-        TcpSocket socket(io_);
-        acceptor_.accept(socket, peer, error);
-        if (error == asio::error::would_block)
-            break;
-        if (!error) {
-            arrivals_.Arrive(std::move(socket), AddressOf(peer.address()));
-        } else if (IsLackOfSockets(error) && !AcceptWithoutRoom()) {
-            retry_.expires_after(kNoSocketPause);
-            retry_.async_wait([this](const asio::error_code& cancelled) {
-                if (!cancelled)
-                    Wait();
-            });
-            return;
-        }
+// False if nobody waits to be accepted, or nobody can be.
+bool Listener::AcceptOne() {
+    if (!acceptor_.is_open())
+        return false;
+    asio::error_code error;
+    asio::ip::tcp::endpoint peer;
+    TcpSocket socket(io_);
+    acceptor_.accept(socket, peer, error);
+    if (!error) {
+        arrivals_.Arrive(std::move(socket), AddressOf(peer.address()));
+        return true;
     }
-    Wait();
-    arrivals_.EndArrivals();
+    if (!IsLackOfSockets(error)) {
+        Wait();
+        return false;
+    }
+    if (AcceptWithoutRoom())
+        return true;
+    retry_.expires_after(kNoSocketPause);
+    retry_.async_wait([this](const asio::error_code& cancelled) {
+        if (!cancelled)
+            Wait();
+    });
+    return false;
 }
 
 // Closes the reserve socket to have a descriptor for accepting one client, lets the owner refuse it, and

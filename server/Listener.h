@@ -2,6 +2,7 @@
 // accept and refuse a client when none is left.
 #pragma once
 
+#include "server/Chores.h"
 #include "server/ClientAddress.h"
 #include "server/asio.h"
 
@@ -17,8 +18,6 @@ public:
     virtual void Arrive(TcpSocket socket, const ClientAddress& address) = 0;
     // There is no descriptor to serve this client by. The socket is closed after the call.
     virtual void ArriveWithoutRoom(TcpSocket& socket, const ClientAddress& address) = 0;
-    // Follows the calls for connections that came together.
-    virtual void EndArrivals() = 0;
 };
 
 class Listener {
@@ -26,18 +25,20 @@ public:
     // Begins to listen; throws std::system_error if the address or the port cannot be used. "::" serves IPv4
     // as well, and serves it alone on a system without IPv6.
     // port: 0 for one that the system chooses.
-    Listener(asio::io_context& io, const std::string& address, std::uint16_t port, Arrivals& arrivals);
+    Listener(asio::io_context& io, const std::string& address, std::uint16_t port, Arrivals& arrivals,
+             Chores& chores);
 
     asio::ip::tcp::endpoint Endpoint() const { return acceptor_.local_endpoint(); }
     void Close();
 
 private:
     void Wait();
-    void Accept();
+    bool AcceptOne();
     bool AcceptWithoutRoom();
 
     asio::io_context& io_;
     Arrivals& arrivals_;
+    Chores& chores_;
     TcpAcceptor acceptor_;
     TcpSocket reserve_; // closed for a moment when no descriptors are left
     asio::steady_timer retry_;

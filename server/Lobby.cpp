@@ -93,7 +93,8 @@ void Lobby::Receive(Session& session, std::string_view bytes, Time now) {
     }
     WatchOpenLine(session);
     Clock::duration wait = session.moves.Borrow(limits_.moves, 0, now_);
-    if (droppedOfBatch_ > 0 || acceptedOfBatch_ == 0)
+    session.useful = droppedOfBatch_ == 0 && acceptedOfBatch_ > 0;
+    if (!session.useful)
         wait = std::max(wait, ChargeUselessBytes(session, size));
     Pause(session, wait);
     CountInput(session, session.framer.KeptBytes() + session.line.capacity());

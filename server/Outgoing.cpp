@@ -169,33 +169,28 @@ void Outgoing::ToOne(Outbox& box, const std::vector<Slice>& slices) {
 
 void Outgoing::ToAll(BlockWriter::Parts parts) {
     const Slice slice = announcements_.Append(parts);
-    announced_ += slice.View().size();
-    AddSlice(announcedThisTurn_, slice);
-}
-
-void Outgoing::TakeAll(Outbox& box) const {
-    box.turn = turn_;
-    box.taken = announced_;
+    announcedEnd_ += slice.View().size();
+    AddSlice(announced_, slice);
 }
 
 void Outgoing::StartListening(Outbox& box) {
     box.listening = true;
-    TakeAll(box);
+    box.taken = announcedEnd_;
 }
 
 void Outgoing::QueueAnnouncements(Outbox& box) {
-    if (!box.listening || Taken(box) == announced_)
+    if (!box.listening || box.taken == announcedEnd_)
         return;
-    ForEachBehind(announcedThisTurn_, Taken(box), [this, &box](const Slice& slice) { Queue(box, slice); });
-    TakeAll(box);
+    ForEachBehind(announced_, Taken(box), [this, &box](const Slice& slice) { Queue(box, slice); });
+    box.taken = announcedEnd_;
 }
 
 void Outgoing::SkipAnnouncement(Outbox& box) {
-    TakeAll(box);
+    box.taken = announcedEnd_;
 }
 
 std::size_t Outgoing::Unsent(const Outbox& box) const {
-    return box.unsent + (box.listening ? announced_ - Taken(box) : 0);
+    return box.unsent + (box.listening ? announcedEnd_ - box.taken : 0);
 }
 
 const std::vector<std::string_view>& Outgoing::Pending(const Outbox& box, std::size_t parts) {
@@ -206,7 +201,7 @@ const std::vector<std::string_view>& Outgoing::Pending(const Outbox& box, std::s
         pending_.push_back(slice.View());
     }
     if (box.listening)
-        ForEachBehind(announcedThisTurn_, Taken(box), [this, parts](const Slice& slice) {
+        ForEachBehind(announced_, Taken(box), [this, parts](const Slice& slice) {
             if (pending_.size() < parts)
                 pending_.push_back(slice.View());
         });
@@ -221,7 +216,7 @@ void Outgoing::Sent(Outbox& box, std::size_t bytes) {
             box.slices = {};
         box.slow = false;
         box.held = 0;
-        TakeAll(box);
+        box.taken = announcedEnd_;
         return;
     }
     QueueAnnouncements(box);
@@ -230,10 +225,11 @@ void Outgoing::Sent(Outbox& box, std::size_t bytes) {
         CopyOut(box);
 }
 
-void Outgoing::EndTurn() {
-    announcedThisTurn_.clear();
-    announced_ = 0;
-    ++turn_;
+void Outgoing::ForgetAnnouncements(std::uint64_t end) {
+    std::vector<Slice> rest;
+    ForEachBehind(announced_, end - announcedBegin_, [&rest](const Slice& slice) { rest.push_back(slice); });
+    announced_ = std::move(rest);
+    announcedBegin_ = end;
 }
 
 } // namespace tarveth

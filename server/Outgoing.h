@@ -58,16 +58,14 @@ private:
 // Adds the slice to the end of the list; a slice that continues the last one is merged with it.
 void AddSlice(std::vector<Slice>& list, const Slice& slice);
 
-// What one user has yet to be sent: first the slices, then this turn's announcements from `taken` on. A turn
-// is the time between two calls of EndTurn.
+// What one user has yet to be sent: first the slices, then the announcements from `taken` on.
 struct Outbox {
     std::vector<Slice> slices;
-    std::size_t unsent = 0; // bytes of the slices
-    std::size_t taken = 0;  // bytes of the turn's announcements that were sent or queued as slices
-    std::uint32_t turn = 0; // the turn that `taken` belongs to
-    bool listening = false; // whether the user receives announcements
-    bool slow = false;      // the socket has not taken all that was sent
-    std::size_t held = 0;   // the bytes of blocks that the slices of a slow outbox keep in memory
+    std::size_t unsent = 0;  // bytes of the slices
+    std::uint64_t taken = 0; // position in the announcements up to which they were sent or queued as slices
+    bool listening = false;  // whether the user receives announcements
+    bool slow = false;       // the socket has not taken all that was sent
+    std::size_t held = 0;    // the bytes of blocks that the slices of a slow outbox keep in memory
 };
 
 class Outgoing {
@@ -94,7 +92,13 @@ public:
     std::size_t BytesHeld() const { return *total_; }
     const ByteCount& Count() const { return total_; }
 
-    bool HasAnnouncements() const { return announced_ > 0; }
+    // Whether there are announcements that have not been forgotten.
+    bool HasAnnouncements() const { return announcedEnd_ > announcedBegin_; }
+    // The number of bytes that have ever been announced: the position behind the last announcement.
+    std::uint64_t AnnouncementsEnd() const { return announcedEnd_; }
+    // Forgets the announcements before that position. Every listener must have been sent them, or have them
+    // queued.
+    void ForgetAnnouncements(std::uint64_t end);
     std::size_t Unsent(const Outbox& box) const;
 
     // Gives the next bytes to send, in at most that many parts. They are valid until any other call.
@@ -102,12 +106,9 @@ public:
     // Drops that many bytes from the front of the queue, after the transport has sent them.
     void Sent(Outbox& box, std::size_t bytes);
 
-    // Ends the turn. Every listener must have been sent this turn's announcements, or have them queued.
-    void EndTurn();
-
 private:
-    std::size_t Taken(const Outbox& box) const { return box.turn == turn_ ? box.taken : 0; }
-    void TakeAll(Outbox& box) const;
+    // The bytes of the kept announcements that the user has been sent or has queued.
+    std::size_t Taken(const Outbox& box) const { return box.taken - announcedBegin_; }
     void Queue(Outbox& box, const Slice& slice) const;
     void CopySmallLast(Outbox& box) const;
     void CopyOut(Outbox& box) const;
@@ -115,9 +116,9 @@ private:
     ByteCount total_ = std::make_shared<std::size_t>(0);
     BlockWriter personal_{total_};
     BlockWriter announcements_{total_};
-    std::vector<Slice> announcedThisTurn_;
-    std::size_t announced_ = 0; // bytes of announcedThisTurn_
-    std::uint32_t turn_ = 1;
+    std::vector<Slice> announced_; // the announcements that some user may not have been sent yet
+    std::uint64_t announcedBegin_ = 0;
+    std::uint64_t announcedEnd_ = 0;
     std::vector<std::string_view> pending_;
 };
 

@@ -81,9 +81,12 @@ struct Session {
     bool toldMessages = false;       // the user has been told that messages were ignored
     bool due = false;                // the session is in the list that Lobby::TakeDue gives
     bool paused = false;             // the transport does not read from the client for now
+    bool useful = false;             // all that the client sent last could be used
     bool cutOff = false;             // the transport closes the connection, whatever is unsent
 
     bool IsUser() const { return stage == Stage::Named; }
+    // Whether the client is read from before others.
+    bool IsUseful() const { return useful && IsUser(); }
 };
 
 } // namespace tarveth

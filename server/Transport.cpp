@@ -28,6 +28,9 @@ constexpr std::size_t kWorthTrimming = std::size_t{4} << 20;
 // The most buffers of one write.
 constexpr std::size_t kParts = 64;
 
+// The most that is read at once from a client that has to wait for its turn.
+constexpr std::size_t kLateRead = std::size_t{8} << 10;
+
 // Names a client in the log.
 std::string ClientText(const Session& session) {
     const std::string address = AddressText(session.address);
@@ -49,15 +52,17 @@ Transport::Transport(asio::io_context& io, const ListenOptions& listen, Lobby& l
     : io_(io),
       listen_(listen),
       lobby_(lobby),
-      listener_(io, listen.bindAddress, listen.port, *this),
+      refusals_([](const std::string& line) { spdlog::info(line); }),
+      chores_(io, [this] { AfterEvent(); }),
+      listener_(io, listen.bindAddress, listen.port, *this, chores_),
       proxyGate_(
           io,
           [this](TcpSocket socket, const ClientAddress& client, std::string_view rest) {
               Admit(std::move(socket), client, rest);
               AfterEvent();
           },
-          [](const ClientAddress& proxy, std::string_view reason) {
-              spdlog::info("{} was refused: {}", AddressText(proxy), reason);
+          [this](const ClientAddress& proxy, std::string_view reason) {
+              refusals_.Tell(proxy, reason, Clock::now());
           }),
       timer_(io),
       shutdown_(io),
@@ -116,7 +121,7 @@ void Transport::Admit(TcpSocket socket, const ClientAddress& address, std::strin
 
 void Transport::Refuse(TcpSocket& socket, const ClientAddress& address, const std::string& sentence) {
     const std::string text = lobby_.Refuse(sentence);
-    spdlog::info("{} was refused: {}", AddressText(address), FromWire(sentence));
+    refusals_.Tell(address, FromWire(sentence), Clock::now());
     asio::error_code ignored;
     socket.non_blocking(true, ignored);
     socket.write_some(asio::buffer(text), ignored);
@@ -127,18 +132,38 @@ void Transport::Refuse(TcpSocket& socket, const ClientAddress& address, const st
 void Transport::WaitToRead(Connection& connection) {
     connection.reading = true;
     connection.socket.async_wait(TcpSocket::wait_read, [this, &connection](const asio::error_code&) {
-        connection.reading = false;
-        if (connection.closed)
-            FreeWhenIdle(connection);
-        else
-            Read(connection);
+        ReadInTurn(connection);
         AfterEvent();
     });
 }
 
-void Transport::Read(Connection& connection) {
+// Players are read from at once. Who is no user yet, or has sent something that was dropped, waits for a
+// slice of time; until then its connection counts as one with a pending wait.
+void Transport::ReadInTurn(Connection& connection) {
+    if (connection.session.IsUseful() || connection.closed) {
+        Read(connection, scratch_.size());
+        return;
+    }
+    late_.push_back(&connection);
+    if (late_.size() == 1)
+        chores_.Add([this] { return ReadNextLate(); });
+}
+
+bool Transport::ReadNextLate() {
+    Connection& next = *late_.front();
+    late_.pop_front();
+    Read(next, kLateRead);
+    return !late_.empty();
+}
+
+void Transport::Read(Connection& connection, std::size_t most) {
+    connection.reading = false;
+    if (connection.closed) {
+        FreeWhenIdle(connection);
+        return;
+    }
     asio::error_code error;
-    const std::size_t size = connection.socket.read_some(asio::buffer(scratch_), error);
+    const std::size_t size = connection.socket.read_some(asio::buffer(scratch_, most), error);
     if (error && error != asio::error::would_block) {
         Drop(connection, error == asio::error::eof ? "it closed the connection" : error.message());
         return;
@@ -226,10 +251,8 @@ void Transport::FreeWhenIdle(Connection& connection) {
     connections_.pop_back();
 }
 
-// Runs after every event. What the event caused is sent at once, except announcements, which are gathered
-// until the events that arrived together with it have been served as well.
+// Runs after every event. What the event caused is sent at once, except announcements.
 void Transport::AfterEvent() {
-    ++eventsServed_;
     ServeDue();
     RelieveMemory();
     closedConnections_.clear();
@@ -237,11 +260,8 @@ void Transport::AfterEvent() {
     SetTimer();
     if (stopping_ && connections_.empty())
         io_.stop();
-    if (!lobby_.Out().HasAnnouncements() || announcing_)
-        return;
-    announcing_ = true;
-    announcementTime_ = Clock::now();
-    GatherAnnouncements();
+    if (lobby_.Out().HasAnnouncements() && !announcing_)
+        BeginAnnouncing();
 }
 
 // Drops the clients that keep the most in memory, until what all keep is below the limit. The same happens
@@ -291,22 +311,6 @@ void Transport::TrimMemoryLater() {
     });
 }
 
-// While more events arrive, announcements wait for as long as sending them took the last time. So a crowd
-// that connects at once is announced in a few rounds, and a single line without delay.
-void Transport::GatherAnnouncements() {
-    asio::post(io_, [this, before = eventsServed_] {
-        if (eventsServed_ != before && Clock::now() < announcementTime_ + lastSending_) {
-            GatherAnnouncements();
-            return;
-        }
-        announcing_ = false;
-        const Time start = Clock::now();
-        SendAnnouncements();
-        lastSending_ = Clock::now() - start;
-        AfterEvent();
-    });
-}
-
 void Transport::ServeDue() {
     for (auto due = lobby_.TakeDue(); !due.empty(); due = lobby_.TakeDue()) {
         for (Session* session : due) {
@@ -327,14 +331,31 @@ void Transport::ServeDue() {
     }
 }
 
-void Transport::SendAnnouncements() {
-    std::vector<Connection*> lost;
-    for (Session* user : lobby_.Users())
-        if (!Flush(*user->connection))
-            lost.push_back(user->connection);
-    lobby_.Out().EndTurn();
-    for (Connection* connection : lost)
-        DropUnsent(*connection);
+void Transport::BeginAnnouncing() {
+    if (!announcing_)
+        chores_.Add([this] { return AnnounceToNext(); });
+    announcing_ = true;
+    announcementsEnd_ = lobby_.Out().AnnouncementsEnd();
+    unannounced_ = lobby_.Users().size();
+}
+
+// Sends one user the announcements, from the last user of the list to the first. Users who leave give their
+// place to the last one, and those who come take a place at the end, so that nobody is passed over. What is
+// announced meanwhile is sent along, and to those before it in the next round.
+bool Transport::AnnounceToNext() {
+    unannounced_ = std::min(unannounced_, lobby_.Users().size());
+    if (unannounced_ > 0) {
+        Connection& connection = *lobby_.Users()[--unannounced_]->connection;
+        if (!Flush(connection))
+            DropUnsent(connection);
+        return true;
+    }
+    lobby_.Out().ForgetAnnouncements(announcementsEnd_);
+    if (lobby_.Out().HasAnnouncements())
+        BeginAnnouncing();
+    else
+        announcing_ = false;
+    return announcing_;
 }
 
 void Transport::SetTimer() {

@@ -3,13 +3,16 @@
 #pragma once
 
 #include "platform/memory.h"
+#include "server/Chores.h"
 #include "server/Connection.h"
 #include "server/Listener.h"
 #include "server/Lobby.h"
 #include "server/ProxyGate.h"
+#include "server/RefusalLog.h"
 #include "server/asio.h"
 
 #include <array>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,13 +43,14 @@ public:
 private:
     void Arrive(TcpSocket socket, const ClientAddress& address) override;
     void ArriveWithoutRoom(TcpSocket& socket, const ClientAddress& address) override;
-    void EndArrivals() override { AfterEvent(); }
     void ApplyProxyRules();
     void Admit(TcpSocket socket, const ClientAddress& address, std::string_view received);
     void Refuse(TcpSocket& socket, const ClientAddress& address, const std::string& sentence);
 
     void WaitToRead(Connection& connection);
-    void Read(Connection& connection);
+    void ReadInTurn(Connection& connection);
+    bool ReadNextLate();
+    void Read(Connection& connection, std::size_t most);
     void WaitToWrite(Connection& connection);
     bool Flush(Connection& connection);
     void FinishOrDrop(Connection& connection, bool sent);
@@ -55,9 +59,9 @@ private:
     void FreeWhenIdle(Connection& connection);
 
     void AfterEvent();
-    void GatherAnnouncements();
     void ServeDue();
-    void SendAnnouncements();
+    void BeginAnnouncing();
+    bool AnnounceToNext();
     void SetTimer();
     void RelieveMemory();
     bool DropSlowest();
@@ -66,6 +70,8 @@ private:
     asio::io_context& io_;
     ListenOptions listen_;
     Lobby& lobby_;
+    RefusalLog refusals_;
+    Chores chores_;
     Listener listener_;
     ProxyGate proxyGate_;
     asio::steady_timer timer_;
@@ -78,10 +84,10 @@ private:
     std::vector<std::unique_ptr<Connection>> closedConnections_; // freed after the event that closed them
     std::optional<Time> timerTime_;
     std::array<char, std::size_t{64} << 10> scratch_{};
-    bool announcing_ = false;       // SendAnnouncements has been posted
-    Time announcementTime_{};       // when it was posted first
-    Clock::duration lastSending_{}; // how long the last SendAnnouncements took
-    std::uint64_t eventsServed_ = 0;
+    std::deque<Connection*> late_;       // which can be read from, and are when there is time
+    bool announcing_ = false;            // AnnounceToNext is a chore
+    std::uint64_t announcementsEnd_ = 0; // up to which everybody is sent the announcements this time
+    std::size_t unannounced_ = 0;        // the users before this index have not been looked at for it
     bool stopping_ = false;
 };
 

@@ -5,9 +5,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <stdexcept>
 
 #include <arpa/inet.h>
+#include <linux/errqueue.h>
+#include <linux/net_tstamp.h>
 #include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -115,9 +118,36 @@ void Crowd::ServeUntil(const std::function<bool()>& done, const Hear& hear) {
     }
 }
 
-void Crowd::Serve(int milliseconds, const Hear& hear) {
-    std::array<epoll_event, 1024> events{};
-    const int count = epoll_wait(epoll_, events.data(), static_cast<int>(events.size()), milliseconds);
+void Crowd::StampArrivals() {
+    const int stamps = SOF_TIMESTAMPING_RX_SOFTWARE | SOF_TIMESTAMPING_SOFTWARE;
+    for (const Member& member : members_)
+        if (setsockopt(member.socket, SOL_SOCKET, SO_TIMESTAMPING, &stamps, sizeof stamps) != 0)
+            throw std::runtime_error("the system does not note when bytes arrive");
+}
+
+ssize_t Crowd::Receive(int socket) {
+    std::array<char, 256> control{};
+    iovec bytes{buffer_.data(), buffer_.size()};
+    msghdr message{};
+    message.msg_iov = &bytes;
+    message.msg_iovlen = 1;
+    message.msg_control = control.data();
+    message.msg_controllen = control.size();
+    const ssize_t size = recvmsg(socket, &message, MSG_DONTWAIT);
+    for (cmsghdr* part = CMSG_FIRSTHDR(&message); part != nullptr; part = CMSG_NXTHDR(&message, part)) {
+        if (part->cmsg_level != SOL_SOCKET || part->cmsg_type != SCM_TIMESTAMPING)
+            continue;
+        timespec time{};
+        std::memcpy(&time, CMSG_DATA(part), sizeof time);
+        arrival_ = static_cast<std::uint64_t>(time.tv_sec) * 1'000'000 +
+                   static_cast<std::uint64_t>(time.tv_nsec) / 1000;
+    }
+    return size;
+}
+
+void Crowd::Serve(int milliseconds, const Hear& hear, std::size_t most) {
+    std::array<epoll_event, kMostEvents> events{};
+    const int count = epoll_wait(epoll_, events.data(), static_cast<int>(most), milliseconds);
     for (int i = 0; i < count; ++i) {
         const epoll_event& event = events.at(static_cast<std::size_t>(i));
         if ((event.events & EPOLLOUT) != 0)
@@ -129,7 +159,7 @@ void Crowd::Serve(int milliseconds, const Hear& hear) {
 
 void Crowd::Read(std::size_t member, const Hear& hear) {
     Member& m = members_[member];
-    const ssize_t size = recv(m.socket, buffer_.data(), buffer_.size(), MSG_DONTWAIT);
+    const ssize_t size = Receive(m.socket);
     if (size <= 0)
         throw std::runtime_error("the server has closed a connection");
     std::string_view bytes(buffer_.data(), static_cast<std::size_t>(size));

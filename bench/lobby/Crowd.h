@@ -44,9 +44,15 @@ public:
 
     // Waits once for data. hear(member, bytes) gets what was received, behind the incomplete rest of what was
     // received before, and returns how many of the bytes it has used.
+    // most: of members to hear, so that a burst for all does not keep the caller from sending.
     using Hear = std::function<std::size_t(std::size_t, std::string_view)>;
-    void Serve(int milliseconds, const Hear& hear);
+    void Serve(int milliseconds, const Hear& hear, std::size_t most = kMostEvents);
     void Send(std::size_t member, std::string_view bytes);
+
+    // Lets the system note when bytes arrive. Arrival then tells when those that are heard did, in
+    // microseconds of the system's clock, however long the crowd took to read them.
+    void StampArrivals();
+    std::uint64_t Arrival() const { return arrival_; }
 
     // Appends the member's next move, which carries the time.
     void AppendMove(std::string& text, std::size_t member, std::uint64_t time);
@@ -57,6 +63,9 @@ public:
     std::uint64_t Faults() const { return faults_; }
 
 private:
+    static constexpr std::size_t kMostEvents = 1024;
+
+    ssize_t Receive(int socket);
     void ServeUntil(const std::function<bool()>& done, const Hear& hear);
     void Read(std::size_t member, const Hear& hear);
     void Retry(Member& member) const;
@@ -65,6 +74,7 @@ private:
     int epoll_;
     std::vector<Member> members_;
     std::vector<char> buffer_;
+    std::uint64_t arrival_ = 0;
     std::uint64_t faults_ = 0;
 };
 

@@ -91,7 +91,7 @@ void TestLobby::Deliver() {
             lobby.Out().Sent(box, size);
         }
     }
-    lobby.Out().EndTurn();
+    lobby.Out().ForgetAnnouncements(lobby.Out().AnnouncementsEnd());
     lobby.TakeDue();
 }
 

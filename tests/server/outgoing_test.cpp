@@ -17,6 +17,11 @@ std::string Take(Outgoing& out, Outbox& box, std::size_t most = std::string::npo
     return sent;
 }
 
+// As at the end of a round in which everybody was sent the announcements.
+void ForgetAll(Outgoing& out) {
+    out.ForgetAnnouncements(out.AnnouncementsEnd());
+}
+
 TEST(Outgoing, MessagesToOneAndToAllComeInOrder) {
     Outgoing out;
     Outbox a;
@@ -36,20 +41,20 @@ TEST(Outgoing, MessagesToOneAndToAllComeInOrder) {
     EXPECT_EQ(out.Unsent(a), 0U);
 }
 
-TEST(Outgoing, WhatCouldNotBeSentOutlivesTheTurn) {
+TEST(Outgoing, WhatCouldNotBeSentOutlivesTheRound) {
     Outgoing out;
     Outbox box;
     out.StartListening(box);
     out.ToOne(box, {"abc"});
     out.ToAll({"def"});
     EXPECT_EQ(Take(out, box, 2), "ab");
-    out.EndTurn();
+    ForgetAll(out);
     for (int i = 0; i < 100; ++i) {
         out.ToAll({std::string(1000, 'x')});
         Outbox other;
         out.ToOne(other, {std::string(1000, 'y')});
         out.QueueAnnouncements(box);
-        out.EndTurn();
+        ForgetAll(out);
     }
     EXPECT_EQ(Take(out, box), "cdef" + std::string(100000, 'x'));
 }
@@ -73,7 +78,7 @@ TEST(Outgoing, WritesOfEverySizeKeepTheBytes) {
                 out.Hold(box);
             out.QueueAnnouncements(box);
             if (i % 5 == 0)
-                out.EndTurn();
+                ForgetAll(out);
         }
         while (out.Unsent(box) > 0)
             sent += Take(out, box, most);
@@ -91,6 +96,29 @@ TEST(Outgoing, ASkippedAnnouncementIsNotSent) {
     out.SkipAnnouncement(box);
     out.ToAll({"3"});
     EXPECT_EQ(Take(out, box), "13");
+}
+
+// One user has been sent the first round, the other one is still to come when the second one is announced.
+TEST(Outgoing, AnnouncementsOfTwoRoundsComeOnceAndInOrder) {
+    Outgoing out;
+    Outbox early;
+    Outbox late;
+    out.StartListening(early);
+    out.StartListening(late);
+    out.ToAll({"1"});
+    const std::uint64_t first = out.AnnouncementsEnd();
+    EXPECT_EQ(Take(out, early), "1");
+    out.ToAll({"2"});
+    out.ToOne(late, {"x"});
+    EXPECT_EQ(Take(out, late), "12x");
+    out.ForgetAnnouncements(first);
+    EXPECT_TRUE(out.HasAnnouncements());
+    out.ToAll({"3"});
+    EXPECT_EQ(Take(out, late), "3");
+    EXPECT_EQ(Take(out, early), "23");
+    ForgetAll(out);
+    EXPECT_FALSE(out.HasAnnouncements());
+    EXPECT_EQ(out.Unsent(early) + out.Unsent(late), 0U);
 }
 
 TEST(Outgoing, TextsThatFollowEachOtherAreOnePart) {
@@ -128,14 +156,14 @@ TEST(Outgoing, ASlowBoxHoldsLittleMoreThanItsUnsentBytes) {
         out.ToOne(slow, {"letter"});
         out.ToAll({"news"});
         out.QueueAnnouncements(slow);
-        out.EndTurn();
+        ForgetAll(out);
         out.Hold(slow);
         expected += "letternews";
         Outbox other;
         out.ToOne(other, {std::string(20000, 'x')});
         out.ToAll({std::string(20000, 'y')});
         out.SkipAnnouncement(slow);
-        out.EndTurn();
+        ForgetAll(out);
     }
     constexpr std::size_t kBlocksOfTheWriters = std::size_t{3} * 65536;
     EXPECT_EQ(slow.unsent, expected.size());
@@ -160,7 +188,7 @@ TEST(Outgoing, LargeSlicesOfASlowBoxAreSharedAndCountInFull) {
         out.ToAll({std::string(60000, 'x')});
     out.Hold(a);
     out.Hold(b);
-    out.EndTurn();
+    ForgetAll(out);
     EXPECT_LT(out.BytesHeld(), 102U * 65536U);
     EXPECT_GE(out.HeldBy(a), 100U * 65536U);
     Outgoing::Discard(a);
