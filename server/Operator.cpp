@@ -54,12 +54,12 @@ Operator::Answer Failure(const std::string& text) {
 Operator::Operator(Lobby& lobby, std::string bansFile, Log log)
     : lobby_(lobby), bansFile_(std::move(bansFile)), log_(std::move(log)) {
     if (!bansFile_.empty())
-        lobby_.Decisions().Set(ReadBansFile(bansFile_));
+        lobby_.Decisions().Set(OpenBansFile(bansFile_));
 }
 
 void Operator::Reload(const std::string& bansFile, Time now) {
     if (!bansFile.empty())
-        lobby_.Decisions().Set(ReadBansFile(bansFile));
+        lobby_.Decisions().Set(OpenBansFile(bansFile));
     bansFile_ = bansFile;
     lobby_.SetNow(now);
     PutOutBanned();

@@ -80,6 +80,10 @@ std::string TextOf(const std::vector<Sanction>& sanctions) {
 
 } // namespace
 
+void WriteBansFile(const std::string& path, const std::vector<Sanction>& sanctions) {
+    platform::WriteFileAtomically(path, TextOf(sanctions));
+}
+
 std::vector<Sanction> ReadBansFile(const std::string& path) {
     std::vector<Sanction> sanctions;
     if (!platform::FileExists(path))
@@ -101,8 +105,10 @@ std::vector<Sanction> ReadBansFile(const std::string& path) {
     return sanctions;
 }
 
-void WriteBansFile(const std::string& path, const std::vector<Sanction>& sanctions) {
-    platform::WriteFileAtomically(path, TextOf(sanctions));
+std::vector<Sanction> OpenBansFile(const std::string& path) {
+    if (!platform::FileExists(path))
+        WriteBansFile(path, {});
+    return ReadBansFile(path);
 }
 
 } // namespace tarveth

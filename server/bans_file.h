@@ -15,6 +15,9 @@ namespace tarveth {
 // Reads the file; one that is missing has no bans. Throws platform::FileError, with the line that is at
 // fault.
 std::vector<Sanction> ReadBansFile(const std::string& path);
+// Does the same, and begins the file where there is none, so that a path that cannot be written is noticed
+// before the first ban.
+std::vector<Sanction> OpenBansFile(const std::string& path);
 // Replaces the file. Throws platform::FileError.
 void WriteBansFile(const std::string& path, const std::vector<Sanction>& sanctions);
 

@@ -20,7 +20,10 @@ namespace {
 
 constexpr double kPeriod = 10; // the seconds for which the limits of chat, messages and renames are given
 constexpr double kMinute = 60; // and those of arrivals and invitations
-constexpr double kBytesAtOnce = 64;    // the seconds whose useless bytes a client may send at once
+constexpr double kBytesAtOnce = 64; // the seconds whose useless bytes a client may send at once
+
+// Below this, a message of full length that comes in pieces would be more than may be sent at once.
+constexpr double kLeastUselessBytes = static_cast<double>(kLongestMessage + 1) / kBytesAtOnce;
 constexpr double kOffencePeriod = 100; // the seconds after which all offences are forgiven
 constexpr double kMost = 1e9;
 constexpr double kLeastUnsent = 65536;
@@ -164,7 +167,7 @@ private:
         Add("--useless-bytes", given_.uselessBytes,
             "Bytes of dropped messages and lines in a second, beyond which a client is read more slowly; 0 "
             "for no limit")
-            ->check(LimitFrom(1));
+            ->check(LimitFrom(kLeastUselessBytes));
         Add("--offences", given_.offences,
             "Dropped messages and lines after which a client is put out; 0 for no limit")
             ->check(LimitFrom(1));

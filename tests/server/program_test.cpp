@@ -188,7 +188,7 @@ TEST(LobbyProgram, RefusesACommandLineThatItCanNotFollow) {
          {"--no-such-option", "--bind=nowhere", "--port=70000", "--oldest-client=new", "--handshake=0",
           "--messages=0.5", "--messages=2", "--chat-lines=nan", "--max-clients=-1", "--max-clients=0",
           "--chat-burst=0", "--memory=1000", "--unsent-bytes=0", "--chat-lines=inf", "--config=/nonexistent",
-          "--message-of-the-day-file=/nonexistent"}) {
+          "--useless-bytes=100", "--message-of-the-day-file=/nonexistent", "--bans=/nonexistent/bans"}) {
         EXPECT_THROW(LobbyProgram({option}), std::runtime_error) << option;
     }
 }
