@@ -42,7 +42,7 @@ public:
                 fault = OutputFault(*clients_.at(i));
             for (const auto& ghost : ghosts_) // which takes nothing
                 lobby_.Out().QueueAnnouncements(ghost->session.box);
-            lobby_.Out().EndTurn();
+            lobby_.Out().ForgetAnnouncements(lobby_.Out().AnnouncementsEnd());
             lobby_.TakeDue();
         }
         return fault;
@@ -71,13 +71,14 @@ private:
     }
 
     // The first two clients share an address. Where it has connected too often, time passes until it may
-    // again.
+    // again; where it is banned, the bans are lifted.
     void Replace(std::size_t i) {
         const ClientAddress address{{0x20, 1, 0xD, 0xB8, 0, 0, 0, static_cast<std::uint8_t>(i / 2)}};
         for (;;) {
             clients_.at(i) = std::make_unique<Client>(address, lobby_.Bounds());
             if (!lobby_.Enter(clients_.at(i)->session, now_))
                 return;
+            lobby_.Decisions().Set({});
             now_ += std::chrono::seconds(6);
             lobby_.RunTimers(now_);
         }
@@ -89,6 +90,8 @@ private:
         const unsigned what = (act >> 2U) & 3U;
         const bool other = (act & 16U) != 0;
         Session& session = clients_.at(who)->session;
+        othersBefore_ = Names();
+        othersBefore_.erase(NicknameSkeleton(session.nick));
         if (what == 0 && other) {
             Vanish(who);
         } else if (what == 0) {
@@ -138,14 +141,19 @@ private:
     void Operate(const std::string& nick) {
         static constexpr std::array<const char*, 4> kActs = {"kick", "mute", "unmute", "ban"};
         const std::string act = kActs.at(NextByte() % kActs.size());
-        // A ban by address would keep the clients out for good, so it is of a nickname that nobody has now.
-        const std::string whom = act == "ban" ? nick + "x" : nick;
         if (act == "kick")
-            operator_.Do({act, whom, "reason)"}, now_);
+            operator_.Do({act, nick, "reason)"}, now_);
         else if (act == "unmute")
-            operator_.Do({act, whom}, now_);
+            operator_.Do({act, nick}, now_);
         else
-            operator_.Do({act, whom, "", "reason"}, now_);
+            operator_.Do({act, nick, "", "reason"}, now_);
+    }
+
+    std::set<std::string> Names() const {
+        std::set<std::string> names;
+        for (const Session* user : lobby_.Users())
+            names.insert(NicknameSkeleton(user->nick));
+        return names;
     }
 
     static bool Holds(const std::vector<Invitation>& list, const Session* session) {
@@ -205,11 +213,21 @@ private:
         return std::ranges::find(kNames, name) != kNames.end();
     }
 
+    // Whether the text begins with a name and a colon, as lines do, and the name looks like that of somebody
+    // else than the speaker who was there before the line was said and still is.
+    bool LooksSigned(std::string_view text) const {
+        const std::size_t colon = text.find(':');
+        if (colon == 0 || colon > kLongestNickname || text[colon - 1] == ' ')
+            return false;
+        const std::string name = NicknameSkeleton(text.substr(0, colon));
+        return othersBefore_.contains(name) && Names().contains(name);
+    }
+
     // However TCP cuts a line, its rest must not look like a line of somebody else.
     std::string CutFault(std::string_view line) const {
         for (std::size_t cut = 1; cut < line.size(); ++cut) {
             const std::string_view rest = line.substr(cut);
-            if (LooksLikeConfirmation(rest) || lobby_.FindUser(rest.substr(0, rest.find(':'))) != nullptr)
+            if (LooksLikeConfirmation(rest) || LooksSigned(rest))
                 return "the rest of a cut line looks like another line: " + std::string(rest);
         }
         return {};
@@ -241,6 +259,7 @@ private:
     Operator operator_{lobby_, "", [](const std::string&) {}};
     std::array<std::unique_ptr<Client>, 4> clients_;
     std::vector<std::unique_ptr<Client>> ghosts_;
+    std::set<std::string> othersBefore_; // of all but who acts, before the last act, as skeletons
     std::uint64_t acknowledged_ = 0;
 };
 
