@@ -1,9 +1,14 @@
-// The game's record: one line of text for each move, capture and return.
+// The game's record: one line of text for each move, capture and return. The reader accepts exactly what the
+// writer writes about pieces on the board.
 #pragma once
 
 #include "engine/rules/modPieces.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <variant>
 
 namespace tarveth {
 
@@ -21,5 +26,39 @@ std::string CaptureText(const Game& game, int index);
 void HistoryAddMove(Game& game, int index);
 void HistoryAddCapture(Game& game, int mover, int captured);
 void HistoryAddReturn(Game& game, Square square);
+
+// A piece as the record names it.
+struct NamedPiece {
+    Side side = NoSide;
+    PieceKind kind{};
+    friend bool operator==(const NamedPiece&, const NamedPiece&) = default;
+};
+
+// "B:RP 5C-4D cBO": Blue moves a Pawn of Red's, which takes an Officer of Blue's.
+struct MoveLine {
+    Side turn = NoSide; // who moves
+    NamedPiece piece;
+    Square from, to;
+    std::optional<NamedPiece> captured;
+    friend bool operator==(const MoveLine&, const MoveLine&) = default;
+};
+
+// "  BP r2G": an Officer or a Pawn comes back.
+struct ReturnLine {
+    NamedPiece piece;
+    Square to;
+    friend bool operator==(const ReturnLine&, const ReturnLine&) = default;
+};
+
+// Why a line is none of the record.
+struct NotationFault {
+    std::size_t place = 0; // of the first wrong character, from 1; one past the end of a line cut short
+    std::string_view reason = {}; // what should be there, as in "a side, B or R"
+    friend bool operator==(const NotationFault&, const NotationFault&) = default;
+};
+
+using HistoryLine = std::variant<MoveLine, ReturnLine, NotationFault>;
+
+HistoryLine ReadHistoryLine(std::string_view line);
 
 } // namespace tarveth
