@@ -70,8 +70,8 @@ void GameKeeper::TurnEnded() {
         return;
     NoteOpponent();
     FileReplaced();
-    last_ = Snapshot();
-    Write(*last_);
+    last_ = std::make_shared<const KeptGame>(Snapshot());
+    Write(last_);
     WriteTranscript();
     ShowBar();
 }
@@ -107,11 +107,11 @@ void GameKeeper::NoteOpponent() {
 }
 
 void GameKeeper::GameGivesWay() {
-    if (std::optional<KeptGame> settled = Settled()) {
+    if (const std::shared_ptr<const KeptGame> settled = Settled()) {
         FileReplaced();
-        WriteIfNew(*settled);
+        WriteIfNew(settled);
         WriteTranscript();
-        replaced_ = Kept{std::move(*settled), std::exchange(file_, std::nullopt)};
+        replaced_ = Kept{*settled, std::exchange(file_, std::nullopt)};
     }
     last_.reset();
     moved_ = false;
@@ -127,9 +127,9 @@ KeptGame GameKeeper::Snapshot() const {
 
 // The game as it can be gone on with; nothing when no move has been made. In the middle of a turn that needs
 // its player, it is as it was before that turn.
-std::optional<KeptGame> GameKeeper::Settled() const {
+std::shared_ptr<const KeptGame> GameKeeper::Settled() const {
     if (!moved_ || !parts_.settings.KeepsGameAside())
-        return std::nullopt;
+        return nullptr;
     if (parts_.game.Animating || AwaitsReturn(parts_.game))
         return last_;
     KeptGame settled = Snapshot();
@@ -137,7 +137,7 @@ std::optional<KeptGame> GameKeeper::Settled() const {
         settled.game.Turn = parts_.game.Turn == Blue ? Red : Blue;
     if (last_)
         settled.moment = last_->moment;
-    return settled;
+    return std::make_shared<const KeptGame>(std::move(settled));
 }
 
 // False when the folder takes no file; that is told, and tried again after the next turn.
@@ -154,16 +154,16 @@ bool GameKeeper::HasFile() {
 }
 
 // Turns that come faster than the disk wait for it, so that no kill ever costs more than the last one.
-void GameKeeper::Write(const KeptGame& kept) {
+void GameKeeper::Write(std::shared_ptr<const KeptGame> kept) {
     if (!HasFile())
         return;
     writer_->WaitForAll();
-    writer_->Submit([kept, file = *file_] { WriteKeptGame(kept, file.path); });
+    writer_->Submit([kept = std::move(kept), file = *file_] { WriteKeptGame(*kept, file.path); });
 }
 
-void GameKeeper::WriteIfNew(const KeptGame& kept) {
-    if (kept != last_)
-        Write(kept);
+void GameKeeper::WriteIfNew(std::shared_ptr<const KeptGame> kept) {
+    if (last_ == nullptr || *kept != *last_)
+        Write(std::move(kept));
 }
 
 // What was said in the network window, beside the game that was played there.
@@ -236,7 +236,7 @@ void GameKeeper::TakeUp(Kept kept) {
     opponent_ = kept.kept.opponent;
     side_ = kept.kept.side;
     moved_ = true;
-    last_ = std::move(kept.kept);
+    last_ = std::make_shared<const KeptGame>(std::move(kept.kept));
     file_ = std::move(kept.file);
 }
 
@@ -275,8 +275,8 @@ void GameKeeper::ShowBar() {
 }
 
 void GameKeeper::Close() {
-    if (const std::optional<KeptGame> settled = Settled())
-        WriteIfNew(*settled);
+    if (std::shared_ptr<const KeptGame> settled = Settled())
+        WriteIfNew(std::move(settled));
     WriteTranscript();
     alive_.reset();
     writer_.reset();

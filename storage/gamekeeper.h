@@ -65,11 +65,11 @@ private:
     };
 
     KeptGame Snapshot() const;
-    std::optional<KeptGame> Settled() const;
-    void WriteIfNew(const KeptGame& kept);
+    std::shared_ptr<const KeptGame> Settled() const;
+    void WriteIfNew(std::shared_ptr<const KeptGame> kept);
     void NoteOpponent();
     bool HasFile();
-    void Write(const KeptGame& kept);
+    void Write(std::shared_ptr<const KeptGame> kept);
     void WriteTranscript();
     void Remove(std::optional<KeptFile> file);
     void FileInLibrary(const KeptGame& kept, bool finished, std::optional<KeptFile> file);
@@ -82,8 +82,10 @@ private:
     void ShowBar();
 
     GameKeeperParts parts_;
-    bool moved_ = false;           // a move has been made in the game on the board
-    std::optional<KeptGame> last_; // the game on the board as it was written last
+    bool moved_ = false; // a move has been made in the game on the board
+    // The game on the board as it was written last, shared with the thread that writes it: a long history
+    // takes time to copy.
+    std::shared_ptr<const KeptGame> last_;
     std::optional<KeptFile> file_; // where
     std::string opponent_;         // of the game on the board
     std::int16_t side_ = NoSide;
