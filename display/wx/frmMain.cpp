@@ -83,7 +83,9 @@ void frmMain::Connect(const MainWindowParts& parts) {
     CallAfter([this] {  // what is not needed before the window is shown
         NameControls(); // for screen readers
         ShowRecentGames();
-        surface->SetDropTarget(new GameDrop([this](const std::string& path) { OpenGame(path); }));
+        // Afterwards, since whoever drags waits for the end of the drop, and opening may show a message box.
+        surface->SetDropTarget(
+            new GameDrop([this](const std::string& path) { CallAfter([this, path] { OpenGame(path); }); }));
     });
 }
 
