@@ -1,5 +1,6 @@
 #include "app/Program.h"
 
+#include "display/wx/PngBytes.h"
 #include "engine/asked.h"
 #include "engine/wx/frmReturn.h"
 #include "platform/file_error.h"
@@ -100,6 +101,10 @@ std::map<int, std::function<void()>> Program::Commands() {
         {mnuGameLevel, [this] { ChangeLevel(); }},
         {mnuGameDraw, [this] { CallDraw(); }},
         {mnuGameStop, [this] { computer_.StopPlaying(); }},
+        {mnuGameCopyPosition, [this] { clipboard_.CopyPosition(); }},
+        {mnuGameCopyGame, [this] { clipboard_.CopyGame(); }},
+        {mnuGamePaste, [this] { clipboard_.PastePosition(); }},
+        {mnuGameSavePicture, [this] { files_.SavePicture(PngBytes(board_.picDisplay.Pixels)); }},
         {mnuHelpHelp, [this] { help_.Show(); }},
         {mnuOptionsShowZOC, [this] { zones_.ShowPieceZone(game_.CurPiece); }},
         {mnuOptionsShowZOCAll, [this] { zones_.ShowAllZones(); }},

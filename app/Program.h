@@ -1,6 +1,7 @@
 // All objects of the running program, in the order in which they depend on each other, joined to the windows.
 #pragma once
 
+#include "app/GameClipboard.h"
 #include "app/Speaker.h"
 #include "display/boardmouse.h"
 #include "display/piecepictures.h"
@@ -92,6 +93,7 @@ private:
     Help help_{window_, {writableFolder_, programFolder_}};
     GameFileDialogs fileDialogs_;
     GameFiles files_;
+    GameClipboard clipboard_{game_, net_, files_, *window_};
     RecentGames recent_;
     GameKeeper keeper_;
 };

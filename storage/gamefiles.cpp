@@ -1,5 +1,6 @@
 #include "storage/gamefiles.h"
 
+#include "platform/atomic_file.h"
 #include "platform/file_error.h"
 #include "platform/file_exists.h"
 #include "platform/program_folder.h"
@@ -18,14 +19,26 @@ namespace tarveth {
 namespace {
 
 constexpr std::string_view kExtension = ".tsg";
+constexpr std::string_view kPictureExtension = ".png";
 constexpr char kFilter[] =
     "Tarveth Games (*.TSG)|*.TSG|All Files,*.*|*.*"; // the comma in the second label is meant
 
 constexpr std::string_view kNotSaved = "The game is not saved.";
 
-std::string WithExtension(const std::string& name) {
-    const std::size_t start = name.size() - std::min(name.size(), kExtension.size());
-    return FoldAscii(name.substr(start)) == kExtension ? name : name + std::string(kExtension);
+bool HasExtension(const std::string& name, std::string_view extension) {
+    const std::size_t start = name.size() - std::min(name.size(), extension.size());
+    return FoldAscii(name.substr(start)) == extension;
+}
+
+std::string WithExtension(const std::string& name, std::string_view extension) {
+    return HasExtension(name, extension) ? name : name + std::string(extension);
+}
+
+// The name of a game, for a picture of it.
+std::string PictureName(std::string name) {
+    if (HasExtension(name, kExtension))
+        name.resize(name.size() - kExtension.size());
+    return name + std::string(kPictureExtension);
 }
 
 // Whether a dialog may begin in the folder.
@@ -36,6 +49,9 @@ bool Suits(const std::filesystem::path& folder, FileQuestion::Purpose purpose) {
 }
 
 } // namespace
+
+const GameFiles::FileKind GameFiles::kGame{kExtension, kFilter};
+const GameFiles::FileKind GameFiles::kPicture{kPictureExtension, "Pictures (*.png)|*.png|All Files|*.*"};
 
 std::pair<std::string, std::string> DialogStart(const FileQuestion& question) {
     const std::filesystem::path proposed = platform::PathFromText(question.name);
@@ -72,7 +88,7 @@ void GameFiles::SaveGame() {
 
 void GameFiles::SaveGameAs() {
     main_.FinishTurn();
-    const std::string name = AskSaveName(ProposedName());
+    const std::string name = AskNewName("Save Game As", ProposedName(), kGame);
     if (name.empty())
         return;
     Attempt(kNotSaved, [&] {
@@ -84,7 +100,7 @@ void GameFiles::SaveGameAs() {
 }
 
 void GameFiles::LoadGame() {
-    const std::string name = AskName(FileQuestion::Purpose::Open, "Load Game", record_.GameFileName);
+    const std::string name = AskName(FileQuestion::Purpose::Open, "Load Game", record_.GameFileName, kFilter);
     if (!name.empty())
         OpenFile(name);
 }
@@ -107,12 +123,18 @@ void GameFiles::TakeUp(Game game, const std::string& path) {
 }
 
 std::string GameFiles::SaveOther(const Game& game, const std::string& proposedName) {
-    std::string name = AskSaveName(proposedName);
+    std::string name = AskNewName("Save Game As", proposedName, kGame);
     const bool saved = !name.empty() && Attempt(kNotSaved, [&] {
         WriteGame(game, TitleOf(name), name);
         FileUsed(name);
     });
     return saved ? name : std::string();
+}
+
+void GameFiles::SavePicture(const std::string& bytes) {
+    const std::string name = AskNewName("Save Picture", PictureName(ProposedName()), kPicture);
+    if (!name.empty())
+        Attempt("The picture is not saved.", [&] { platform::WriteFileAtomically(name, bytes); });
 }
 
 // Gives the part of the path behind the program's folder for a file in that folder, else the whole path. Only
@@ -132,19 +154,21 @@ std::string GameFiles::ProposedName() {
 }
 
 // Asks for a file name; empty when the user cancels.
-std::string GameFiles::AskName(FileQuestion::Purpose purpose, std::string title, std::string name) {
+std::string GameFiles::AskName(FileQuestion::Purpose purpose, std::string title, std::string name,
+                               std::string filter) {
     const std::string folder = folder_.substr(0, folder_.size() - 1);
-    return Trim(
-        questions_.AskFile({purpose, std::move(title), folder, std::move(name), kFilter}).value_or(""));
+    return Trim(questions_.AskFile({purpose, std::move(title), folder, std::move(name), std::move(filter)})
+                    .value_or(""));
 }
 
-// Asks for the name to save under, with the ending of saved games; empty when the user cancels or leaves the
+// Asks for the name to save under, with the ending of such files; empty when the user cancels or leaves the
 // file of that name as it is.
-std::string GameFiles::AskSaveName(std::string proposal) {
-    std::string name = AskName(FileQuestion::Purpose::Save, "Save Game As", std::move(proposal));
+std::string GameFiles::AskNewName(std::string title, std::string proposal, const FileKind& kind) {
+    std::string name =
+        AskName(FileQuestion::Purpose::Save, std::move(title), std::move(proposal), kind.filter);
     if (name.empty())
         return name;
-    name = WithExtension(name);
+    name = WithExtension(name, kind.extension);
     if (platform::FileExists(name) &&
         questions_.AskYesNoCancel(name + "\nThis file already exists. Overwrite it?") != YesNoCancel::Yes)
         name.clear();

@@ -74,11 +74,22 @@ public:
     // when it is not saved, since the user has cancelled, or has been told why.
     std::string SaveOther(const Game& game, const std::string& proposedName);
 
+    // Asks for a file name and writes the bytes of a PNG file, a picture of the board.
+    void SavePicture(const std::string& bytes);
+
 private:
+    // What a file is saved as.
+    struct FileKind {
+        std::string_view extension;
+        const char* filter;
+    };
+    static const FileKind kGame, kPicture;
+
     std::string TitleOf(const std::string& path) const;
     std::string ProposedName();
-    std::string AskName(FileQuestion::Purpose purpose, std::string title, std::string name);
-    std::string AskSaveName(std::string proposal);
+    std::string AskName(FileQuestion::Purpose purpose, std::string title, std::string name,
+                        std::string filter);
+    std::string AskNewName(std::string title, std::string proposal, const FileKind& kind);
     void ShowTitle();
     bool Attempt(std::string_view failure, const std::function<void()>& work);
 

@@ -29,6 +29,11 @@ MainMenu CreateMainMenu() {
     mnuGame->Append(mnuGameLevel, "Change Le&vel...");
     mnuGame->Append(mnuGameDraw, "Call It a &Draw");
     mnuGame->Append(mnuGameStop, "&Stop the Computer");
+    mnuGame->AppendSeparator();
+    mnuGame->Append(mnuGameCopyPosition, "&Copy Position\tCtrl+C");
+    mnuGame->Append(mnuGameCopyGame, "Copy &Game\tCtrl+Shift+C");
+    mnuGame->Append(mnuGamePaste, "P&aste Position\tCtrl+V");
+    mnuGame->Append(mnuGameSavePicture, "Save Pict&ure...");
 
     auto* mnuView = new wxMenu;
     for (const ViewSwitch& view : kViewSwitches)

@@ -32,6 +32,11 @@ Game
   Change Level...
   Call It a Draw
   Stop the Computer
+  ----
+  Copy Position
+  Copy Game
+  Paste Position
+  Save Picture...
 View
   Legal Moves
   Last Move
