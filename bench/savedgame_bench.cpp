@@ -1,14 +1,19 @@
 // Measures saved games: writing and reading 2,000 history lines, compared with as many bytes in one piece,
 // and adding a line to a long history, compared with adding it to an empty one. The aims are ratios of at
-// most 3, 3 and 1.
+// most 3, 3 and 1. It also measures how long it takes to find the positions of such a game from its history,
+// beside what reading the file takes.
+#include "engine/rules/moves.h"
+#include "engine/rules/turns.h"
 #include "platform/atomic_file.h"
 #include "storage/modFileIO.h"
 #include "storage/notation.h"
+#include "storage/replay.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -29,6 +34,23 @@ Game LongGame(std::size_t lines) {
     game.Turn = tarveth::Blue;
     for (std::size_t i = 0; i < lines; ++i)
         game.lstHistory.emplace_back(i % 3 == 0 ? "R:RO 4C-4D cBP" : "B:BP 4E-4D");
+    return game;
+}
+
+// A game that was played: random moves that take nothing.
+Game PlayedGame(std::size_t lines) {
+    Game game = LongGame(0);
+    game.GameState = tarveth::kPickPiece;
+    std::mt19937 random(1); // NOLINT: the same game each time
+    while (game.lstHistory.size() < lines) {
+        std::vector<tarveth::CompleteTurn> turns = tarveth::ListTurns(game);
+        std::erase_if(turns, [](const tarveth::CompleteTurn& turn) { return turn.captured != 0; });
+        const tarveth::CompleteTurn& turn = turns.at(random() % turns.size());
+        tarveth::BeginMove(game, turn.piece);
+        tarveth::FinishMove(game, turn.piece, turn.to, 0);
+        tarveth::HistoryAddMove(game, turn.piece);
+        game.Turn = tarveth::Opponent(game.Turn);
+    }
     return game;
 }
 
@@ -90,6 +112,21 @@ void ReadLongGame(benchmark::State& state) {
         1001, read, [&] { benchmark::DoNotOptimize(tarveth::platform::ReadWholeFile(file.Path(), kLimit)); });
 }
 
+void ReadAndReplayLongGame(benchmark::State& state) {
+    const TemporaryFile file;
+    const Game game = PlayedGame(kHistoryLines);
+    tarveth::WriteGame(game, "title", file.Path());
+    const auto replay = [&] {
+        const tarveth::Replay found = tarveth::ReplayHistory(tarveth::ReadGame(file.Path()));
+        if (!found.positions.Knows(0))
+            state.SkipWithError("the game is not replayed");
+    };
+    while (state.KeepRunning())
+        replay();
+    state.counters["times_reading"] =
+        Ratio(101, replay, [&] { benchmark::DoNotOptimize(tarveth::ReadGame(file.Path())); });
+}
+
 // Adds lines to a history of this length. The growth of the vector is part of the time.
 double AddingTo(std::size_t length) {
     constexpr int kLines = 1000;
@@ -118,6 +155,7 @@ void AddHistoryLine(benchmark::State& state) {
 
 BENCHMARK(WriteLongGame)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReadLongGame)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ReadAndReplayLongGame)->Unit(benchmark::kMicrosecond);
 BENCHMARK(AddHistoryLine);
 
 } // namespace
