@@ -4,9 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <vector>
-
-#include <time.h>
 
 namespace {
 
