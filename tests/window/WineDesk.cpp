@@ -12,6 +12,8 @@ namespace tarveth::harness {
 namespace {
 
 constexpr int kSquares = 8; // in a row of the board
+constexpr int kMenuAttempts = 5;
+constexpr Milliseconds kMenuPatience{4'000};
 constexpr std::uint32_t kDark = 0x0A1464;
 constexpr std::uint32_t kLight = 0xE6F0A0;
 
@@ -111,8 +113,18 @@ bool WineDesk::Click(std::string_view square) {
 }
 
 void WineDesk::Choose(std::string_view menuKey, std::string_view itemKey) {
-    screen.Key("Alt+" + std::string(menuKey));
-    screen.Key(itemKey);
+    // Under Wine a window may have the keyboard a little later than the desktop says, and then the key is
+    // lost.
+    const Picture before = screen.Capture();
+    const auto menuIsOpen = [&] { return screen.Capture() != before; };
+    for (int attempt = 0; attempt < kMenuAttempts; ++attempt) {
+        screen.Key("Alt+" + std::string(menuKey));
+        if (WaitUntil(menuIsOpen, kMenuPatience)) {
+            screen.Key(itemKey);
+            return;
+        }
+    }
+    throw std::runtime_error("no menu opens: " + program.Output());
 }
 
 void WineDesk::KeepShot(const std::string& name) const {

@@ -91,7 +91,7 @@ TEST_F(WindowsProgram, PutsTheEndingInSmallLettersBehindAName) {
     const WineFolder folder;
     WineDesk desk(folder);
     desk.Choose("f", "a");
-    const Window dialog = desk.program.WaitForWindow("Save Game As");
+    const Window dialog = desk.program.WaitForWindow("Save Game As", kWinePatience);
     desk.KeepShot("windows-save-as");
     desk.screen.Key("Ctrl+A");
     desk.screen.Type("mygame");
